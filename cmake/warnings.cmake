@@ -1,0 +1,5 @@
+# Every target of this tree compiles without a warning, and without compiler extensions.
+add_library(vantoro_warnings INTERFACE)
+target_compile_options(
+  vantoro_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+)

@@ -1,0 +1,75 @@
+// Path helpers and special folders of the shell.
+#include <windows.h>
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <string>
+
+#include "simulator/api/call.h"
+
+using simulator::Call;
+using simulator::Files;
+
+namespace {
+
+// Makes the folder with all its parents where they are missing.
+DWORD MakeFolder(Files& files, const std::string& path) {
+  constexpr size_t kBehindRoot = 3;
+  for (size_t end = path.find('\\', kBehindRoot); end != std::string::npos;
+       end = path.find('\\', end + 1)) {
+    files.MakeDirectory(path.substr(0, end));  // what is really wrong shows below
+  }
+  const DWORD error = files.MakeDirectory(path);
+  return error == ERROR_ALREADY_EXISTS ? ERROR_SUCCESS : error;
+}
+
+}  // namespace
+
+BOOL WINAPI PathFileExistsA(LPCSTR path) {
+  Call call("PathFileExistsA", path);
+  if (call.fails()) return FALSE;
+  if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
+  DWORD attributes = 0;
+  return call.Done(call.server().files().Attributes(path, &attributes));
+}
+
+// Leaves the last error alone, as the shell does: FALSE only says that there was nothing to remove.
+BOOL WINAPI PathRemoveFileSpecA(LPSTR path) {
+  Call call("PathRemoveFileSpecA", static_cast<LPCSTR>(path));
+  if (call.fails() || path == nullptr) return FALSE;
+
+  // A root keeps its backslashes: "\", "\\" and "C:\".
+  char* start = path;
+  for (int i = 0; i < 2 && *start == '\\'; ++i) ++start;
+  char* cut = start;
+  for (char* next = start; *next != '\0'; ++next) {
+    if (*next == '\\') {
+      cut = next;
+    } else if (*next == ':') {
+      if (next[1] == '\\') ++next;
+      cut = next + 1;
+    }
+  }
+  if (*cut == '\0') return FALSE;
+  *cut = '\0';
+  return TRUE;
+}
+
+BOOL WINAPI SHGetSpecialFolderPathA(HWND owner, LPSTR path, int csidl, BOOL create) {
+  Call call("SHGetSpecialFolderPathA", owner, csidl, create);
+  if (call.fails()) return FALSE;
+  if (csidl != CSIDL_COMMON_STARTUP) simulator::Unsupported("this special folder");
+  if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
+  const std::string& folder = call.server().system().common_startup_directory;
+  if (folder.size() >= MAX_PATH) return call.Done(ERROR_FILENAME_EXCED_RANGE);
+
+  Files& files = call.server().files();
+  DWORD attributes = 0;
+  DWORD error = files.Attributes(folder, &attributes);
+  if (error != ERROR_SUCCESS && create) error = MakeFolder(files, folder);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  std::copy_n(folder.c_str(), folder.size() + 1, path);
+  return call.Done(ERROR_SUCCESS);
+}

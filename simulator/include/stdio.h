@@ -1,0 +1,27 @@
+// The host's stdio with what the Windows C runtime adds. Standard output is the simulated
+// console's.
+#pragma GCC system_header
+#include_next <stdio.h>
+
+#ifndef SIMULATOR_INCLUDE_STDIO_H_
+#define SIMULATOR_INCLUDE_STDIO_H_
+#ifdef __cplusplus
+
+#include <stdarg.h>
+#include <stddef.h>
+
+// Streams over the simulated disk, in text mode unless the mode holds a "b".
+FILE* _fsopen(const char* path, const char* mode, int share);
+FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share);
+
+// Writes at most `count` units and no terminator when the text fills them; negative when cut.
+// "%s" takes wide text, as in every wide template of the Windows C runtime.
+int _vsnwprintf(wchar_t* buffer, size_t count, const wchar_t* format, va_list arguments);
+
+// 1 is standard output.
+FILE* __acrt_iob_func(unsigned index);
+#undef stdout
+#define stdout (__acrt_iob_func(1))
+
+#endif  // __cplusplus
+#endif  // SIMULATOR_INCLUDE_STDIO_H_

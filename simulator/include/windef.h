@@ -1,0 +1,79 @@
+// Basic types of the Windows SDK as a 64-bit native build has them: the sizes of Win64 but for
+// WCHAR, which is the native wchar_t.
+#ifndef SIMULATOR_INCLUDE_WINDEF_H_
+#define SIMULATOR_INCLUDE_WINDEF_H_
+
+#include <stddef.h>
+#include <stdint.h>
+
+#define WINAPI
+#define CALLBACK
+#define APIENTRY
+
+using BOOL = int;
+using BYTE = uint8_t;
+using WORD = uint16_t;
+using DWORD = uint32_t;
+using UINT = uint32_t;
+using INT = int;
+using LONG = int32_t;
+using ULONG = uint32_t;
+using LONGLONG = int64_t;
+using ULONGLONG = uint64_t;
+using DWORD64 = uint64_t;
+using SIZE_T = size_t;
+using SHORT = int16_t;
+using USHORT = uint16_t;
+using CHAR = char;
+using WCHAR = wchar_t;
+using ATOM = WORD;
+
+using INT_PTR = intptr_t;
+using UINT_PTR = uintptr_t;
+using LONG_PTR = intptr_t;
+using ULONG_PTR = uintptr_t;
+using DWORD_PTR = ULONG_PTR;
+using WPARAM = UINT_PTR;
+using LPARAM = LONG_PTR;
+using LRESULT = LONG_PTR;
+
+using PVOID = void*;
+using LPVOID = void*;
+using LPCVOID = const void*;
+using LPBYTE = BYTE*;
+using LPDWORD = DWORD*;
+using PDWORD = DWORD*;
+using LPSTR = CHAR*;
+using LPCSTR = const CHAR*;
+using LPWSTR = WCHAR*;
+using LPCWSTR = const WCHAR*;
+using PBOOL = BOOL*;
+using LPBOOL = BOOL*;
+
+using HANDLE = void*;
+using PHANDLE = HANDLE*;
+using HLOCAL = HANDLE;
+using HRESULT = LONG;
+using LANGID = WORD;
+
+// A handle type of its own for each kind, as STRICT has them.
+#define DECLARE_HANDLE(name) \
+  struct name##__;           \
+  using name = name##__*
+
+DECLARE_HANDLE(HWND);
+DECLARE_HANDLE(HINSTANCE);
+using HMODULE = HINSTANCE;
+
+using FARPROC = INT_PTR(WINAPI*)();
+
+#ifndef TRUE
+#define TRUE 1
+#define FALSE 0
+#endif
+
+#define MAX_PATH 260
+
+#define MAKELANGID(primary, sub) ((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary))
+
+#endif  // SIMULATOR_INCLUDE_WINDEF_H_

@@ -1,0 +1,14 @@
+// The calls of the Windows SDK that the program makes, under the SDK's names. Each is declared
+// where the SDK declares it; what is not here does not compile.
+#ifndef SIMULATOR_INCLUDE_WINDOWS_H_
+#define SIMULATOR_INCLUDE_WINDOWS_H_
+
+#include <winbase.h>
+#include <wincon.h>
+#include <windef.h>
+#include <winerror.h>
+#include <winnls.h>
+#include <winnt.h>
+#include <winuser.h>
+
+#endif  // SIMULATOR_INCLUDE_WINDOWS_H_

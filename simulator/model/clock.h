@@ -1,0 +1,25 @@
+// The steered clock of a simulated server: it stands still until somebody moves it.
+#ifndef SIMULATOR_MODEL_CLOCK_H_
+#define SIMULATOR_MODEL_CLOCK_H_
+
+#include <atomic>
+#include <cstdint>
+
+namespace simulator {
+
+class Clock {
+ public:
+  // Milliseconds since the Unix epoch, read as the server's local time: the server's time zone is
+  // UTC.
+  int64_t Milliseconds() const { return milliseconds_.load(); }
+  void Set(int64_t milliseconds) { milliseconds_.store(milliseconds); }
+  void Advance(int64_t milliseconds) { milliseconds_.fetch_add(milliseconds); }
+
+ private:
+  // 2024-03-05 08:07:06.
+  std::atomic<int64_t> milliseconds_{1709626026000};
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_CLOCK_H_

@@ -1,0 +1,42 @@
+// Critical sections, known by their addresses.
+#ifndef SIMULATOR_MODEL_CRITICAL_SECTIONS_H_
+#define SIMULATOR_MODEL_CRITICAL_SECTIONS_H_
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <shared_mutex>
+#include <thread>
+
+namespace simulator {
+
+// Windows leaves the wrong use of one undefined; here it aborts with the name of the call: entering
+// one that is not initialised or already deleted, leaving one that the thread does not hold,
+// deleting one that is held.
+class CriticalSections {
+ public:
+  void Initialize(const void* address);
+  void Enter(const void* address);  // again and again by the same thread
+  bool TryEnter(const void* address);
+  void Leave(const void* address);
+  void Delete(const void* address);
+
+  int Live() const;
+
+ private:
+  struct Section {
+    std::recursive_mutex mutex;  // a lock that thread checkers see as one
+    std::atomic<std::thread::id> owner;
+    int depth = 0;
+  };
+
+  Section& Find(const void* address, const char* call);
+
+  // Shared while looking up, so that entering different sections orders nothing between threads.
+  mutable std::shared_mutex mutex_;
+  std::map<const void*, Section> sections_;
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_CRITICAL_SECTIONS_H_

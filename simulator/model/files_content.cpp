@@ -1,0 +1,115 @@
+// What tests, scenarios and tools do to the files of a simulated server.
+#include <utility>
+
+#include "simulator/model/files.h"
+#include "simulator/model/node.h"
+#include "simulator/model/path_name.h"
+#include "simulator/model/unsupported.h"
+
+namespace simulator {
+namespace {
+
+std::vector<std::string> NamesBelowRoot(std::string_view path) {
+  return ParsePath("\\" + std::string(path), "C:\\").names;
+}
+
+std::shared_ptr<Node> FindBelow(const Volume& volume, const std::vector<std::string>& names) {
+  std::shared_ptr<Node> node = volume.root;
+  for (const std::string& name : names) {
+    node = node ? node->Child(name) : nullptr;
+  }
+  return node;
+}
+
+// The node with that path, made with all its parents where they are missing.
+std::shared_ptr<Node> MakeBelow(const Volume& volume, const std::vector<std::string>& names,
+                                DWORD attributes) {
+  std::shared_ptr<Node> node = volume.root;
+  for (size_t i = 0; i < names.size() && node; ++i) {
+    const bool is_last = i + 1 == names.size();
+    const std::string& name = names[i];
+    if (!node->IsFolder()) Unsupported("a file or folder below a file: " + name);
+    if (!IsValidName(name)) Unsupported("the file name " + name);
+    const std::shared_ptr<Node> child = node->Child(name);
+    node = child ? child : node->AddChild(name, is_last ? attributes : FILE_ATTRIBUTE_DIRECTORY);
+  }
+  if (!node || ((node->attributes ^ attributes) & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    Unsupported("a file in place of a folder, or a folder in place of a file");
+  }
+  return node;
+}
+
+}  // namespace
+
+std::shared_ptr<Node> Files::Find(std::string_view path) const {
+  Place place;
+  return Locate(path, &place) == ERROR_SUCCESS ? place.node : nullptr;
+}
+
+bool Files::Exists(std::string_view path) const {
+  const std::lock_guard lock(*mutex_);
+  return Find(path) != nullptr;
+}
+
+void Files::MakeDirectories(std::string_view path) {
+  const std::lock_guard lock(*mutex_);
+  MakeBelow(VolumeFor(path), ParsePath(path, current_folder_).names, FILE_ATTRIBUTE_DIRECTORY);
+}
+
+void Files::Write(std::string_view path, std::string bytes) {
+  const std::lock_guard lock(*mutex_);
+  const std::vector<std::string> names = ParsePath(path, current_folder_).names;
+  MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
+}
+
+void Files::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
+  const std::lock_guard lock(*mutex_);
+  MakeBelow(volume, NamesBelowRoot(path), FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
+}
+
+std::optional<std::string> Files::Read(std::string_view path) const {
+  const std::lock_guard lock(*mutex_);
+  const std::shared_ptr<Node> node = Find(path);
+  if (!node || node->IsFolder()) return std::nullopt;
+  return node->bytes;
+}
+
+std::optional<std::string> Files::ReadOn(const Volume& volume, std::string_view path) const {
+  const std::lock_guard lock(*mutex_);
+  const std::shared_ptr<Node> node = FindBelow(volume, NamesBelowRoot(path));
+  if (!node || node->IsFolder()) return std::nullopt;
+  return node->bytes;
+}
+
+void Files::SetAttributes(std::string_view path, DWORD attributes) {
+  const std::lock_guard lock(*mutex_);
+  const std::shared_ptr<Node> node = Find(path);
+  if (!node) Unsupported("attributes of a missing file: " + std::string(path));
+  node->attributes = (attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY)) |
+                     (node->attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::vector<std::string> Files::List(std::string_view folder) const {
+  const std::lock_guard lock(*mutex_);
+  std::vector<std::string> names;
+  const std::shared_ptr<Node> node = Find(folder);
+  if (!node) return names;
+  for (const auto& [key, child] : node->children) names.push_back(child->name);
+  return names;
+}
+
+void Files::Remove(std::string_view path) {
+  const std::lock_guard lock(*mutex_);
+  Place place;
+  if (Locate(path, &place) != ERROR_SUCCESS || !place.node) return;
+  if (!place.parent) Unsupported("removing the root " + std::string(path));
+  place.parent->children.erase(NameKey(place.name));
+}
+
+const Volume& Files::VolumeFor(std::string_view path) const {
+  const auto found = letters_.find(ParsePath(path, current_folder_).letter);
+  if (found == letters_.end()) Unsupported("no volume is mounted for " + std::string(path));
+  return *found->second;
+}
+
+}  // namespace simulator

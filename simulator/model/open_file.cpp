@@ -1,0 +1,73 @@
+#include "simulator/model/open_file.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "simulator/model/node.h"
+
+namespace simulator {
+
+// Files holds the lock already when it makes one.
+OpenFile::OpenFile(std::shared_ptr<std::mutex> mutex, std::shared_ptr<Volume> volume,
+                   std::shared_ptr<Node> node, std::string path, const OpenMode& mode)
+    : mutex_(std::move(mutex)),
+      volume_(std::move(volume)),
+      node_(std::move(node)),
+      path_(std::move(path)),
+      mode_(mode) {
+  ++node_->holders;
+  node_->held_alone = mode_.alone;
+}
+
+OpenFile::~OpenFile() {
+  const std::lock_guard lock(*mutex_);
+  --node_->holders;
+  if (mode_.alone) node_->held_alone = false;
+}
+
+DWORD OpenFile::Read(char* buffer, size_t size, size_t* read) {
+  *read = 0;
+  if (!mode_.read) return ERROR_ACCESS_DENIED;
+  const std::lock_guard lock(*mutex_);
+  if (position_ >= node_->bytes.size()) return ERROR_SUCCESS;
+  *read = node_->bytes.copy(buffer, size, position_);
+  position_ += *read;
+  return ERROR_SUCCESS;
+}
+
+DWORD OpenFile::Write(std::string_view bytes, size_t* written) {
+  *written = 0;
+  if (!mode_.write) return ERROR_ACCESS_DENIED;
+  if (bytes.empty()) return ERROR_SUCCESS;
+  const std::lock_guard lock(*mutex_);
+  std::string& stored = node_->bytes;
+  if (mode_.append) position_ = stored.size();
+
+  const size_t gap = position_ > stored.size() ? position_ - stored.size() : 0;
+  if (gap > volume_->free) return ERROR_DISK_FULL;
+  const size_t room = static_cast<size_t>(std::min<uint64_t>(bytes.size(), volume_->free - gap));
+  const size_t overwritten = position_ < stored.size() ? stored.size() - position_ : 0;
+  const size_t fitting = std::min(bytes.size(), overwritten + room);
+
+  const size_t old_size = stored.size();
+  stored.append(gap, '\0');
+  stored.replace(position_, std::min(fitting, overwritten), bytes.substr(0, fitting));
+  volume_->free -= stored.size() - old_size;
+  position_ += fitting;
+  *written = fitting;
+  return fitting == bytes.size() ? ERROR_SUCCESS : ERROR_DISK_FULL;
+}
+
+void OpenFile::StepBack() {
+  const std::lock_guard lock(*mutex_);
+  if (position_ > 0) --position_;
+}
+
+void OpenFile::DropLast(char byte) {
+  const std::lock_guard lock(*mutex_);
+  if (node_->bytes.empty() || node_->bytes.back() != byte) return;
+  node_->bytes.pop_back();
+  ++volume_->free;
+}
+
+}  // namespace simulator

@@ -1,0 +1,108 @@
+#include "simulator/model/security.h"
+
+#include <algorithm>
+#include <array>
+
+#include "simulator/model/path_name.h"
+#include "simulator/model/unsupported.h"
+
+namespace simulator {
+namespace {
+
+struct Privilege {
+  DWORD luid;
+  std::string_view name;
+  bool of_administrators;
+};
+
+// https://learn.microsoft.com/windows/win32/secauthz/privilege-constants
+constexpr auto kPrivileges = std::to_array<Privilege>({
+    {2, "SeCreateTokenPrivilege", false},
+    {3, "SeAssignPrimaryTokenPrivilege", false},
+    {4, "SeLockMemoryPrivilege", false},
+    {5, "SeIncreaseQuotaPrivilege", true},
+    {6, "SeMachineAccountPrivilege", false},
+    {7, "SeTcbPrivilege", false},
+    {8, "SeSecurityPrivilege", true},
+    {9, "SeTakeOwnershipPrivilege", true},
+    {10, "SeLoadDriverPrivilege", true},
+    {11, "SeSystemProfilePrivilege", true},
+    {12, "SeSystemtimePrivilege", true},
+    {13, "SeProfileSingleProcessPrivilege", true},
+    {14, "SeIncreaseBasePriorityPrivilege", true},
+    {15, "SeCreatePagefilePrivilege", true},
+    {16, "SeCreatePermanentPrivilege", false},
+    {17, "SeBackupPrivilege", true},
+    {18, "SeRestorePrivilege", true},
+    {19, "SeShutdownPrivilege", true},
+    {20, "SeDebugPrivilege", true},
+    {21, "SeAuditPrivilege", false},
+    {22, "SeSystemEnvironmentPrivilege", true},
+    {23, "SeChangeNotifyPrivilege", true},
+    {24, "SeRemoteShutdownPrivilege", true},
+    {25, "SeUndockPrivilege", true},
+    {26, "SeSyncAgentPrivilege", false},
+    {27, "SeEnableDelegationPrivilege", false},
+    {28, "SeManageVolumePrivilege", true},
+    {29, "SeImpersonatePrivilege", true},
+    {30, "SeCreateGlobalPrivilege", true},
+    {31, "SeTrustedCredManAccessPrivilege", false},
+    {32, "SeRelabelPrivilege", false},
+    {33, "SeIncreaseWorkingSetPrivilege", true},
+    {34, "SeTimeZonePrivilege", true},
+    {35, "SeCreateSymbolicLinkPrivilege", true},
+    {36, "SeDelegateSessionUserImpersonatePrivilege", true},
+});
+
+constexpr DWORD kChangeNotify = 23;
+
+DWORD NumberOf(std::string_view privilege) {
+  const std::optional<LUID> luid = Security::Lookup(privilege);
+  if (!luid) Unsupported("the privilege " + std::string(privilege));
+  return luid->LowPart;
+}
+
+}  // namespace
+
+Security::Security() : enabled_({kChangeNotify}) {
+  for (const Privilege& privilege : kPrivileges) {
+    if (privilege.of_administrators) held_.insert(privilege.luid);
+  }
+}
+
+void Security::Grant(std::string_view privilege) {
+  const std::lock_guard lock(mutex_);
+  held_.insert(NumberOf(privilege));
+}
+
+void Security::Revoke(std::string_view privilege) {
+  const std::lock_guard lock(mutex_);
+  held_.erase(NumberOf(privilege));
+  enabled_.erase(NumberOf(privilege));
+}
+
+bool Security::Enabled(std::string_view privilege) const {
+  const std::lock_guard lock(mutex_);
+  return enabled_.contains(NumberOf(privilege));
+}
+
+std::optional<LUID> Security::Lookup(std::string_view privilege) {
+  const auto found = std::find_if(
+      kPrivileges.begin(), kPrivileges.end(),
+      [key = NameKey(privilege)](const Privilege& known) { return NameKey(known.name) == key; });
+  if (found == kPrivileges.end()) return std::nullopt;
+  return LUID{found->luid, 0};
+}
+
+bool Security::SetEnabled(LUID privilege, bool enabled) {
+  const std::lock_guard lock(mutex_);
+  if (privilege.HighPart != 0 || !held_.contains(privilege.LowPart)) return false;
+  if (enabled) {
+    enabled_.insert(privilege.LowPart);
+  } else {
+    enabled_.erase(privilege.LowPart);
+  }
+  return true;
+}
+
+}  // namespace simulator

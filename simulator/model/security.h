@@ -1,0 +1,53 @@
+// The access token of the simulated process.
+#ifndef SIMULATOR_MODEL_SECURITY_H_
+#define SIMULATOR_MODEL_SECURITY_H_
+
+#include <windows.h>
+
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "simulator/model/handles.h"
+
+namespace simulator {
+
+// The token as a handle stands for it.
+class Token : public Object {
+ public:
+  explicit Token(DWORD access) : access_(access) {}
+  std::string Kind() const override { return "token"; }
+  DWORD Access() const { return access_; }  // what it was opened for
+
+ private:
+  const DWORD access_;
+};
+
+// Privileges by name, whatever its case; granting, revoking or asking for one that Windows does not
+// have aborts. Thread-safe. At first the token holds what an elevated administrator's holds, with
+// only SeChangeNotifyPrivilege enabled.
+class Security {
+ public:
+  Security();
+
+  void Grant(std::string_view privilege);
+  void Revoke(std::string_view privilege);  // the token does not hold it at all any more
+  bool Enabled(std::string_view privilege) const;
+
+  // For the calls of the program. LUIDs are those that Windows gives the names: 17 is
+  // SeBackupPrivilege.
+  static std::optional<LUID> Lookup(std::string_view privilege);
+  // False when the token does not hold it.
+  bool SetEnabled(LUID privilege, bool enabled);
+
+ private:
+  mutable std::mutex mutex_;
+  std::set<DWORD> held_;  // low parts of LUIDs; the high parts are 0
+  std::set<DWORD> enabled_;
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_SECURITY_H_

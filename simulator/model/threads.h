@@ -1,0 +1,40 @@
+// Threads and critical sections of the simulated process.
+#ifndef SIMULATOR_MODEL_THREADS_H_
+#define SIMULATOR_MODEL_THREADS_H_
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "simulator/model/critical_sections.h"
+#include "simulator/model/handles.h"
+#include "simulator/model/thread_group.h"
+
+namespace simulator {
+
+// What a thread's handle stands for, of the program or of a child.
+class Thread : public Object {
+ public:
+  std::string Kind() const override { return "thread"; }
+};
+
+// Thread-safe. The end waits for every thread started.
+class Threads {
+ public:
+  // The object of the new thread, for a handle.
+  std::shared_ptr<Object> Start(LPTHREAD_START_ROUTINE routine, LPVOID parameter);
+  void WaitForAll() { threads_.WaitForAll(); }
+
+  CriticalSections& critical_sections() { return critical_sections_; }
+  // Critical sections initialised and not yet deleted.
+  int LiveCriticalSections() const { return critical_sections_.Live(); }
+
+ private:
+  CriticalSections critical_sections_;
+  ThreadGroup threads_;
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_THREADS_H_

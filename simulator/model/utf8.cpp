@@ -1,0 +1,108 @@
+#include "simulator/model/utf8.h"
+
+#include <cstdint>
+
+namespace simulator {
+namespace {
+
+constexpr wchar_t kReplacement = 0xFFFD;
+
+struct Range {
+  uint8_t low;
+  uint8_t high;
+};
+
+// The bytes that may follow a lead byte at once: overlong forms, surrogates and what lies beyond
+// U+10FFFF are refused there.
+Range SecondByte(uint8_t lead) {
+  switch (lead) {
+    case 0xE0:
+      return {0xA0, 0xBF};
+    case 0xED:
+      return {0x80, 0x9F};
+    case 0xF0:
+      return {0x90, 0xBF};
+    case 0xF4:
+      return {0x80, 0x8F};
+    default:
+      return {0x80, 0xBF};
+  }
+}
+
+// The number of bytes that follow the lead byte; -1 when no character begins with it.
+int Followers(uint8_t lead) {
+  if (lead < 0x80) return 0;
+  if (lead < 0xC2) return -1;
+  if (lead < 0xE0) return 1;
+  if (lead < 0xF0) return 2;
+  return lead < 0xF5 ? 3 : -1;
+}
+
+// Takes one character, or the piece that could have begun one, off the front.
+wchar_t TakeCharacter(std::string_view& text) {
+  const uint8_t lead = static_cast<uint8_t>(text.front());
+  text.remove_prefix(1);
+  const int followers = Followers(lead);
+  if (followers < 0) return kReplacement;
+  if (followers == 0) return static_cast<wchar_t>(lead);
+
+  uint32_t value = lead & (0x3Fu >> followers);
+  Range range = SecondByte(lead);
+  for (int i = 0; i < followers; ++i) {
+    if (text.empty()) return kReplacement;
+    const uint8_t byte = static_cast<uint8_t>(text.front());
+    if (byte < range.low || byte > range.high) return kReplacement;
+    text.remove_prefix(1);
+    value = value << 6 | (byte & 0x3Fu);
+    range = {0x80, 0xBF};
+  }
+  return static_cast<wchar_t>(value);
+}
+
+void AppendCharacter(uint32_t value, std::string& text) {
+  const auto append = [&text](uint32_t byte) { text += static_cast<char>(byte); };
+  const auto follow = [&append, value](int shift) { append(0x80 | (value >> shift & 0x3F)); };
+  if (value < 0x80) {
+    append(value);
+  } else if (value < 0x800) {
+    append(0xC0 | value >> 6);
+    follow(0);
+  } else if (value < 0x10000) {
+    append(0xE0 | value >> 12);
+    follow(6);
+    follow(0);
+  } else {
+    append(0xF0 | value >> 18);
+    follow(12);
+    follow(6);
+    follow(0);
+  }
+}
+
+}  // namespace
+
+std::wstring WideFromUtf8(std::string_view text) {
+  std::wstring wide;
+  wide.reserve(text.size());
+  while (!text.empty()) wide += TakeCharacter(text);
+  return wide;
+}
+
+std::string Utf8FromWide(std::wstring_view text) {
+  std::string utf8;
+  utf8.reserve(text.size());
+  for (const wchar_t unit : text) {
+    const uint32_t value = static_cast<uint32_t>(unit);
+    const bool is_character = value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
+    AppendCharacter(is_character ? value : '?', utf8);
+  }
+  return utf8;
+}
+
+size_t Utf16Length(std::string_view utf8) {
+  size_t units = 0;
+  while (!utf8.empty()) units += TakeCharacter(utf8) > 0xFFFF ? 2 : 1;
+  return units;
+}
+
+}  // namespace simulator

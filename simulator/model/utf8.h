@@ -1,0 +1,22 @@
+// UTF-8, the ANSI code page of a simulated server, and wide text of one unit per character.
+#ifndef SIMULATOR_MODEL_UTF8_H_
+#define SIMULATOR_MODEL_UTF8_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace simulator {
+
+// What is not UTF-8 becomes U+FFFD, one for each longest piece that could have begun a character.
+std::wstring WideFromUtf8(std::string_view text);
+
+// Surrogates and what lies beyond U+10FFFF become '?'.
+std::string Utf8FromWide(std::wstring_view text);
+
+// The number of UTF-16 units the text takes on Windows.
+size_t Utf16Length(std::string_view utf8);
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_UTF8_H_

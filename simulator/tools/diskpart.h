@@ -1,0 +1,37 @@
+// The disk tool: lists the disks of the server and moves drive letters, driven by a script.
+//
+// It knows list disk, select disk, select partition, detail disk, assign, assign letter=x, remove,
+// rem and exit, spelt as laxly as the real tool allows: any case, any number of blanks, words
+// shortened to three letters or more. A command or argument that only the real tool knows ends the
+// process through Unsupported.
+#ifndef SIMULATOR_TOOLS_DISKPART_H_
+#define SIMULATOR_TOOLS_DISKPART_H_
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "simulator/model/processes.h"
+
+namespace simulator {
+
+class Server;
+
+struct ToolResult {
+  std::string output;
+  DWORD exit_code;
+};
+
+// Runs the commands of a script (lines end with CR LF, LF, or further CRs before them) until one
+// fails. Exit code 0, or 5 when a command is unknown, its arguments are wrong, or what it needs is
+// not selected, not valid or not free.
+ToolResult RunDiskpart(std::string_view script, Server& server);
+
+// "diskpart /s PATH" as a program. Exit code 2 for other arguments, 3 for a script that cannot be
+// read, else the script's.
+Program DiskpartProgram();
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_TOOLS_DISKPART_H_

@@ -1,0 +1,127 @@
+#include "simulator/tools/diskpart_output.h"
+
+#include <algorithm>
+
+#include "simulator/model/unsupported.h"
+#include "simulator/tools/columns.h"
+
+namespace simulator {
+namespace {
+
+const char* Copyright(const System& system) {
+  if (system.major_version == 6 && system.minor_version == 1) {
+    return "Copyright (C) 1999-2008 Microsoft Corporation.\r\n";
+  }
+  if (system.major_version == 6 && system.minor_version == 2) {
+    return "\r\nCopyright (C) 1999-2012 Microsoft Corporation.\r\n";
+  }
+  constexpr DWORD kFirstBuildWithoutYears = 15063;
+  if (system.build < kFirstBuildWithoutYears) {
+    return "\r\nCopyright (C) 1999-2013 Microsoft Corporation.\r\n";
+  }
+  return "\r\nCopyright (C) Microsoft Corporation.\r\n";
+}
+
+const char* YesOrNo(bool value) { return value ? "Yes" : "No"; }
+
+std::string VolumeType(const Volume& volume) {
+  if (volume.drive_type == DRIVE_FIXED) return "Partition";
+  if (volume.drive_type == DRIVE_REMOVABLE) return "Removable";
+  Unsupported("diskpart: a partition of drive type " + std::to_string(volume.drive_type));
+}
+
+std::string VolumeLine(int number, const Partition& partition, const Volume* selected,
+                       const Files& files) {
+  const Volume& volume = *partition.volume;
+  constexpr size_t kNameWidth = 10, kLabelWidth = 11, kFileSystemWidth = 5, kTypeWidth = 10;
+  constexpr size_t kSizeWidth = 7, kStatusWidth = 9, kInfoWidth = 8;
+  std::string line = &volume == selected ? "* " : "  ";
+  line += LeftColumn("Volume " + std::to_string(number), kNameWidth) + "   ";
+  line += files.LetterOf(volume).value_or(' ');
+  line += "   ";
+  line += LeftColumn(volume.label, kLabelWidth) + "  ";
+  line += LeftColumn(volume.file_system, kFileSystemWidth) + "  ";
+  line += LeftColumn(VolumeType(volume), kTypeWidth) + "  ";
+  line += RightColumn(SizeText(partition.size), kSizeWidth) + "  ";
+  line += LeftColumn("Healthy", kStatusWidth) + "  ";
+  line += LeftColumn(partition.info, kInfoWidth);
+  return line + "\r\n";
+}
+
+}  // namespace
+
+std::string DiskpartVersion(const System& system) {
+  const bool simulated =
+      system.major_version > 6 || (system.major_version == 6 && system.minor_version >= 1);
+  if (!simulated) Unsupported("diskpart of Windows before 6.1");
+  std::string version = "Microsoft DiskPart version " + std::to_string(system.major_version) + "." +
+                        std::to_string(system.minor_version) + "." + std::to_string(system.build);
+  if (system.major_version >= 10) version += ".0";
+  return version + "\r\n";
+}
+
+std::string DiskpartBanner(const System& system) {
+  return "\r\n" + DiskpartVersion(system) + Copyright(system) +
+         "On computer: " + system.computer_name + "\r\n";
+}
+
+std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected) {
+  if (disks.empty()) return "\r\nThere are no fixed disks to show.\r\n";
+  constexpr size_t kNameWidth = 8, kStatusWidth = 13, kSizeWidth = 7;
+  std::string text =
+      "\r\n"
+      "  Disk ###  Status         Size     Free     Dyn  Gpt\r\n"
+      "  --------  -------------  -------  -------  ---  ---\r\n";
+  for (const Disk& disk : disks) {
+    text += disk.number == selected ? "* " : "  ";
+    text += LeftColumn("Disk " + std::to_string(disk.number), kNameWidth) + "  ";
+    text += LeftColumn(disk.online ? "Online" : "Offline", kStatusWidth) + "  ";
+    text += RightColumn(SizeText(disk.size), kSizeWidth) + "  ";
+    text += RightColumn(SizeText(disk.free), kSizeWidth);
+    // Basic disks only: nothing under "Dyn".
+    text += disk.gpt ? "        *\r\n" : "         \r\n";
+  }
+  return text;
+}
+
+std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
+                       const Files& files) {
+  const bool boot = std::any_of(disk.partitions.begin(), disk.partitions.end(),
+                                [](const Partition& part) { return part.info == "Boot"; });
+  // On these buses the logical unit tells the disks of one adapter apart.
+  const int unit = disk.bus == "SCSI" || disk.bus == "SAS" ? disk.number : 0;
+  std::string text = "\r\n" + disk.model + "\r\n";
+  text += "Disk ID: " + disk.id + "\r\n";
+  text += "Type   : " + disk.bus + "\r\n";
+  text += disk.online ? "Status : Online\r\n" : "Status : Offline\r\n";
+  text += "Path   : 0\r\n";
+  text += "Target : 0\r\n";
+  text += "LUN ID : " + std::to_string(unit) + "\r\n";
+  text += "Location Path : UNAVAILABLE\r\n";
+  text += "Current Read-only State : No\r\n";
+  text += "Read-only  : No\r\n";
+  text += std::string("Boot Disk  : ") + YesOrNo(boot) + "\r\n";
+  text += std::string("Pagefile Disk  : ") + YesOrNo(boot) + "\r\n";
+  text += "Hibernation File Disk  : No\r\n";
+  text += "Crashdump Disk  : No\r\n";
+  text += "Clustered Disk  : No\r\n";
+  text += "\r\n";
+
+  std::string lines;
+  int number = 0;
+  for (const Disk& other : disks) {
+    if (!other.online) continue;
+    for (const Partition& partition : other.partitions) {
+      if (!partition.volume) continue;
+      if (&other == &disk) lines += VolumeLine(number, partition, selected, files);
+      ++number;
+    }
+  }
+  if (lines.empty()) return text + "There are no volumes.\r\n";
+  return text +
+         "  Volume ###  Ltr  Label        Fs     Type        Size     Status     Info    \r\n"
+         "  ----------  ---  -----------  -----  ----------  -------  ---------  --------\r\n" +
+         lines;
+}
+
+}  // namespace simulator

@@ -1,0 +1,77 @@
+// Owners of what the platform hands out and wants back.
+#ifndef COMMON_OWNER_H_
+#define COMMON_OWNER_H_
+
+#include <windows.h>
+
+#include <cstdio>
+#include <utility>
+
+namespace common {
+
+// Owns one `Traits::Value` until it goes, is reset or released. Traits says which value is empty
+// and how another one is given back.
+template <typename Traits>
+class Unique {
+ public:
+  using Value = typename Traits::Value;
+
+  Unique() = default;
+  explicit Unique(Value value) : value_(value) {}
+  Unique(Unique&& other) noexcept : value_(other.release()) {}
+  Unique& operator=(Unique&& other) noexcept {
+    if (this != &other) reset(other.release());
+    return *this;
+  }
+  ~Unique() { reset(); }
+
+  Value get() const { return value_; }
+  explicit operator bool() const { return value_ != Traits::Empty(); }
+
+  // Gives the value up without giving it back.
+  Value release() { return std::exchange(value_, Traits::Empty()); }
+
+  void reset(Value value = Traits::Empty()) {
+    const Value old = std::exchange(value_, value);
+    if (old != Traits::Empty()) Traits::GiveBack(old);
+  }
+
+  // Where a call stores what it hands out. Empties the owner first.
+  Value* put() {
+    reset();
+    return &value_;
+  }
+
+ private:
+  Value value_ = Traits::Empty();
+};
+
+// Handles whose failure value is null: processes, threads, pipe ends, tokens.
+struct HandleTraits {
+  using Value = HANDLE;
+  static Value Empty() { return nullptr; }
+  static void GiveBack(Value handle) { ::CloseHandle(handle); }
+};
+using UniqueHandle = Unique<HandleTraits>;
+
+// Memory that LocalFree gives back.
+template <typename Pointee>
+struct LocalTraits {
+  using Value = Pointee*;
+  static Value Empty() { return nullptr; }
+  static void GiveBack(Value memory) { ::LocalFree(memory); }
+};
+template <typename Pointee>
+using UniqueLocal = Unique<LocalTraits<Pointee>>;
+
+// Streams of the C runtime.
+struct FileTraits {
+  using Value = std::FILE*;
+  static Value Empty() { return nullptr; }
+  static void GiveBack(Value file) { std::fclose(file); }
+};
+using UniqueFile = Unique<FileTraits>;
+
+}  // namespace common
+
+#endif  // COMMON_OWNER_H_

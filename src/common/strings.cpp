@@ -1,0 +1,70 @@
+#include "common/strings.h"
+
+#include <array>
+#include <cstdio>
+
+namespace common {
+namespace {
+
+char ToUpper(char character) {
+  return character >= 'a' && character <= 'z' ? static_cast<char>(character - 0x20) : character;
+}
+
+char ToLower(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 0x20) : character;
+}
+
+}  // namespace
+
+void Split(std::string_view text, std::string_view separator, std::vector<std::string>& pieces) {
+  size_t position = 0;
+  if (!separator.empty()) {
+    for (size_t found = text.find(separator); found != std::string_view::npos;
+         found = text.find(separator, position)) {
+      pieces.emplace_back(text.substr(position, found - position));
+      position = found + separator.size();
+    }
+  }
+  if (position != text.size()) pieces.emplace_back(text.substr(position));
+}
+
+std::string TrimSpaces(std::string_view text) {
+  const size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  const size_t last = text.find_last_not_of(' ');
+  return std::string(text.substr(first, last - first + 1));
+}
+
+std::string TrimLeft(std::string_view text, std::string_view set) {
+  const size_t first = text.find_first_not_of(set);
+  return std::string(first == std::string_view::npos ? text : text.substr(first));
+}
+
+std::string TrimRight(std::string_view text, std::string_view set) {
+  const size_t last = text.find_last_not_of(set);
+  return std::string(last == std::string_view::npos ? text : text.substr(0, last + 1));
+}
+
+std::string ToUpperAscii(std::string_view text) {
+  std::string upper(text);
+  for (char& character : upper) character = ToUpper(character);
+  return upper;
+}
+
+std::string ToLowerAscii(std::string_view text) {
+  std::string lower(text);
+  for (char& character : lower) character = ToLower(character);
+  return lower;
+}
+
+std::string ToDecimal(uint32_t number) { return std::to_string(number); }
+
+std::string FormatFixed2(double number) {
+  std::array<char, 64> buffer{};
+  const std::string format = "%." + ToDecimal(2) + "lf";
+  // A number of 1e308 has 309 digits: the buffer's size bounds what is written.
+  std::snprintf(buffer.data(), buffer.size(), format.c_str(), number);
+  return buffer.data();
+}
+
+}  // namespace common

@@ -1,0 +1,93 @@
+// The logger: dated lines in Logs\<name>_YYYYMMDD.log.
+#ifndef LOGGER_B_LOGGER_H_
+#define LOGGER_B_LOGGER_H_
+
+#include <atomic>
+#include <cstdarg>
+#include <memory>
+#include <string>
+
+#include "common/file_stream.h"
+#include "locker/locker.h"
+#include "logger/logger.h"
+
+namespace logger {
+
+// The file is opened with the first line that reaches it and keeps its name past midnight. Each
+// line is flushed, so what was logged survives a crash. Lines of two threads never mix in the file;
+// on the console they may.
+//
+// A folder that cannot be made or a file that cannot be opened loses the line for the file and is
+// tried again with the next one. A write that fails closes the file to all later lines: the stream
+// keeps its bad file, and opening it again fails.
+class BLogger : public Logger {
+ public:
+  // The log lies in the folder Logs below `folder`, or below the program's own folder when `folder`
+  // is empty. Only Logs itself is made, not what is above it.
+  BLogger(std::string name, std::string folder);
+  ~BLogger() override;
+
+  void Debug(const char* format, ...) override;
+  void Info(const char* format, ...) override;
+  void Done(const char* format, ...) override;
+  void Warn(const char* format, ...) override;
+  void Error(const char* format, ...) override;
+  void Fatal(const char* format, ...) override;
+
+  void DebugW(const wchar_t* format, ...) override;
+  void InfoW(const wchar_t* format, ...) override;
+  void DoneW(const wchar_t* format, ...) override;
+  void WarnW(const wchar_t* format, ...) override;
+  void ErrorW(const wchar_t* format, ...) override;
+  void FatalW(const wchar_t* format, ...) override;
+
+  void DebugOut(const char* format, ...) override;
+  void InfoOut(const char* format, ...) override;
+  void DoneOut(const char* format, ...) override;
+  void WarnOut(const char* format, ...) override;
+  void ErrorOut(const char* format, ...) override;
+  void FatalOut(const char* format, ...) override;
+
+  void DebugOutW(const wchar_t* format, ...) override;
+  void InfoOutW(const wchar_t* format, ...) override;
+  void DoneOutW(const wchar_t* format, ...) override;
+  void WarnOutW(const wchar_t* format, ...) override;
+  void ErrorOutW(const wchar_t* format, ...) override;
+  void FatalOutW(const wchar_t* format, ...) override;
+
+  std::string GetLogDir() const override;
+  std::string GetLogFilePath() const override;
+  void SetOutputEnabled(bool enabled) override;
+  bool IsOutputEnabled() const override;
+  void SetEnabled(bool enabled) override;
+  bool IsEnabled() const override;
+  std::string GetLastErrorLine() const override;
+  std::string GetExtra() const override;
+  void SetExtra(const std::string& extra) override;
+
+ private:
+  enum class Copy { kFileOnly, kEverywhere };
+
+  void Log(LogLevel level, Copy copy, const char* format, va_list arguments);
+  void Log(LogLevel level, Copy copy, const wchar_t* format, va_list arguments);
+  bool Handles(LogLevel level) const;
+  void LogMessage(LogLevel level, Copy copy, const std::string& message);
+  void WriteLine(LogLevel level, const std::string& line, Copy copy);
+  bool OpenLogFile();
+  bool IsFileOpen() const;  // the lock is held
+
+  const std::string name_;
+  const std::string folder_;
+  const LogLevel threshold_ = LogLevel::kDebug;
+  common::FileStream file_;
+  std::atomic<bool> output_enabled_ = true;
+  std::atomic<bool> enabled_ = true;
+  // Guards the file and the two texts below. Never taken twice by one thread.
+  std::unique_ptr<locker::Locker> lock_;
+  std::string last_error_line_;
+  std::string extra_;
+};
+
+}  // namespace logger
+
+#endif  // LOGGER_B_LOGGER_H_

@@ -1,0 +1,64 @@
+#include "restore/backup_info.h"
+
+#include <windows.h>
+
+#include <shlwapi.h>
+
+#include <array>
+
+#include "common/file_stream.h"
+#include "common/paths.h"
+#include "common/strings.h"
+
+namespace restore {
+
+bool ReadBackupInfoLine(logger::Logger& logger, char drive_letter, int line_number,
+                        std::string& line) {
+  const std::string root = std::string(1, drive_letter) + ":\\";
+  const std::string path = common::JoinPath(root, "vantoro_prepare\\backup_info");
+  if (::PathFileExistsA(path.c_str()) != TRUE) {
+    logger.Warn("ReadBackupInfoLine Backup Info File doesn't Exist.");
+    return true;
+  }
+
+  common::FileStream file;
+  file.open(path, std::ios_base::in);
+  if (file.bad() || !file.is_open()) {
+    logger.Error("ReadBackupInfoLine Backup Info Open Failed.");
+    return false;
+  }
+
+  // A line that is too long puts the stream into its failed state. Each later read then leaves the
+  // buffer empty, and the count goes on.
+  std::array<char, 512> buffer{};
+  int remaining = line_number;
+  while (remaining >= 0 && !file.eof()) {
+    buffer.fill('\0');
+    file.getline(buffer.data(), buffer.size());
+    --remaining;
+  }
+  line = buffer.data();
+  file.close();
+
+  if (remaining >= 0) {
+    logger.Error("ReadBackupInfoLine Backup Info Wrong Line Number.");
+    return false;
+  }
+  return true;
+}
+
+bool ReadBackupInfo(logger::Logger& logger, char drive_letter, char& source_letter) {
+  std::string line;
+  if (!ReadBackupInfoLine(logger, drive_letter, 0, line)) return false;
+  line = common::ToLowerAscii(line);
+  // "a" and "b" are refused: the run visits volumes from c: upward.
+  const char first = line.empty() ? '\0' : line.front();
+  if (first < 'c' || first > 'z') {
+    logger.Error("ReadBackupInfo Wrong Content: %s", line.c_str());
+    return false;
+  }
+  source_letter = first;
+  return true;
+}
+
+}  // namespace restore

@@ -1,0 +1,122 @@
+#include "restore/run.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "common/files.h"
+#include "common/locations.h"
+#include "common/paths.h"
+#include "common/privileges.h"
+#include "common/product.h"
+#include "common/times.h"
+#include "restore/messages.h"
+#include "restore/stages.h"
+#include "ui/show_message.h"
+
+namespace restore {
+namespace {
+
+struct RestoreTotals {
+  int32_t total;   // volumes visited
+  int32_t errors;  // volumes that failed
+
+  int32_t Finished() const { return total - errors; }
+};
+
+void PostState(HWND dialog, RestoreState state, LPARAM result) {
+  ::PostMessageW(dialog, WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
+}
+
+// Every fixed volume from c: upward, in the order of letters.
+std::vector<std::string> FixedVolumes() {
+  std::vector<std::string> roots;
+  // The bound lies one behind 'z'; a root "{:\" never exists.
+  for (char letter = 'c'; letter <= 'z' + 1; ++letter) {
+    const std::string root = std::string(1, letter) + ":\\";
+    if (common::Exists(root) && ::GetDriveTypeA(root.c_str()) == DRIVE_FIXED) {
+      roots.push_back(root);
+    }
+  }
+  return roots;
+}
+
+// False when the link is there and cannot be deleted.
+bool DeleteLink(const std::string& path) {
+  return ::PathFileExistsA(path.c_str()) != TRUE || ::DeleteFileA(path.c_str());
+}
+
+// Deletes the link that started this tool and its twin in the program's folder. Both stay when the
+// start-up folder is not known.
+void DeleteStartupLinks(logger::Logger& logger) {
+  std::array<char, MAX_PATH> folder{};
+  if (!::SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_COMMON_STARTUP, TRUE)) return;
+
+  const std::string startup_link = common::JoinPath(folder.data(), common::kLinkName);
+  if (!DeleteLink(startup_link)) {
+    logger.InfoOut("Delete Startup Link [%s] Failed.", startup_link.c_str());
+  }
+  const std::string real_startup_link =
+      common::JoinPath(common::GetCurrentDir(), common::kLinkName);
+  if (!DeleteLink(real_startup_link)) {
+    // This line names the link in the start-up folder, not the one that could not be deleted.
+    logger.InfoOut("Delete Real Startup Link [%s] Failed.", startup_link.c_str());
+  }
+}
+
+}  // namespace
+
+uint32_t RestoreThreadProc(void* argument) {
+  const std::unique_ptr<RunStart> start(static_cast<RunStart*>(argument));
+  logger::Logger& logger = *start->logger;
+
+  PostState(start->dialog, RestoreState::kStarted, 0);
+  const int64_t begin = common::GetSeconds();
+  logger.InfoOut("Vantoro Restore Begin...");
+  const int32_t result = RestoreWorker(logger, start->dialog, "", "");
+  if (result != 0) {
+    logger.WarnOut("Vantoro Restore Not Finished! See Details Info In Log File [%s].",
+                   logger.GetLogFilePath().c_str());
+  } else {
+    const auto elapsed = static_cast<int32_t>(common::GetSeconds() - begin);
+    logger.DoneOut("Vantoro Restore Finished! time: %s", common::FormatDuration(elapsed).c_str());
+  }
+  PostState(start->dialog, RestoreState::kEnded, result);
+  return 0;
+}
+
+int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& volume_root,
+                      const std::string& /*prepare_dir*/) {
+  logger.Info("Modify Privilege...");
+  if (common::EnablePrivilege("SeBackupPrivilege") != 0) {
+    ui::ShowMessage(owner, MB_OK, "ModifyPrivilege 1 Failed.");
+    return 1;
+  }
+  if (common::EnablePrivilege("SeRestorePrivilege") != 0) {
+    ui::ShowMessage(owner, MB_OK, "ModifyPrivilege 2 Failed.");
+    return 1;
+  }
+
+  logger.InfoOut("Restore Disks Begin...");
+  if (RestoreDisks(logger)) {
+    logger.InfoOut("Restore Disks Done!");
+  } else {
+    logger.WarnOut("Restore Disks Error.");
+  }
+
+  const std::vector<std::string> roots =
+      volume_root.empty() ? FixedVolumes() : std::vector<std::string>{volume_root};
+  logger.InfoOut("Vantoro Restore Begin...\n");
+  const RestoreTotals totals{static_cast<int32_t>(roots.size()), 0};
+
+  DeleteStartupLinks(logger);
+
+  logger.InfoOut("Vantoro Restore Finish, Total %d disks, Finish %d, Error %d!", totals.total,
+                 totals.Finished(), totals.errors);
+  return totals.total < 1 || totals.errors != 0 ? 1 : 0;
+}
+
+}  // namespace restore

@@ -1,0 +1,36 @@
+// The thread over CreateThread.
+#ifndef THREAD_B_THREAD_H_
+#define THREAD_B_THREAD_H_
+
+#include <windows.h>
+
+#include <atomic>
+#include <cstdint>
+
+#include "thread/thread.h"
+
+namespace thread {
+
+// Neither waits for its thread nor closes its handle when it goes: the program holds one such
+// object for its whole life. The flags and the exit code are read by any thread while the new one
+// writes them; whoever sees it finished sees its exit code.
+class BThread : public Thread {
+ public:
+  [[nodiscard]] bool Start(Function function, void* argument) override;
+  bool IsStarted() const override;
+  bool IsFinished(uint32_t* exit_code) const override;
+
+ private:
+  struct StartBlock;
+
+  static DWORD WINAPI Run(LPVOID parameter);
+
+  HANDLE handle_ = nullptr;
+  std::atomic<bool> started_ = false;
+  std::atomic<bool> finished_ = false;
+  std::atomic<uint32_t> exit_code_ = 0xFFFFFFFF;
+};
+
+}  // namespace thread
+
+#endif  // THREAD_B_THREAD_H_
