@@ -48,7 +48,7 @@ size_t LengthOf(const PathName& path) {
 
 PathName ParsePath(std::string_view path, std::string_view current_directory) {
   PathName parsed;
-  if (path.empty()) return parsed;
+  if (path.find_first_not_of(' ') == std::string_view::npos) return parsed;
   if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) {
     Unsupported("the network or device path " + std::string(path));
   }

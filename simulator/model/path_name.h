@@ -13,7 +13,7 @@ struct PathName {
   char letter = 0;                 // upper case; no letter when the path names no drive: '{'
   std::vector<std::string> names;  // below the root; empty for the root itself
   bool ends_in_separator = false;
-  size_t length = 0;  // of the full path, in UTF-16 units; 0 for the empty path
+  size_t length = 0;  // of the full path, in UTF-16 units; 0 for the empty path and for blanks
 };
 
 // The full path. Both slashes separate, several count as one; "." and ".." are resolved, never

@@ -94,7 +94,7 @@ std::string Utf8FromWide(std::wstring_view text) {
   for (const wchar_t unit : text) {
     const uint32_t value = static_cast<uint32_t>(unit);
     const bool is_character = value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
-    AppendCharacter(is_character ? value : '?', utf8);
+    AppendCharacter(is_character ? value : static_cast<uint32_t>(kReplacement), utf8);
   }
   return utf8;
 }

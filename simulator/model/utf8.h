@@ -11,7 +11,7 @@ namespace simulator {
 // What is not UTF-8 becomes U+FFFD, one for each longest piece that could have begun a character.
 std::wstring WideFromUtf8(std::string_view text);
 
-// Surrogates and what lies beyond U+10FFFF become '?'.
+// Surrogates and what lies beyond U+10FFFF become U+FFFD, the default character of UTF-8.
 std::string Utf8FromWide(std::wstring_view text);
 
 // The number of UTF-16 units the text takes on Windows.

@@ -2,9 +2,6 @@
 
 #include <time.h>
 
-#include <array>
-#include <cstdio>
-
 #include "common/strings.h"
 
 namespace common {
@@ -17,23 +14,41 @@ tm LocalTime() {
   return local;
 }
 
+// The decimal digits of a number that is not negative, filled up with zeros on the left. Every
+// logged line asks for six of them: printf takes as long as all the rest of the line.
+void AppendPadded(std::string& text, int number, size_t width) {
+  const std::string digits = ToDecimal(static_cast<uint32_t>(number));
+  if (digits.size() < width) text.append(width - digits.size(), '0');
+  text += digits;
+}
+
 }  // namespace
 
 std::string GetDateString() {
   const tm local = LocalTime();
-  std::array<char, 64> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "%04d%02d%02d", local.tm_year + 1900,
-                local.tm_mon + 1, local.tm_mday);
-  return buffer.data();
+  std::string text;
+  AppendPadded(text, local.tm_year + 1900, 4);
+  AppendPadded(text, local.tm_mon + 1, 2);
+  AppendPadded(text, local.tm_mday, 2);
+  return text;
 }
 
 std::string GetTimeStamp() {
   const tm local = LocalTime();
-  std::array<char, 64> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "[%04d-%02d-%02d %02d:%02d:%02d]",
-                local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
-                local.tm_sec);
-  return buffer.data();
+  std::string text = "[";
+  AppendPadded(text, local.tm_year + 1900, 4);
+  text += '-';
+  AppendPadded(text, local.tm_mon + 1, 2);
+  text += '-';
+  AppendPadded(text, local.tm_mday, 2);
+  text += ' ';
+  AppendPadded(text, local.tm_hour, 2);
+  text += ':';
+  AppendPadded(text, local.tm_min, 2);
+  text += ':';
+  AppendPadded(text, local.tm_sec, 2);
+  text += ']';
+  return text;
 }
 
 int64_t GetSeconds() { return ::_time64(nullptr); }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <string_view>
 #include <utility>
 
 #include "common/code_page.h"
@@ -17,7 +18,7 @@ namespace {
 
 constexpr size_t kMaxMessage = 2046;
 
-std::string LevelName(LogLevel level) {
+const char* LevelName(LogLevel level) {
   switch (level) {
     case LogLevel::kFatal:
       return "Fatal";
@@ -35,10 +36,16 @@ std::string LevelName(LogLevel level) {
   return "Unknown";
 }
 
-// "[2024-03-05 08:07:06] [Info]  ": texts of all levels begin in the same column.
-std::string Prefix(LogLevel level) {
-  const std::string name = LevelName(level);
-  return common::GetTimeStamp() + " [" + name + "]" + (name.size() < 5 ? "  " : " ");
+// "[2024-03-05 08:07:06] [Info]  text": texts of all levels begin in the same column.
+std::string MakeLine(LogLevel level, const std::string& message) {
+  const std::string_view name = LevelName(level);
+  std::string line = common::GetTimeStamp();
+  line.reserve(line.size() + name.size() + 5 + message.size());
+  line += " [";
+  line += name;
+  line += name.size() < 5 ? "]  " : "] ";
+  line += message;
+  return line;
 }
 
 void PrintOnConsole(LogLevel level, const std::string& text) {
@@ -154,7 +161,7 @@ void BLogger::Log(LogLevel level, Copy copy, const wchar_t* format, va_list argu
 bool BLogger::Handles(LogLevel level) const { return level <= threshold_; }
 
 void BLogger::LogMessage(LogLevel level, Copy copy, const std::string& message) {
-  const std::string line = Prefix(level) + message;
+  const std::string line = MakeLine(level, message);
   WriteLine(level, line, copy);
   if (level == LogLevel::kError && enabled_) {
     const locker::LockScope scope(*lock_);
@@ -169,14 +176,11 @@ void BLogger::WriteLine(LogLevel level, const std::string& line, Copy copy) {
     PrintOnConsole(level, text);
     ::OutputDebugStringA(text.c_str());
   }
-  if (!OpenLogFile()) return;
-
   const locker::LockScope scope(*lock_);
-  file_ << line << '\n' << std::flush;
+  if (OpenLogFile()) file_ << line << '\n' << std::flush;
 }
 
 bool BLogger::OpenLogFile() {
-  const locker::LockScope scope(*lock_);
   if (IsFileOpen()) return true;
   const std::string folder = GetLogDir();
   if (!common::Exists(folder) && !common::CreateDir(folder)) return false;

@@ -73,8 +73,9 @@ class BLogger : public Logger {
   bool Handles(LogLevel level) const;
   void LogMessage(LogLevel level, Copy copy, const std::string& message);
   void WriteLine(LogLevel level, const std::string& line, Copy copy);
+  // For both, the lock is held.
   bool OpenLogFile();
-  bool IsFileOpen() const;  // the lock is held
+  bool IsFileOpen() const;
 
   const std::string name_;
   const std::string folder_;

@@ -28,6 +28,7 @@ size_t CountPieces(std::string_view line) {
 
 std::vector<std::string_view> Words(std::string_view line) {
   std::vector<std::string_view> words;
+  words.reserve(16);  // more than any line of diskpart's has
   for (size_t begin = line.find_first_not_of(' '); begin != std::string_view::npos;) {
     const size_t end = std::min(line.find(' ', begin), line.size());
     words.push_back(line.substr(begin, end - begin));

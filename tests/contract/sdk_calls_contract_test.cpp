@@ -1,0 +1,129 @@
+// Signatures: the same in the simulator's headers and in the SDK's.
+#include <windows.h>
+
+#include <direct.h>
+#include <io.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <string.h>
+#include <time.h>
+
+#include <cstddef>
+#include <iostream>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "common/file_stream.h"
+
+namespace {
+
+// For calls whose declarations carry attributes, which a template argument would lose. Only a
+// function of exactly that signature converts.
+template <typename Signature>
+constexpr bool Has(Signature*) {
+  return true;
+}
+
+static_assert(std::is_same_v<decltype(&::CreatePipe),
+                             BOOL(WINAPI*)(PHANDLE, PHANDLE, LPSECURITY_ATTRIBUTES, DWORD)>);
+static_assert(
+    std::is_same_v<decltype(&::CreateProcessA),
+                   BOOL(WINAPI*)(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL,
+                                 DWORD, LPVOID, LPCSTR, LPSTARTUPINFOA, LPPROCESS_INFORMATION)>);
+static_assert(std::is_same_v<decltype(&::ReadFile),
+                             BOOL(WINAPI*)(HANDLE, LPVOID, DWORD, LPDWORD, LPOVERLAPPED)>);
+static_assert(std::is_same_v<decltype(&::WriteFile),
+                             BOOL(WINAPI*)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED)>);
+static_assert(std::is_same_v<decltype(&::GetExitCodeProcess), BOOL(WINAPI*)(HANDLE, LPDWORD)>);
+static_assert(std::is_same_v<decltype(&::TerminateProcess), BOOL(WINAPI*)(HANDLE, UINT)>);
+static_assert(std::is_same_v<decltype(&::CloseHandle), BOOL(WINAPI*)(HANDLE)>);
+static_assert(std::is_same_v<decltype(&::GetCurrentProcess), HANDLE(WINAPI*)()>);
+static_assert(std::is_same_v<decltype(&::CreateThread),
+                             HANDLE(WINAPI*)(LPSECURITY_ATTRIBUTES, SIZE_T, LPTHREAD_START_ROUTINE,
+                                             LPVOID, DWORD, LPDWORD)>);
+static_assert(std::is_same_v<decltype(&::Sleep), void(WINAPI*)(DWORD)>);
+static_assert(
+    std::is_same_v<decltype(&::InitializeCriticalSection), void(WINAPI*)(LPCRITICAL_SECTION)>);
+static_assert(std::is_same_v<decltype(&::EnterCriticalSection), void(WINAPI*)(LPCRITICAL_SECTION)>);
+static_assert(
+    std::is_same_v<decltype(&::TryEnterCriticalSection), BOOL(WINAPI*)(LPCRITICAL_SECTION)>);
+static_assert(std::is_same_v<decltype(&::LeaveCriticalSection), void(WINAPI*)(LPCRITICAL_SECTION)>);
+static_assert(
+    std::is_same_v<decltype(&::DeleteCriticalSection), void(WINAPI*)(LPCRITICAL_SECTION)>);
+
+static_assert(std::is_same_v<decltype(&::GetLastError), DWORD(WINAPI*)()>);
+static_assert(std::is_same_v<decltype(&::SetLastError), void(WINAPI*)(DWORD)>);
+// The SDK's last parameter is a va_list*, the program's argument always null.
+static_assert(std::is_same_v<decltype(::FormatMessageA(DWORD{}, LPCVOID{}, DWORD{}, DWORD{},
+                                                       LPSTR{}, DWORD{}, nullptr)),
+                             DWORD>);
+static_assert(std::is_same_v<decltype(&::LocalFree), HLOCAL(WINAPI*)(HLOCAL)>);
+static_assert(std::is_same_v<decltype(&::OutputDebugStringA), void(WINAPI*)(LPCSTR)>);
+
+static_assert(std::is_same_v<decltype(&::OpenProcessToken), BOOL(WINAPI*)(HANDLE, DWORD, PHANDLE)>);
+static_assert(
+    std::is_same_v<decltype(&::LookupPrivilegeValueA), BOOL(WINAPI*)(LPCSTR, LPCSTR, PLUID)>);
+static_assert(std::is_same_v<decltype(&::AdjustTokenPrivileges),
+                             BOOL(WINAPI*)(HANDLE, BOOL, PTOKEN_PRIVILEGES, DWORD,
+                                           PTOKEN_PRIVILEGES, PDWORD)>);
+
+static_assert(std::is_same_v<decltype(&::DeleteFileA), BOOL(WINAPI*)(LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::GetDriveTypeA), UINT(WINAPI*)(LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::GetTempPathA), DWORD(WINAPI*)(DWORD, LPSTR)>);
+
+static_assert(std::is_same_v<decltype(&::GetVersionExA), BOOL(WINAPI*)(LPOSVERSIONINFOA)>);
+static_assert(std::is_same_v<decltype(&::GetSystemDirectoryA), UINT(WINAPI*)(LPSTR, UINT)>);
+static_assert(
+    std::is_same_v<decltype(&::GetModuleFileNameA), DWORD(WINAPI*)(HMODULE, LPSTR, DWORD)>);
+static_assert(std::is_same_v<decltype(&::GetModuleHandleW), HMODULE(WINAPI*)(LPCWSTR)>);
+static_assert(std::is_same_v<decltype(&::GetProcAddress), FARPROC(WINAPI*)(HMODULE, LPCSTR)>);
+
+static_assert(std::is_same_v<decltype(&::GetStdHandle), HANDLE(WINAPI*)(DWORD)>);
+static_assert(std::is_same_v<decltype(&::GetConsoleScreenBufferInfo),
+                             BOOL(WINAPI*)(HANDLE, CONSOLE_SCREEN_BUFFER_INFO*)>);
+static_assert(std::is_same_v<decltype(&::SetConsoleTextAttribute), BOOL(WINAPI*)(HANDLE, WORD)>);
+
+static_assert(std::is_same_v<decltype(&::MultiByteToWideChar),
+                             int(WINAPI*)(UINT, DWORD, LPCSTR, int, LPWSTR, int)>);
+static_assert(std::is_same_v<decltype(&::WideCharToMultiByte),
+                             int(WINAPI*)(UINT, DWORD, LPCWSTR, int, LPSTR, int, LPCSTR, LPBOOL)>);
+
+static_assert(std::is_same_v<decltype(&::PostMessageA), BOOL(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
+static_assert(std::is_same_v<decltype(&::PostMessageW), BOOL(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
+static_assert(std::is_same_v<decltype(&::MessageBoxA), int(WINAPI*)(HWND, LPCSTR, LPCSTR, UINT)>);
+static_assert(std::is_same_v<decltype(&::LoadStringA), int(WINAPI*)(HINSTANCE, UINT, LPSTR, int)>);
+static_assert(std::is_same_v<decltype(&::LoadStringW), int(WINAPI*)(HINSTANCE, UINT, LPWSTR, int)>);
+
+static_assert(
+    std::is_same_v<decltype(&::SHGetSpecialFolderPathA), BOOL(WINAPI*)(HWND, LPSTR, int, BOOL)>);
+static_assert(std::is_same_v<decltype(&::PathFileExistsA), BOOL(WINAPI*)(LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::PathRemoveFileSpecA), BOOL(WINAPI*)(LPSTR)>);
+
+// The C runtime's.
+
+static_assert(std::is_same_v<decltype(&::_access), int (*)(const char*, int)>);
+static_assert(std::is_same_v<decltype(&::_mkdir), int (*)(const char*)>);
+static_assert(std::is_same_v<decltype(&::_fsopen), FILE* (*)(const char*, const char*, int)>);
+static_assert(
+    std::is_same_v<decltype(&::_wfsopen), FILE* (*)(const wchar_t*, const wchar_t*, int)>);
+static_assert(Has<int(wchar_t*, size_t, const wchar_t*, va_list)>(&::_vsnwprintf));
+static_assert(std::is_same_v<decltype(&::_time64), __time64_t (*)(__time64_t*)>);
+static_assert(std::is_same_v<decltype(&::_localtime64_s), int (*)(struct tm*, const __time64_t*)>);
+// Secure headers may overload it for arrays.
+static_assert(std::is_same_v<decltype(::strerror_s(std::declval<char*>(), size_t{}, int{})), int>);
+static_assert(std::is_same_v<decltype(stdout), FILE*>);
+
+// Streams over files: the part of std::fstream that callers use.
+static_assert(std::is_base_of_v<std::iostream, common::FileStream>);
+static_assert(std::is_default_constructible_v<common::FileStream>);
+static_assert(!std::is_copy_constructible_v<common::FileStream>);
+static_assert(!std::is_copy_assignable_v<common::FileStream>);
+static_assert(std::is_same_v<void, decltype(std::declval<common::FileStream&>().open(
+                                       std::declval<const std::string&>(), std::ios_base::in))>);
+static_assert(std::is_same_v<bool, decltype(std::declval<const common::FileStream&>().is_open())>);
+static_assert(std::is_same_v<void, decltype(std::declval<common::FileStream&>().close())>);
+
+}  // namespace

@@ -1,0 +1,9 @@
+#ifdef _WIN32
+#include "support/child_commands.h"
+
+namespace tests {
+
+void InstallChildCommands() {}
+
+}  // namespace tests
+#endif

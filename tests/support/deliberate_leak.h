@@ -1,0 +1,27 @@
+// Where the program leaves memory allocated on purpose, a leak checker looks away.
+#ifndef TESTS_SUPPORT_DELIBERATE_LEAK_H_
+#define TESTS_SUPPORT_DELIBERATE_LEAK_H_
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
+namespace tests {
+
+// What the calling thread allocates while this lives is not reported as leaked.
+class DeliberateLeak {
+ public:
+#ifdef __SANITIZE_ADDRESS__
+  DeliberateLeak() { __lsan_disable(); }
+  ~DeliberateLeak() { __lsan_enable(); }
+#else
+  DeliberateLeak() {}
+  ~DeliberateLeak() {}
+#endif
+  DeliberateLeak(const DeliberateLeak&) = delete;
+  DeliberateLeak& operator=(const DeliberateLeak&) = delete;
+};
+
+}  // namespace tests
+
+#endif  // TESTS_SUPPORT_DELIBERATE_LEAK_H_

@@ -1,0 +1,17 @@
+#ifndef _WIN32
+#include "simulator/model/server.h"
+#include "support/drive.h"
+
+namespace tests {
+
+Drive::Drive() {
+  simulator::Files& files = simulator::Server::Current().files();
+  is_free_ = files.Mount(letter_, files.AddVolume({}));
+}
+
+Drive::~Drive() {
+  if (is_free_) simulator::Server::Current().files().Unmount(letter_);
+}
+
+}  // namespace tests
+#endif

@@ -1,0 +1,54 @@
+// Disks and disk tool scripts for tests of the simulated server.
+#ifndef TESTS_SUPPORT_SIMULATED_DISKS_H_
+#define TESTS_SUPPORT_SIMULATED_DISKS_H_
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "simulator/model/server.h"
+#include "simulator/tools/diskpart.h"
+
+namespace tests {
+
+inline constexpr uint64_t kMB = uint64_t{1} << 20;
+inline constexpr uint64_t kGB = uint64_t{1} << 30;
+
+// What the disk tool prints before the output of any command.
+inline std::string DiskpartBannerOf(simulator::Server& server) {
+  return simulator::RunDiskpart("", server).output;
+}
+
+// What it prints behind that.
+inline std::string DiskpartOutput(std::string_view script, simulator::Server& server) {
+  return simulator::RunDiskpart(script, server).output.substr(DiskpartBannerOf(server).size());
+}
+
+// The server's own volume for the letter C, else a new one.
+inline std::shared_ptr<simulator::Volume> MakeVolume(simulator::Server& server,
+                                                     const std::string& label,
+                                                     std::optional<char> letter) {
+  const bool system = letter == 'C';
+  const auto volume = system ? server.files().VolumeAt('C') : server.files().AddVolume({});
+  volume->label = label;
+  if (letter && !system) server.files().Mount(*letter, volume);
+  return volume;
+}
+
+// Disk 0 with Windows as C, disk 1 with a volume as E and a partition that shows none.
+inline void AddTwoDisks(simulator::Server& server) {
+  simulator::Disk system;
+  system.size = 127 * kGB;
+  system.partitions = {{1, 126 * kGB, "Boot", MakeVolume(server, "Windows", 'C')}};
+  simulator::Disk data;
+  data.number = 1;
+  data.size = 200 * kGB;
+  data.partitions = {{1, 199 * kGB, "", MakeVolume(server, "Data", 'E')}, {2, kMB, "", nullptr}};
+  server.disks() = {system, data};
+}
+
+}  // namespace tests
+
+#endif  // TESTS_SUPPORT_SIMULATED_DISKS_H_

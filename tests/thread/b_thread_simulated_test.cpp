@@ -1,0 +1,80 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "simulator/model/server.h"
+#include "support/deliberate_leak.h"
+#include "thread/b_thread.h"
+
+namespace thread {
+namespace {
+
+uint32_t ReturnFive(void*) { return 5; }
+
+TEST(BThread, IsNotStartedWhenTheThreadCannotBeMade) {
+  const tests::DeliberateLeak start_block;
+  simulator::Server server;
+  server.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
+  BThread thread;
+  EXPECT_FALSE(thread.Start(ReturnFive, nullptr));
+  uint32_t exit_code = 0;
+  EXPECT_FALSE(thread.IsStarted());
+  EXPECT_FALSE(thread.IsFinished(&exit_code));
+  EXPECT_EQ(exit_code, 0xFFFFFFFF);
+  EXPECT_EQ(server.console().Text(), "");
+}
+
+TEST(BThread, ForgetsTheLastRunWhenTheNextCannotBeMade) {
+  const tests::DeliberateLeak start_block;
+  simulator::Server server;
+  BThread thread;
+  ASSERT_TRUE(thread.Start(ReturnFive, nullptr));
+  server.threads().WaitForAll();
+  ASSERT_TRUE(thread.IsFinished(nullptr));
+
+  server.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_FALSE(thread.Start(ReturnFive, nullptr));
+  uint32_t exit_code = 0;
+  EXPECT_FALSE(thread.IsStarted());
+  EXPECT_FALSE(thread.IsFinished(&exit_code));
+  EXPECT_EQ(exit_code, 0xFFFFFFFF);
+}
+
+TEST(BThread, StartsAfterAStartThatFailed) {
+  const tests::DeliberateLeak start_block;
+  simulator::Server server;
+  server.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
+  BThread thread;
+  EXPECT_FALSE(thread.Start(ReturnFive, nullptr));
+  EXPECT_TRUE(thread.Start(ReturnFive, nullptr));
+  server.threads().WaitForAll();
+  uint32_t exit_code = 0;
+  EXPECT_TRUE(thread.IsFinished(&exit_code));
+  EXPECT_EQ(exit_code, 5u);
+}
+
+TEST(BThread, LeavesItsHandleOpen) {
+  simulator::Server server;
+  {
+    BThread thread;
+    ASSERT_TRUE(thread.Start(ReturnFive, nullptr));
+    server.threads().WaitForAll();
+  }
+  EXPECT_EQ(server.handles().OpenKinds(), std::vector<std::string>{"thread"});
+}
+
+TEST(BThread, LeavesTheOldHandleOpenWhenItStartsAgain) {
+  simulator::Server server;
+  BThread thread;
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_TRUE(thread.Start(ReturnFive, nullptr));
+    server.threads().WaitForAll();
+  }
+  EXPECT_EQ(server.handles().OpenKinds(), (std::vector<std::string>{"thread", "thread"}));
+}
+
+}  // namespace
+}  // namespace thread
