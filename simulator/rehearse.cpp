@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "restore/messages.h"
@@ -89,23 +90,27 @@ void List() {
   }
 }
 
-// The terminal's escape sequence for console attributes: three bits blue, green, red, and one for
-// bright.
-std::string ColourOf(WORD attributes) {
-  const int bgr = attributes & 7;
-  const int rgb = (bgr & 1) << 2 | (bgr & 2) | (bgr & 4) >> 2;
-  const int base = (attributes & FOREGROUND_INTENSITY) != 0 ? 90 : 30;
-  return "\x1b[" + std::to_string(base + rgb) + "m";
+// The terminal's escape sequence for the level that a log line names; empty for the plain one.
+std::string ColourOf(const std::string& line) {
+  constexpr std::pair<std::string_view, std::string_view> kColours[] = {
+      {"] [Fatal] ", "\x1b[91m"}, {"] [Error] ", "\x1b[91m"}, {"] [Warn] ", "\x1b[93m"},
+      {"] [Done] ", "\x1b[92m"},  {"] [Debug] ", "\x1b[90m"},
+  };
+  for (const auto& [level, colour] : kColours) {
+    if (line.find(level) != std::string::npos) return std::string(colour);
+  }
+  return "";
 }
 
-void ShowConsole(Console& console) {
+// Shows every line of the program's log as it is written.
+void ShowLog(Files& files) {
   const bool colours = ::isatty(STDOUT_FILENO) == 1;
-  console.Listen([colours](WORD attributes, std::string_view text) {
-    std::string shown(text);
-    std::erase(shown, '\r');
-    constexpr WORD kGrey = 7;
-    if (colours && attributes != kGrey) shown = ColourOf(attributes) + shown + "\x1b[0m";
-    std::cout << shown << std::flush;
+  files.Watch([colours](const std::string& path, std::string_view bytes) {
+    if (!path.ends_with(".log")) return;
+    std::string line(bytes);
+    std::erase(line, '\r');
+    const std::string colour = colours ? ColourOf(line) : "";
+    std::cout << colour << line << (colour.empty() ? "" : "\x1b[0m") << std::flush;
   });
 }
 
@@ -173,9 +178,9 @@ int Rehearse(const Options& options) {
   Server server;
   Build(scenario, server);
   std::cout << scenario.title << "\n\n";
-  ShowConsole(server.console());
+  ShowLog(server.files());
   const LPARAM result = RunProgram(server);
-  server.console().Listen(nullptr);
+  server.files().Watch(nullptr);
 
   std::cout << "\n";
   for (const ShownMessageBox& box : server.desktop().Boxes()) {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -43,15 +42,15 @@ std::shared_ptr<PipeWriteEnd> StandardHandle(const Handles& handles, const Child
   return std::find(inherited.begin(), inherited.end(), end) == inherited.end() ? nullptr : end;
 }
 
-// What to start, or nothing when there is no such file. An application name is a path to the file
-// itself; a command line names it with or without ".exe", to be looked for in the search path.
-std::optional<std::string> ProgramToStart(LPCSTR application_name,
-                                          const std::string& command_line) {
-  if (application_name == nullptr) return std::string(ProgramOf(command_line));
-  const std::string path = application_name;
-  const bool has_folder = path.find_first_of("\\/") != std::string::npos;
-  if (!has_folder || !NameKey(path).ends_with(".exe")) return std::nullopt;
-  return path;
+// Whether an application name can be a program's: the path of an .exe in a folder that is there.
+// The installed programs themselves have names only. A command line's program has no such bounds:
+// it is looked for in the search path.
+DWORD CheckApplication(const Files& files, const std::string& path) {
+  const size_t separator = path.find_last_of("\\/");
+  if (separator == std::string::npos || !NameKey(path).ends_with(".exe")) {
+    return ERROR_FILE_NOT_FOUND;
+  }
+  return files.Exists(path.substr(0, separator + 1)) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
 }
 
 std::shared_ptr<ChildProcess> FindChild(const Call& call, HANDLE process) {
@@ -92,9 +91,13 @@ BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
   if (simulator::Utf16Length(start.command_line) > simulator::kLongestCommandLine) {
     return call.Done(ERROR_FILENAME_EXCED_RANGE);
   }
-  const auto program = simulator::ProgramToStart(application_name, start.command_line);
-  if (!program) return call.Done(ERROR_FILE_NOT_FOUND);
-  start.program = *program;
+  if (application_name != nullptr) {
+    const DWORD error = simulator::CheckApplication(server.files(), application_name);
+    if (error != ERROR_SUCCESS) return call.Done(error);
+    start.program = application_name;
+  } else {
+    start.program = simulator::ProgramOf(start.command_line);
+  }
   start.inherited = server.handles().Inheritable();
   if ((startup_info->dwFlags & STARTF_USESTDHANDLES) != 0) {
     start.output = simulator::StandardHandle(server.handles(), start, startup_info->hStdOutput);

@@ -1,7 +1,5 @@
 #include "simulator/model/console.h"
 
-#include <utility>
-
 namespace simulator {
 
 void Console::Print(std::string_view text) {
@@ -11,7 +9,6 @@ void Console::Print(std::string_view text) {
     spans_.push_back({attributes_, {}});
   }
   spans_.back().text += text;
-  if (listener_) listener_(attributes_, text);
 }
 
 void Console::SetAttributes(WORD attributes) {
@@ -34,11 +31,6 @@ std::string Console::Text() const {
   std::string text;
   for (const ConsoleSpan& span : spans_) text += span.text;
   return text;
-}
-
-void Console::Listen(std::function<void(WORD, std::string_view)> listener) {
-  const std::lock_guard lock(mutex_);
-  listener_ = std::move(listener);
 }
 
 void Console::DebuggerPrint(std::string_view text) {

@@ -4,7 +4,6 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -30,9 +29,6 @@ class Console {
   std::vector<ConsoleSpan> Spans() const;
   std::string Text() const;
 
-  // Called with every text as it is printed, under the console's lock.
-  void Listen(std::function<void(WORD attributes, std::string_view text)> listener);
-
   void DebuggerPrint(std::string_view text);
   std::vector<std::string> DebuggerTexts() const;
 
@@ -41,7 +37,6 @@ class Console {
   WORD attributes_ = 7;
   std::vector<ConsoleSpan> spans_;
   std::vector<std::string> debugger_;
-  std::function<void(WORD, std::string_view)> listener_;
 };
 
 }  // namespace simulator

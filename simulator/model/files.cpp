@@ -22,7 +22,7 @@ char UpperLetter(char letter) {
 
 }  // namespace
 
-Files::Files() : mutex_(std::make_shared<std::mutex>()) {}
+Files::Files() : shared_(std::make_shared<Shared>()) {}
 Files::~Files() = default;
 
 std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
@@ -31,7 +31,7 @@ std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
     added->root = std::make_shared<Node>();
     added->root->attributes = FILE_ATTRIBUTE_DIRECTORY;
   }
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   volumes_.push_back(added);
   return added;
 }
@@ -39,23 +39,23 @@ std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
 bool Files::Mount(char letter, std::shared_ptr<Volume> volume) {
   const char upper = UpperLetter(letter);
   if (upper == '\0' || !volume || !volume->root) return false;
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   return letters_.emplace(upper, std::move(volume)).second;
 }
 
 void Files::Unmount(char letter) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   letters_.erase(UpperLetter(letter));
 }
 
 std::shared_ptr<Volume> Files::VolumeAt(char letter) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   const auto found = letters_.find(UpperLetter(letter));
   return found == letters_.end() ? nullptr : found->second;
 }
 
 std::optional<char> Files::LetterOf(const Volume& volume) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   for (const auto& [letter, mounted] : letters_) {
     if (mounted.get() == &volume) return letter;
   }
@@ -63,15 +63,20 @@ std::optional<char> Files::LetterOf(const Volume& volume) const {
 }
 
 std::optional<char> Files::FreeLetter() const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   for (char letter = 'C'; letter <= 'Z'; ++letter) {
     if (letters_.count(letter) == 0) return letter;
   }
   return std::nullopt;
 }
 
+void Files::Watch(Watcher watcher) {
+  const std::lock_guard lock(shared_->mutex);
+  shared_->watcher = std::move(watcher);
+}
+
 void Files::SetCurrentFolder(std::string full_path) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   current_folder_ = std::move(full_path);
 }
 
@@ -98,7 +103,7 @@ DWORD Files::Locate(std::string_view path, Place* place) const {
 }
 
 DWORD Files::Attributes(std::string_view path, DWORD* attributes) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = Locate(path, &place);
   if (error != ERROR_SUCCESS) return error;
@@ -109,7 +114,7 @@ DWORD Files::Attributes(std::string_view path, DWORD* attributes) const {
 }
 
 DWORD Files::MakeDirectory(std::string_view path) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = Locate(path, &place);
   if (error != ERROR_SUCCESS) return error;
@@ -121,7 +126,7 @@ DWORD Files::MakeDirectory(std::string_view path) {
 }
 
 DWORD Files::Delete(std::string_view path) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = Locate(path, &place);
   if (error != ERROR_SUCCESS) return error;
@@ -163,13 +168,13 @@ DWORD Files::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<N
 DWORD Files::Open(std::string_view path, const OpenMode& mode, std::shared_ptr<OpenFile>* file) {
   std::shared_ptr<OpenFile> opened;
   {
-    const std::lock_guard lock(*mutex_);
+    const std::lock_guard lock(shared_->mutex);
     Place place;
     DWORD error = Locate(path, &place);
     std::shared_ptr<Node> node;
     if (error == ERROR_SUCCESS) error = Prepare(place, mode, &node);
     if (error != ERROR_SUCCESS) return error;
-    opened = std::make_shared<OpenFile>(mutex_, place.volume, node, std::string(path), mode);
+    opened = std::make_shared<OpenFile>(shared_, place.volume, node, std::string(path), mode);
   }
   // What `file` held before may be an open file, whose end takes the lock.
   *file = std::move(opened);

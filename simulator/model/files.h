@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -56,6 +57,10 @@ class Files {
   // DRIVE_NO_ROOT_DIR for what is not the root of a mounted volume.
   UINT DriveType(std::string_view root) const;
 
+  // Called with what the program writes to a file, as it writes it, under the lock of this object.
+  using Watcher = std::function<void(const std::string& path, std::string_view bytes)>;
+  void Watch(Watcher watcher);
+
   // Where relative paths start; the system directory at first.
   void SetCurrentFolder(std::string full_path);
 
@@ -89,8 +94,14 @@ class Files {
   std::shared_ptr<Node> Find(std::string_view path) const;  // null when there is none
   const Volume& VolumeFor(std::string_view path) const;
 
-  // Shared with the open files, which may outlive this.
-  const std::shared_ptr<std::mutex> mutex_;
+  // With the open files, which may outlive this.
+  struct Shared {
+    std::mutex mutex;
+    Watcher watcher;
+  };
+  friend class OpenFile;
+
+  const std::shared_ptr<Shared> shared_;
   std::string current_folder_ = "C:\\Windows\\system32";
   std::vector<std::shared_ptr<Volume>> volumes_;
   std::map<char, std::shared_ptr<Volume>> letters_;

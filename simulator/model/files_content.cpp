@@ -47,42 +47,42 @@ std::shared_ptr<Node> Files::Find(std::string_view path) const {
 }
 
 bool Files::Exists(std::string_view path) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   return Find(path) != nullptr;
 }
 
 void Files::MakeDirectories(std::string_view path) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   MakeBelow(VolumeFor(path), ParsePath(path, current_folder_).names, FILE_ATTRIBUTE_DIRECTORY);
 }
 
 void Files::Write(std::string_view path, std::string bytes) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
 }
 
 void Files::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   MakeBelow(volume, NamesBelowRoot(path), FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
 }
 
 std::optional<std::string> Files::Read(std::string_view path) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node || node->IsFolder()) return std::nullopt;
   return node->bytes;
 }
 
 std::optional<std::string> Files::ReadOn(const Volume& volume, std::string_view path) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = FindBelow(volume, NamesBelowRoot(path));
   if (!node || node->IsFolder()) return std::nullopt;
   return node->bytes;
 }
 
 void Files::SetAttributes(std::string_view path, DWORD attributes) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node) Unsupported("attributes of a missing file: " + std::string(path));
   node->attributes = (attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY)) |
@@ -90,7 +90,7 @@ void Files::SetAttributes(std::string_view path, DWORD attributes) {
 }
 
 std::vector<std::string> Files::List(std::string_view folder) const {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   std::vector<std::string> names;
   const std::shared_ptr<Node> node = Find(folder);
   if (!node) return names;
@@ -99,7 +99,7 @@ std::vector<std::string> Files::List(std::string_view folder) const {
 }
 
 void Files::Remove(std::string_view path) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   Place place;
   if (Locate(path, &place) != ERROR_SUCCESS || !place.node) return;
   if (!place.parent) Unsupported("removing the root " + std::string(path));

@@ -8,9 +8,9 @@
 namespace simulator {
 
 // Files holds the lock already when it makes one.
-OpenFile::OpenFile(std::shared_ptr<std::mutex> mutex, std::shared_ptr<Volume> volume,
+OpenFile::OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
                    std::shared_ptr<Node> node, std::string path, const OpenMode& mode)
-    : mutex_(std::move(mutex)),
+    : shared_(std::move(shared)),
       volume_(std::move(volume)),
       node_(std::move(node)),
       path_(std::move(path)),
@@ -20,7 +20,7 @@ OpenFile::OpenFile(std::shared_ptr<std::mutex> mutex, std::shared_ptr<Volume> vo
 }
 
 OpenFile::~OpenFile() {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   --node_->holders;
   if (mode_.alone) node_->held_alone = false;
 }
@@ -28,7 +28,7 @@ OpenFile::~OpenFile() {
 DWORD OpenFile::Read(char* buffer, size_t size, size_t* read) {
   *read = 0;
   if (!mode_.read) return ERROR_ACCESS_DENIED;
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   if (position_ >= node_->bytes.size()) return ERROR_SUCCESS;
   *read = node_->bytes.copy(buffer, size, position_);
   position_ += *read;
@@ -39,7 +39,7 @@ DWORD OpenFile::Write(std::string_view bytes, size_t* written) {
   *written = 0;
   if (!mode_.write) return ERROR_ACCESS_DENIED;
   if (bytes.empty()) return ERROR_SUCCESS;
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   std::string& stored = node_->bytes;
   if (mode_.append) position_ = stored.size();
 
@@ -55,16 +55,17 @@ DWORD OpenFile::Write(std::string_view bytes, size_t* written) {
   volume_->free -= stored.size() - old_size;
   position_ += fitting;
   *written = fitting;
+  if (shared_->watcher) shared_->watcher(path_, bytes.substr(0, fitting));
   return fitting == bytes.size() ? ERROR_SUCCESS : ERROR_DISK_FULL;
 }
 
 void OpenFile::StepBack() {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   if (position_ > 0) --position_;
 }
 
 void OpenFile::DropLast(char byte) {
-  const std::lock_guard lock(*mutex_);
+  const std::lock_guard lock(shared_->mutex);
   if (node_->bytes.empty() || node_->bytes.back() != byte) return;
   node_->bytes.pop_back();
   ++volume_->free;

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -18,7 +17,7 @@ namespace simulator {
 // Functions that can fail return a system error code. Thread-safe.
 class OpenFile {
  public:
-  OpenFile(std::shared_ptr<std::mutex> mutex, std::shared_ptr<Volume> volume,
+  OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
            std::shared_ptr<Node> node, std::string path, const OpenMode& mode);
   ~OpenFile();
   OpenFile(const OpenFile&) = delete;
@@ -41,7 +40,7 @@ class OpenFile {
   void DropLast(char byte);
 
  private:
-  const std::shared_ptr<std::mutex> mutex_;  // of Files
+  const std::shared_ptr<Files::Shared> shared_;
   const std::shared_ptr<Volume> volume_;
   const std::shared_ptr<Node> node_;
   const std::string path_;

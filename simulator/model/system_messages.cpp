@@ -43,7 +43,6 @@ constexpr Message kMessages[] = {
     {ERROR_DIRECTORY, "The directory name is invalid."},
     {ERROR_MR_MID_NOT_FOUND,
      "The system cannot find message text for message number 0x%1 in the message file for %2."},
-    {ERROR_ELEVATION_REQUIRED, "The requested operation requires elevation."},
     {ERROR_NO_UNICODE_TRANSLATION,
      "No mapping for the Unicode character exists in the target multi-byte code page."},
     {ERROR_NOT_ALL_ASSIGNED, "Not all privileges or groups referenced are assigned to the caller."},

@@ -13,7 +13,7 @@ namespace common {
 // Appends the pieces of `text` between occurrences of `separator` to `pieces`, which is not
 // cleared. A leading separator yields an empty first piece, two adjacent ones an empty piece
 // between them, a trailing one nothing; an empty text yields nothing. An empty separator never
-// matches: a text that is not empty is then one piece.
+// matches: a text that is not empty is then one piece. `text` is not to be one of `pieces`.
 void Split(std::string_view text, std::string_view separator, std::vector<std::string>& pieces);
 
 // Without blanks (0x20 only) at both ends.

@@ -2,6 +2,8 @@
 
 #include <time.h>
 
+#include <algorithm>
+
 #include "common/strings.h"
 
 namespace common {
@@ -14,10 +16,11 @@ tm LocalTime() {
   return local;
 }
 
-// The decimal digits of a number that is not negative, filled up with zeros on the left. Every
-// logged line asks for six of them: printf takes as long as all the rest of the line.
+// The decimal digits of a number, filled up with zeros on the left. Every logged line asks for six
+// of them, and printf takes as long for those as all the rest of the line takes. A clock that the
+// runtime cannot convert has fields of -1, which come out as zeros.
 void AppendPadded(std::string& text, int number, size_t width) {
-  const std::string digits = ToDecimal(static_cast<uint32_t>(number));
+  const std::string digits = ToDecimal(static_cast<uint32_t>(std::max(number, 0)));
   if (digits.size() < width) text.append(width - digits.size(), '0');
   text += digits;
 }

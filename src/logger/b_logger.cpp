@@ -36,16 +36,14 @@ const char* LevelName(LogLevel level) {
   return "Unknown";
 }
 
-// "[2024-03-05 08:07:06] [Info]  text": texts of all levels begin in the same column.
-std::string MakeLine(LogLevel level, const std::string& message) {
+// "[2024-03-05 08:07:06] [Info]  ": texts of the usual levels begin in the same column.
+std::string Prefix(LogLevel level) {
   const std::string_view name = LevelName(level);
-  std::string line = common::GetTimeStamp();
-  line.reserve(line.size() + name.size() + 5 + message.size());
-  line += " [";
-  line += name;
-  line += name.size() < 5 ? "]  " : "] ";
-  line += message;
-  return line;
+  std::string prefix = common::GetTimeStamp();
+  prefix += " [";
+  prefix += name;
+  prefix += name.size() < 5 ? "]  " : "] ";
+  return prefix;
 }
 
 void PrintOnConsole(LogLevel level, const std::string& text) {
@@ -150,18 +148,21 @@ void BLogger::SetExtra(const std::string& extra) {
 
 void BLogger::Log(LogLevel level, Copy copy, const char* format, va_list arguments) {
   if (!Handles(level)) return;
-  LogMessage(level, copy, common::FormatCut(kMaxMessage, format, arguments));
+  std::string line = Prefix(level);
+  line += common::FormatCut(kMaxMessage, format, arguments);
+  LogLine(level, copy, line);
 }
 
 void BLogger::Log(LogLevel level, Copy copy, const wchar_t* format, va_list arguments) {
   if (!Handles(level)) return;
-  LogMessage(level, copy, common::WideToNarrow(common::FormatCut(kMaxMessage, format, arguments)));
+  std::string line = Prefix(level);
+  line += common::WideToNarrow(common::FormatCut(kMaxMessage, format, arguments));
+  LogLine(level, copy, line);
 }
 
 bool BLogger::Handles(LogLevel level) const { return level <= threshold_; }
 
-void BLogger::LogMessage(LogLevel level, Copy copy, const std::string& message) {
-  const std::string line = MakeLine(level, message);
+void BLogger::LogLine(LogLevel level, Copy copy, const std::string& line) {
   WriteLine(level, line, copy);
   if (level == LogLevel::kError && enabled_) {
     const locker::LockScope scope(*lock_);

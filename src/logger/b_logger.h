@@ -71,7 +71,7 @@ class BLogger : public Logger {
   void Log(LogLevel level, Copy copy, const char* format, va_list arguments);
   void Log(LogLevel level, Copy copy, const wchar_t* format, va_list arguments);
   bool Handles(LogLevel level) const;
-  void LogMessage(LogLevel level, Copy copy, const std::string& message);
+  void LogLine(LogLevel level, Copy copy, const std::string& line);
   void WriteLine(LogLevel level, const std::string& line, Copy copy);
   // For both, the lock is held.
   bool OpenLogFile();

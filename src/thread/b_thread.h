@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 
 #include "thread/thread.h"
 
@@ -13,7 +14,8 @@ namespace thread {
 
 // Neither waits for its thread nor closes its handle when it goes: the program holds one such
 // object for its whole life. The flags and the exit code are read by any thread while the new one
-// writes them; whoever sees it finished sees its exit code.
+// writes them; whoever sees it finished sees its exit code. They live as long as the thread or the
+// object needs them, so an object that goes too early does no harm.
 class BThread : public Thread {
  public:
   [[nodiscard]] bool Start(Function function, void* argument) override;
@@ -21,14 +23,17 @@ class BThread : public Thread {
   bool IsFinished(uint32_t* exit_code) const override;
 
  private:
+  struct State {
+    std::atomic<bool> started = false;
+    std::atomic<bool> finished = false;
+    std::atomic<uint32_t> exit_code = 0xFFFFFFFF;
+  };
   struct StartBlock;
 
   static DWORD WINAPI Run(LPVOID parameter);
 
   HANDLE handle_ = nullptr;
-  std::atomic<bool> started_ = false;
-  std::atomic<bool> finished_ = false;
-  std::atomic<uint32_t> exit_code_ = 0xFFFFFFFF;
+  std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
 }  // namespace thread

@@ -16,8 +16,8 @@ class Thread {
   Thread& operator=(const Thread&) = delete;
   virtual ~Thread() = default;
 
-  // Returns once the new thread has begun; false when it cannot be made. The object must live until
-  // IsFinished is true. May be called again after that.
+  // Returns once the new thread has begun; false when it cannot be made. May be called again once
+  // IsFinished is true.
   [[nodiscard]] virtual bool Start(Function function, void* argument) = 0;
   virtual bool IsStarted() const = 0;
   // Stores the function's result in `exit_code`, which may be null; 0xFFFFFFFF until it is there.

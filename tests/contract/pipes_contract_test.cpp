@@ -34,14 +34,14 @@ class PipeContract : public HostTest {
         ErrorOf([&] { return ::ReadFile(read_end_.get(), buffer.data(), size, &count, nullptr); });
     if (error == ERROR_SUCCESS) return buffer.substr(0, count);
     EXPECT_EQ(count, 0u);
-    return "<" + std::to_string(error) + ">";
+    return '<' + std::to_string(error) + '>';
   }
 
   common::UniqueHandle read_end_;
   common::UniqueHandle write_end_;
 };
 
-const std::string kBroken = "<" + std::to_string(ERROR_BROKEN_PIPE) + ">";
+const std::string kBroken = '<' + std::to_string(ERROR_BROKEN_PIPE) + '>';
 
 TEST_F(PipeContract, GivesWhatWasWritten) {
   EXPECT_EQ(Write("abc"), ERROR_SUCCESS);

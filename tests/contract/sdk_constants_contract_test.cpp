@@ -91,9 +91,6 @@ static_assert(ERROR_INVALID_WINDOW_HANDLE == 1400);
 static_assert(ERROR_RESOURCE_NAME_NOT_FOUND == 1814);
 static_assert(ERROR_NOT_ENOUGH_QUOTA == 1816);
 static_assert(S_OK == 0);
-#ifdef ERROR_ELEVATION_REQUIRED  // mingw-w64 10 has no name for it
-static_assert(ERROR_ELEVATION_REQUIRED == 740);
-#endif
 
 // winnls.h
 static_assert(CP_ACP == 0);

@@ -63,13 +63,6 @@ TEST_F(SimulatedConsole, TracesNeitherPrintingNorTheDebugger) {
   EXPECT_EQ(server_.console().DebuggerTexts(), std::vector<std::string>{"y"});
 }
 
-TEST_F(SimulatedConsole, PassesTextOnToItsListener) {
-  std::string heard;
-  server_.console().Listen([&heard](WORD, std::string_view text) { heard += text; });
-  fputs("x", stdout);
-  EXPECT_EQ(heard, "x");
-}
-
 TEST_F(SimulatedConsole, KeepsTheLinesOfThreadsWhole) {
   const auto print = [] {
     for (int i = 0; i < 100; ++i) fprintf(stdout, "%s|%s\n", "left", "right");

@@ -256,6 +256,18 @@ TEST_F(SimulatedFiles, TellsTheDriveTypeOfRootsOnly) {
   EXPECT_EQ(files_.DriveType("{:\\"), UINT{DRIVE_NO_ROOT_DIR});
 }
 
+TEST_F(SimulatedFiles, TellTheirWatcherWhatIsWritten) {
+  std::string told;
+  files_.Watch([&told](const std::string& path, std::string_view bytes) {
+    told += path + ": " + std::string(bytes) + ";";
+  });
+  const auto file = Open("C:\\a", {.write = true, .creation = Creation::kCreateAlways});
+  size_t written = 0;
+  file->Write("one", &written);
+  file->Write("two", &written);
+  EXPECT_EQ(told, "C:\\a: one;C:\\a: two;");
+}
+
 TEST_F(SimulatedFiles, RemovesAFolderWithAllBelowIt) {
   files_.Write("C:\\a\\b\\c", "x");
   files_.Remove("C:\\a");

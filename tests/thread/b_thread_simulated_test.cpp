@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,22 @@ TEST(BThread, StartsAfterAStartThatFailed) {
   uint32_t exit_code = 0;
   EXPECT_TRUE(thread.IsFinished(&exit_code));
   EXPECT_EQ(exit_code, 5u);
+}
+
+TEST(BThread, MayGoBeforeItsThreadEnds) {
+  simulator::Server server;
+  std::atomic<bool> may_end = false;
+  {
+    BThread thread;
+    ASSERT_TRUE(thread.Start(
+        [](void* flag) {
+          while (!*static_cast<std::atomic<bool>*>(flag)) ::Sleep(1);
+          return 0u;
+        },
+        &may_end));
+  }
+  may_end = true;
+  server.threads().WaitForAll();
 }
 
 TEST(BThread, LeavesItsHandleOpen) {

@@ -87,8 +87,8 @@ DWORD WinUtil::ExecCommandWithResults(const std::string& application,
     write_end.release();
     return NonZero(error);
   }
-  const UniqueHandle process(process_handle);
   const UniqueHandle thread(thread_handle);
+  const UniqueHandle process(process_handle);
   ChildProcessList::Instance().Append(process.get());
 
   // The read end reports the end of the output once no other write end is open.

@@ -105,9 +105,9 @@ TEST_F(StartProcess, LeavesTheHandlesWhenItFails) {
 }
 
 TEST_F(StartProcess, LeavesTheLastErrorOfTheFailure) {
-  server_.calls().FailNext("CreateProcessA", ERROR_ELEVATION_REQUIRED);
+  server_.calls().FailNext("CreateProcessA", ERROR_BAD_EXE_FORMAT);
   EXPECT_FALSE(Start("", "tool"));
-  EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_ELEVATION_REQUIRED));
+  EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_BAD_EXE_FORMAT));
 }
 
 TEST_F(StartProcess, CutsTheCommandLine) {
@@ -121,6 +121,7 @@ TEST_F(StartProcess, EndsTheCommandLineAtAZeroByte) {
 }
 
 TEST_F(StartProcess, PassesTheApplicationNameOn) {
+  server_.files().MakeDirectories("C:\\tools");
   EXPECT_TRUE(Start("C:\\tools\\tool.exe", "x y"));
   EXPECT_EQ(server_.calls().ArgumentsOf("CreateProcessA"),
             Lines{"\"C:\\tools\\tool.exe\", \"x y\""});
