@@ -1,5 +1,4 @@
 // Command execution: a tool's exit code and everything it wrote.
-#include <cstring>
 #include <utility>
 
 #include "common/errors.h"
