@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr size_t kMegabyte = 1024 * 1024;
+constexpr size_t kMegabyte = size_t{1} << 20;
 
 // A tool that writes lines of 64 characters, a buffer full at a time.
 void InstallTool(simulator::Server& server, size_t megabytes) {

@@ -13,7 +13,7 @@ namespace {
 const std::string& Detail() {
   static const std::string text = [] {
     std::string lines;
-    while (lines.size() < 1024 * 1024) {
+    while (lines.size() < size_t{1} << 20) {
       lines +=
           "  Volume 3         Data         NTFS   Partition    100 GB  Healthy            \r\n";
     }

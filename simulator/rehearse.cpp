@@ -142,12 +142,12 @@ LPARAM RunProgram(Server& server) {
 // Copies the program's logs to the host and says where they lie. False when that failed.
 bool CopyLogs(Server& server, const std::filesystem::path& folder) {
   const std::string& program = server.system().program_path;
-  const std::string logs = program.substr(0, program.rfind('\\')) + "\\Logs";
+  const std::string logs = program.substr(0, program.rfind('\\')) + "\\Logs\\";
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   bool any = false;
   for (const std::string& name : server.files().List(logs)) {
-    const std::optional<std::string> text = server.files().Read(logs + "\\" + name);
+    const std::optional<std::string> text = server.files().Read(logs + name);
     if (!text) continue;
     const std::filesystem::path file = folder / name;
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);

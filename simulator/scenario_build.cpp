@@ -40,7 +40,7 @@ std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t 
                                     Files& files) {
   // The bare server's own volume, with Windows and the program on it.
   const bool is_system = description.letter == 'C';
-  const std::shared_ptr<Volume> volume = is_system ? files.VolumeAt('C') : files.AddVolume({});
+  std::shared_ptr<Volume> volume = is_system ? files.VolumeAt('C') : files.AddVolume({});
   volume->label = description.label;
   volume->file_system = description.file_system;
   volume->drive_type = description.drive_type;
@@ -79,7 +79,8 @@ void BuildDisks(const Scenario& scenario, Server& server) {
 // The tool, but for the calls that are to misbehave.
 Program Misbehaving(Program real, std::vector<ScenarioTool> calls) {
   const auto count = std::make_shared<std::atomic<int>>(0);
-  return [=](Server& server, ChildProcess& child) -> DWORD {
+  return [count, real = std::move(real), calls = std::move(calls)](Server& server,
+                                                                   ChildProcess& child) -> DWORD {
     const int call = ++*count;
     for (const ScenarioTool& tool : calls) {
       if (tool.call != call) continue;

@@ -49,7 +49,7 @@ FILE* OpenStream(const char* path, const std::string& mode, int share) {
   if (mode.find('+') != std::string::npos) host_mode += '+';
   FILE* const stream = fopencookie(file.get(), host_mode.c_str(),
                                    {ReadCookie, WriteCookie, SeekCookie, CloseCookie});
-  if (stream != nullptr) file.release();  // the stream's now, until CloseCookie
+  if (stream != nullptr) static_cast<void>(file.release());  // the stream's, until CloseCookie
   return stream;
 }
 

@@ -59,7 +59,7 @@ using LANGID = WORD;
 // A handle type of its own for each kind, as STRICT has them.
 #define DECLARE_HANDLE(name) \
   struct name##__;           \
-  using name = name##__*
+  using name = name##__* /* NOLINT(bugprone-macro-parentheses): a type */
 
 DECLARE_HANDLE(HWND);
 DECLARE_HANDLE(HINSTANCE);

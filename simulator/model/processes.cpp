@@ -21,9 +21,11 @@ void ChildProcess::WriteOutput(std::string_view bytes) { Write(output_, bytes); 
 void ChildProcess::WriteError(std::string_view bytes) { Write(error_, bytes); }
 
 void ChildProcess::Write(const std::shared_ptr<PipeWriteEnd>& standard, std::string_view bytes) {
-  std::unique_lock lock(mutex_);
-  const std::shared_ptr<PipeWriteEnd> end = standard;
-  lock.unlock();
+  std::shared_ptr<PipeWriteEnd> end;
+  {
+    const std::lock_guard lock(mutex_);
+    end = standard;
+  }
   if (end) end->Write(bytes, stop_.get_token());
 }
 

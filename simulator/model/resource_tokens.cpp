@@ -36,7 +36,7 @@ ResourceToken ResourceTokens::Next() {
   if (rest_.front() == '"') return Text();
   const size_t length = std::min(rest_.find_first_not_of(kWordCharacters), rest_.size());
   if (length == 0) {
-    const ResourceToken sign = Token(Kind::kSign, std::string(rest_.substr(0, 1)));
+    ResourceToken sign = Token(Kind::kSign, std::string(rest_.substr(0, 1)));
     Skip(1);
     return sign;
   }
@@ -83,7 +83,7 @@ ResourceToken ResourceTokens::Text() {
     const char next = i + 1 < rest_.size() ? rest_[i + 1] : '\n';
     if (rest_[i] == '"') {
       if (next != '"') {
-        const ResourceToken token = Token(Kind::kText, std::move(text));
+        ResourceToken token = Token(Kind::kText, std::move(text));
         Skip(i + 1);
         return token;
       }

@@ -92,7 +92,7 @@ std::string Utf8FromWide(std::wstring_view text) {
   std::string utf8;
   utf8.reserve(text.size());
   for (const wchar_t unit : text) {
-    const uint32_t value = static_cast<uint32_t>(unit);
+    const auto value = static_cast<uint32_t>(unit);  // NOLINT(*-signed-char*,cert-str34-c): no char
     const bool is_character = value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
     AppendCharacter(is_character ? value : static_cast<uint32_t>(kReplacement), utf8);
   }

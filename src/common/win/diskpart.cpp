@@ -21,7 +21,7 @@ std::string SelectPartition(uint32_t disk, bool second_partition) {
 
 std::string WinUtil::CreateScriptFile(const std::string& operation, const std::string& script) {
   const std::string folder = base_folder_.empty() ? GetTempDir() : JoinDir(base_folder_, "bin");
-  const std::string path = JoinPath(folder, operation + ".script." + ToDecimal(kStep));
+  std::string path = JoinPath(folder, operation + ".script." + ToDecimal(kStep));
   // The file is in text mode: each "\r\n" of a script becomes CR CR LF on disk, which diskpart
   // takes.
   if (CreateAndWriteFile(path, script)) return path;
