@@ -49,11 +49,24 @@ build() {
     cat "$log" >&2
     return 1
   fi
-  if ninja -C "$folder" -n "$@" 2>/dev/null | grep -q 'no work to do'; then return 0; fi
-  printf 'Building %s\n' "$preset"
-  if [ -t 1 ]; then
-    ninja -C "$folder" "$@"  # one line that counts
-  else
-    ninja -C "$folder" "$@" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
+  ninja -C "$folder" "$@" 2>&1 | tee "$log" | show_progress "$preset"
+  if [ "${PIPESTATUS[0]}" -ne 0 ]; then
+    cat "$log" >&2
+    return 1
   fi
+}
+
+# Reads ninja's lines. Says once that something is built; on a terminal it counts.
+show_progress() {
+  local line said=no
+  while IFS= read -r line; do
+    case $line in *' Building '* | *' Linking '*) ;; *) continue ;; esac
+    if [ -t 1 ]; then
+      printf '\r\033[KBuilding %s %s' "$1" "${line%% *}"
+    elif [ $said = no ]; then
+      printf 'Building %s\n' "$1"
+    fi
+    said=yes
+  done
+  if [ $said = yes ] && [ -t 1 ]; then printf '\n'; fi
 }
