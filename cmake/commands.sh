@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the commands at the root: the Debian packages that each of them needs, their
 # installation, and the build.
 

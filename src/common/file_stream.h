@@ -1,22 +1,24 @@
-// The program's file stream.
+// The program's file stream: a text file. The C runtime turns CR LF into LF as it reads and LF into
+// CR LF as it writes.
 #ifndef COMMON_FILE_STREAM_H_
 #define COMMON_FILE_STREAM_H_
 
 #ifdef _WIN32
+
 #include <fstream>
-#else
-#include <simulated_fstream.h>
-#endif
 
 namespace common {
-
-// A text file: the C runtime turns CR LF into LF as it reads and LF into CR LF as it writes.
-#ifdef _WIN32
 using FileStream = std::fstream;
-#else
-using FileStream = simulator::FileStream;
-#endif
+}
 
-}  // namespace common
+#else
+
+#include <simulated_fstream.h>
+
+namespace common {
+using FileStream = simulator::FileStream;
+}
+
+#endif
 
 #endif  // COMMON_FILE_STREAM_H_
