@@ -3,45 +3,20 @@
 
 #include <array>
 #include <cstdlib>
-#include <ostream>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "common/win/diskpart_output.h"
+#include "support/diskpart_results.h"
 
 namespace common::win {
 namespace {
 
-using Disks = std::vector<std::pair<int, int>>;  // number and size
-
-Disks ParsedDisks(const std::string& text) {
-  Disks disks;
-  for (const DiskpartInfo& disk : ParseDiskList(text)) {
-    disks.emplace_back(disk.DiskNumber, disk.SizeGB);
-  }
-  return disks;
-}
-
-struct Detail {
-  char letter;
-  bool has_volume;
-  bool operator==(const Detail&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Detail& detail) {
-  out << "{letter " << (detail.letter == 0 ? "none" : std::string(1, detail.letter));
-  return out << (detail.has_volume ? ", a volume}" : ", no volume}");
-}
-
-constexpr Detail kNothing{0, false};
-
-Detail ParsedDetail(const std::string& text) {
-  Detail detail{'?', true};  // both are set whatever comes in
-  ParseDiskDetail(text, detail.letter, detail.has_volume);
-  return detail;
-}
+using tests::Detail;
+using tests::Disks;
+using tests::kNothing;
+using tests::ParsedDetail;
+using tests::ParsedDisks;
 
 std::vector<std::string> Cut(const std::string& text, const std::string& separator) {
   std::vector<std::string> pieces;

@@ -4,45 +4,20 @@
 
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "support/diskpart_results.h"
 #include "support/samples.h"
 
 namespace common::win {
 namespace {
 
-using Disks = std::vector<std::pair<int, int>>;  // number and size
-
-Disks ParsedDisks(const std::string& text) {
-  Disks disks;
-  for (const DiskpartInfo& disk : ParseDiskList(text)) {
-    EXPECT_EQ(disk.Letter, 0);
-    EXPECT_FALSE(disk.HasVolume);
-    disks.emplace_back(disk.DiskNumber, disk.SizeGB);
-  }
-  return disks;
-}
-
-struct Detail {
-  char letter;
-  bool has_volume;
-  bool operator==(const Detail&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Detail& detail) {
-  out << "{letter " << (detail.letter == 0 ? "none" : std::string(1, detail.letter));
-  return out << (detail.has_volume ? ", a volume}" : ", no volume}");
-}
-
-constexpr Detail kNothing{0, false};
-constexpr Detail kLetterless{0, true};
-
-Detail ParsedDetail(const std::string& text) {
-  Detail detail{'?', true};  // both are set whatever comes in
-  ParseDiskDetail(text, detail.letter, detail.has_volume);
-  return detail;
-}
+using tests::Detail;
+using tests::Disks;
+using tests::kLetterless;
+using tests::kNothing;
+using tests::ParsedDetail;
+using tests::ParsedDisks;
 
 // What the disk tool of many versions and languages printed.
 
