@@ -1,4 +1,4 @@
-// Texts of system error codes, and the memory that they come in.
+// Texts of system error codes.
 #include <windows.h>
 
 #include <algorithm>
@@ -32,13 +32,4 @@ DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID, DWORD message_id, DWORD langua
   *block = static_cast<char*>(simulator::AllocateLocal(std::max<size_t>(size, text.size() + 1)));
   std::copy(text.begin(), text.end(), *block);
   return call.Succeed(static_cast<DWORD>(text.size()));
-}
-
-HLOCAL WINAPI LocalFree(HLOCAL memory) {
-  Call call("LocalFree", memory);
-  if (call.fails()) return memory;
-  if (memory != nullptr && !simulator::FreeLocal(memory)) {
-    return call.Fail(memory, ERROR_INVALID_HANDLE);
-  }
-  return call.Succeed(static_cast<HLOCAL>(nullptr));
 }

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "simulator/api/call.h"
+#include "simulator/api/narrow_path.h"
+#include "simulator/model/utf8.h"
 
 using simulator::Call;
 
@@ -13,6 +15,38 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_PATH_NOT_FOUND);
   return call.Done(call.server().files().Delete(path));
+}
+
+DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
+  Call call("GetFileAttributesW", path);
+  if (call.fails()) return INVALID_FILE_ATTRIBUTES;
+  if (path == nullptr) return call.Fail(INVALID_FILE_ATTRIBUTES, ERROR_PATH_NOT_FOUND);
+  DWORD attributes = 0;
+  const DWORD error = call.server().files().Attributes(simulator::Utf8FromWide(path), &attributes);
+  if (error != ERROR_SUCCESS) return call.Fail(INVALID_FILE_ATTRIBUTES, error);
+  return call.Succeed(attributes);
+}
+
+BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes) {
+  Call call("SetFileAttributesA", path, attributes);
+  if (call.fails()) return FALSE;
+  const DWORD error = simulator::CheckNarrowPath(path);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  return call.Done(call.server().files().ChangeAttributes(path, attributes));
+}
+
+DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* file_part) {
+  if (file_part != nullptr) simulator::Unsupported("GetFullPathNameW: the file part");
+  Call call("GetFullPathNameW", path, size);
+  if (call.fails()) return 0;
+  if (path == nullptr) return call.Fail(0u, ERROR_INVALID_NAME);
+  const std::wstring full =
+      simulator::WideFromUtf8(call.server().files().FullPath(simulator::Utf8FromWide(path)));
+  if (full.empty()) return call.Fail(0u, ERROR_INVALID_NAME);
+  if (size <= full.size()) return call.Succeed(static_cast<DWORD>(full.size() + 1));
+  if (buffer == nullptr) return call.Fail(0u, ERROR_INVALID_PARAMETER);
+  std::copy_n(full.c_str(), full.size() + 1, buffer);
+  return call.Succeed(static_cast<DWORD>(full.size()));
 }
 
 UINT WINAPI GetDriveTypeA(LPCSTR root_path) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/model/open_node.h"
 #include "simulator/model/pipe.h"
 #include "simulator/model/unsupported.h"
 
@@ -44,6 +45,7 @@ BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes_to_read, LPDWORD by
   *bytes_read = 0;
   if (call.fails()) return FALSE;
   const simulator::Handles& handles = call.server().handles();
+  if (handles.Find<simulator::OpenNode>(file)) Unsupported("ReadFile: of a file");
   const auto end = handles.Find<PipeReadEnd>(file);
   if (!end) {
     return call.Done(handles.Find<PipeWriteEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);
@@ -63,6 +65,7 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD bytes_to_write, LPDWORD
   *bytes_written = 0;
   if (call.fails()) return FALSE;
   const simulator::Handles& handles = call.server().handles();
+  if (handles.Find<simulator::OpenNode>(file)) Unsupported("WriteFile: to a file");
   const auto end = handles.Find<PipeWriteEnd>(file);
   if (!end) {
     return call.Done(handles.Find<PipeReadEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);

@@ -62,6 +62,11 @@ void WINAPI NativeSystemInfo(LPSYSTEM_INFO info) {
 using simulator::Call;
 using simulator::Unsupported;
 
+// Cannot fail, so it is neither numbered nor traced. Starts anew every 49.7 days.
+DWORD WINAPI GetTickCount() {
+  return static_cast<DWORD>(simulator::Server::Current().clock().ReadTicks());
+}
+
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version) {
   if (version == nullptr) Unsupported("GetVersionExA: nowhere to put it");
   const DWORD size = version->dwOSVersionInfoSize;

@@ -92,9 +92,14 @@ using LPSYSTEM_INFO = SYSTEM_INFO*;
 #define DRIVE_CDROM 5
 #define DRIVE_RAMDISK 6
 
-#define FILE_ATTRIBUTE_READONLY 0x00000001
-#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
-#define FILE_ATTRIBUTE_ARCHIVE 0x00000020
+#define INVALID_FILE_ATTRIBUTES (static_cast<DWORD>(-1))
+#define OPEN_EXISTING 3
+#define FILE_FLAG_OPEN_REPARSE_POINT 0x00200000
+#define FILE_FLAG_BACKUP_SEMANTICS 0x02000000
+
+#define LMEM_FIXED 0x0000
+#define LMEM_ZEROINIT 0x0040
+#define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
 
 #define FORMAT_MESSAGE_ALLOCATE_BUFFER 0x00000100
 #define FORMAT_MESSAGE_IGNORE_INSERTS 0x00000200
@@ -132,6 +137,7 @@ DWORD WINAPI GetLastError();
 void WINAPI SetLastError(DWORD error);
 DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID source, DWORD message_id, DWORD language_id,
                             LPSTR buffer, DWORD size, void* arguments);
+HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size);
 HLOCAL WINAPI LocalFree(HLOCAL memory);
 void WINAPI OutputDebugStringA(LPCSTR text);
 
@@ -142,12 +148,34 @@ BOOL WINAPI AdjustTokenPrivileges(HANDLE token, BOOL disable_all, PTOKEN_PRIVILE
                                   DWORD buffer_length, PTOKEN_PRIVILEGES previous_state,
                                   PDWORD return_length);
 
+// Security identifiers and descriptors.
+BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid, LPDWORD sid_size,
+                               LPSTR domain_name, LPDWORD domain_name_size, PSID_NAME_USE use);
+DWORD WINAPI GetLengthSid(PSID sid);
+BOOL WINAPI CopySid(DWORD size, PSID destination, PSID source);
+BOOL WINAPI MakeAbsoluteSD(PSECURITY_DESCRIPTOR self_relative, PSECURITY_DESCRIPTOR absolute,
+                           LPDWORD absolute_size, PACL dacl, LPDWORD dacl_size, PACL sacl,
+                           LPDWORD sacl_size, PSID owner, LPDWORD owner_size, PSID primary_group,
+                           LPDWORD primary_group_size);
+
 // Files and drives.
+HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD desired_access, DWORD share_mode,
+                          LPSECURITY_ATTRIBUTES attributes, DWORD creation_disposition,
+                          DWORD flags_and_attributes, HANDLE template_file);
+BOOL WINAPI DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD input_size,
+                            LPVOID output, DWORD output_size, LPDWORD bytes_returned,
+                            LPOVERLAPPED overlapped);
+BOOL WINAPI CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES attributes);
+BOOL WINAPI RemoveDirectoryA(LPCSTR path);
+BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes);
+DWORD WINAPI GetFileAttributesW(LPCWSTR path);
+DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* file_part);
 BOOL WINAPI DeleteFileA(LPCSTR path);
 UINT WINAPI GetDriveTypeA(LPCSTR root_path);
 DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer);
 
 // System facts.
+DWORD WINAPI GetTickCount();
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version);
 UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size);
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size);

@@ -7,6 +7,7 @@
 #include <wincon.h>
 #include <windef.h>
 #include <winerror.h>
+#include <winioctl.h>
 #include <winnls.h>
 #include <winnt.h>
 #include <winuser.h>

@@ -7,8 +7,8 @@ namespace simulator {
 
 std::optional<uint32_t> Calls::Enter(std::string_view name, std::string arguments) {
   const std::lock_guard lock(mutex_);
-  const int number = static_cast<int>(trace_.size()) + 1;
-  trace_.push_back({number, std::string(name), std::move(arguments)});
+  const int number = ++count_;
+  if (keeps_trace_) trace_.push_back({number, std::string(name), std::move(arguments)});
 
   // Every fault of that name counts the call; the one set first decides.
   std::optional<uint32_t> due;
@@ -31,7 +31,7 @@ std::optional<uint32_t> Calls::Enter(std::string_view name, std::string argument
 
 void Calls::FailNumber(int number, uint32_t error, Lasting lasting) {
   const std::lock_guard lock(mutex_);
-  const bool is_past = number <= static_cast<int>(trace_.size());
+  const bool is_past = number <= count_;
   if (is_past && lasting == Lasting::kOnce) return;
   faults_.push_back({std::max(number, 1), {}, 1, error, lasting});
 }
@@ -44,6 +44,11 @@ void Calls::FailNext(std::string_view name, uint32_t error, int occurrence, Last
 void Calls::ClearFaults() {
   const std::lock_guard lock(mutex_);
   faults_.clear();
+}
+
+void Calls::KeepTrace(bool keep) {
+  const std::lock_guard lock(mutex_);
+  keeps_trace_ = keep;
 }
 
 std::vector<TracedCall> Calls::Trace() const {
@@ -62,7 +67,7 @@ std::vector<std::string> Calls::ArgumentsOf(std::string_view name) const {
 
 int Calls::Count() const {
   const std::lock_guard lock(mutex_);
-  return static_cast<int>(trace_.size());
+  return count_;
 }
 
 }  // namespace simulator

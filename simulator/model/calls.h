@@ -33,6 +33,8 @@ class Calls {
                 Lasting lasting = Lasting::kOnce);
   void ClearFaults();
 
+  // Whether calls are kept from now on; they are at first. All are numbered and may fail.
+  void KeepTrace(bool keep);
   std::vector<TracedCall> Trace() const;
   // The arguments of every call of that name, in order.
   std::vector<std::string> ArgumentsOf(std::string_view name) const;
@@ -48,6 +50,8 @@ class Calls {
   };
 
   mutable std::mutex mutex_;
+  int count_ = 0;
+  bool keeps_trace_ = true;
   std::vector<TracedCall> trace_;
   std::vector<Fault> faults_;
 };

@@ -15,9 +15,14 @@ class Clock {
   void Set(int64_t milliseconds) { milliseconds_.store(milliseconds); }
   void Advance(int64_t milliseconds) { milliseconds_.fetch_add(milliseconds); }
 
+  // What GetTickCount reads. Every reading moves the clock on by the step, 0 at first.
+  int64_t ReadTicks() { return milliseconds_.fetch_add(step_.load()); }
+  void SetTickStep(int64_t milliseconds) { step_.store(milliseconds); }
+
  private:
   // 2024-03-05 08:07:06.
   std::atomic<int64_t> milliseconds_{1709626026000};
+  std::atomic<int64_t> step_{0};
 };
 
 }  // namespace simulator

@@ -3,26 +3,38 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/model/junction.h"
 #include "simulator/model/node.h"
-#include "simulator/model/open_file.h"
-#include "simulator/model/path_name.h"
+#include "simulator/model/security.h"
 
 namespace simulator {
 namespace {
 
 constexpr size_t kLongestPath = MAX_PATH - 1;
-constexpr size_t kLongestNewFolder = MAX_PATH - 13;  // room for an 8.3 name below it
-
-bool IsReadOnly(const Node& node) { return (node.attributes & FILE_ATTRIBUTE_READONLY) != 0; }
+constexpr int kMostJunctions = 63;  // on the way of one path
 
 char UpperLetter(char letter) {
   if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
   return letter >= 'A' && letter <= 'Z' ? letter : '\0';
 }
 
+// The path that a junction leads to, with the names that are left. Windows puts text to text.
+DWORD Redirect(const Node& junction, const PathName& path, size_t walked, std::string* onward) {
+  const std::optional<std::string> target = SubstituteName(junction.reparse_data);
+  if (!target) return ERROR_CANT_ACCESS_FILE;  // nobody handles such a reparse point
+  *onward = *target;
+  for (size_t i = walked; i < path.names.size(); ++i) {
+    if (!onward->ends_with('\\')) *onward += '\\';
+    *onward += path.names[i];
+  }
+  if (path.ends_in_separator && !onward->ends_with('\\')) *onward += '\\';
+  return ERROR_SUCCESS;
+}
+
 }  // namespace
 
-Files::Files() : shared_(std::make_shared<Shared>()) {}
+Files::Files(const Security& security)
+    : security_(security), inherited_(security.identity()), shared_(std::make_shared<Shared>()) {}
 Files::~Files() = default;
 
 std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
@@ -32,6 +44,7 @@ std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
     added->root->attributes = FILE_ATTRIBUTE_DIRECTORY;
   }
   const std::lock_guard lock(shared_->mutex);
+  inherited_.Complete(*added->root, inherited_.OfRoot());
   volumes_.push_back(added);
   return added;
 }
@@ -80,105 +93,61 @@ void Files::SetCurrentFolder(std::string full_path) {
   current_folder_ = std::move(full_path);
 }
 
-DWORD Files::Locate(std::string_view path, Place* place) const {
-  const PathName parsed = ParsePath(path, current_folder_);
-  if (parsed.length == 0 || parsed.length > kLongestPath) return ERROR_PATH_NOT_FOUND;
-  const auto volume = letters_.find(parsed.letter);
-  if (volume == letters_.end()) return ERROR_PATH_NOT_FOUND;
-  if (!std::all_of(parsed.names.begin(), parsed.names.end(), IsValidName)) {
-    return ERROR_INVALID_NAME;
+DWORD Files::Locate(std::string_view path, AtEnd at_end, Place* place) const {
+  PathName parsed = ParsePath(path, current_folder_);
+  if (parsed.error != ERROR_SUCCESS) return parsed.error;
+  const bool is_bounded = !parsed.verbatim;
+  const size_t length = parsed.length;
+  if (length == 0 || (is_bounded && length > kLongestPath)) return ERROR_PATH_NOT_FOUND;
+  for (int followed = 0; followed <= kMostJunctions; ++followed) {
+    std::string onward;
+    const DWORD error = Walk(parsed, at_end, place, &onward);
+    if (error != ERROR_SUCCESS) return error;
+    if (onward.empty()) {
+      place->bounded_length = is_bounded ? length : 0;
+      return ERROR_SUCCESS;
+    }
+    parsed = ParseNtPath(onward);
   }
+  return ERROR_CANT_RESOLVE_FILENAME;
+}
 
+DWORD Files::Walk(const PathName& path, AtEnd at_end, Place* place, std::string* onward) const {
+  if (path.error != ERROR_SUCCESS) return path.error;
+  const auto volume = letters_.find(path.letter);
+  if (volume == letters_.end()) return ERROR_PATH_NOT_FOUND;
+  if (!std::all_of(path.names.begin(), path.names.end(), IsValidName)) return ERROR_INVALID_NAME;
+
+  *place = {};
   place->volume = volume->second;
   place->node = volume->second->root;
-  place->ends_in_separator = parsed.ends_in_separator;
-  place->length = parsed.length;
-  for (const std::string& name : parsed.names) {
+  place->ends_in_separator = path.ends_in_separator;
+  for (size_t walked = 0;; ++walked) {
+    const bool is_end = walked == path.names.size();
+    if (place->node && !place->node->reparse_data.empty() &&
+        (!is_end || at_end == AtEnd::kFollow)) {
+      return Redirect(*place->node, path, walked, onward);
+    }
+    if (is_end) return ERROR_SUCCESS;
     if (!place->node || !place->node->IsFolder()) return ERROR_PATH_NOT_FOUND;
     place->parent = place->node;
-    place->node = place->parent->Child(name);
-    place->name = name;
+    place->name = path.names[walked];
+    place->node = place->parent->Child(place->name);
   }
-  return ERROR_SUCCESS;
 }
 
-DWORD Files::Attributes(std::string_view path, DWORD* attributes) const {
-  const std::lock_guard lock(shared_->mutex);
-  Place place;
-  const DWORD error = Locate(path, &place);
+DWORD Files::LocateExisting(std::string_view path, Place* place) const {
+  const DWORD error = Locate(path, AtEnd::kStay, place);
   if (error != ERROR_SUCCESS) return error;
-  if (!place.node) return ERROR_FILE_NOT_FOUND;
-  if (place.ends_in_separator && !place.node->IsFolder()) return ERROR_INVALID_NAME;
-  *attributes = place.node->attributes;
+  if (!place->node) return ERROR_FILE_NOT_FOUND;
+  if (place->ends_in_separator && !place->node->IsFolder()) return ERROR_INVALID_NAME;
   return ERROR_SUCCESS;
 }
 
-DWORD Files::MakeDirectory(std::string_view path) {
-  const std::lock_guard lock(shared_->mutex);
-  Place place;
-  const DWORD error = Locate(path, &place);
-  if (error != ERROR_SUCCESS) return error;
-  if (!place.parent) return ERROR_ACCESS_DENIED;
-  if (place.node) return ERROR_ALREADY_EXISTS;
-  if (place.length > kLongestNewFolder) return ERROR_FILENAME_EXCED_RANGE;
-  place.parent->AddChild(place.name, FILE_ATTRIBUTE_DIRECTORY);
-  return ERROR_SUCCESS;
-}
-
-DWORD Files::Delete(std::string_view path) {
-  const std::lock_guard lock(shared_->mutex);
-  Place place;
-  const DWORD error = Locate(path, &place);
-  if (error != ERROR_SUCCESS) return error;
-  if (!place.node) return ERROR_FILE_NOT_FOUND;
-  if (place.node->IsFolder()) return ERROR_ACCESS_DENIED;
-  if (place.ends_in_separator) return ERROR_INVALID_NAME;
-  if (place.node->holders > 0) return ERROR_SHARING_VIOLATION;
-  if (IsReadOnly(*place.node)) return ERROR_ACCESS_DENIED;
-  place.volume->free += place.node->bytes.size();
-  place.parent->children.erase(NameKey(place.name));
-  return ERROR_SUCCESS;
-}
-
-// Finds, makes or empties the file that is to be opened.
-DWORD Files::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<Node>* node) {
-  if (place.node && place.node->IsFolder()) {
-    return place.ends_in_separator ? ERROR_PATH_NOT_FOUND : ERROR_ACCESS_DENIED;
-  }
-  if (!place.node && mode.creation == Creation::kOpenExisting) return ERROR_FILE_NOT_FOUND;
-  if (place.ends_in_separator) return ERROR_INVALID_NAME;
-  if (!place.node) {
-    *node = place.parent->AddChild(place.name, FILE_ATTRIBUTE_ARCHIVE);
-    return ERROR_SUCCESS;
-  }
-  if (IsReadOnly(*place.node) && (mode.write || mode.creation == Creation::kCreateAlways)) {
-    return ERROR_ACCESS_DENIED;
-  }
-  if (place.node->held_alone || (mode.alone && place.node->holders > 0)) {
-    return ERROR_SHARING_VIOLATION;
-  }
-  *node = place.node;
-  if (mode.creation == Creation::kCreateAlways) {
-    place.volume->free += place.node->bytes.size();
-    place.node->bytes.clear();
-  }
-  return ERROR_SUCCESS;
-}
-
-DWORD Files::Open(std::string_view path, const OpenMode& mode, std::shared_ptr<OpenFile>* file) {
-  std::shared_ptr<OpenFile> opened;
-  {
-    const std::lock_guard lock(shared_->mutex);
-    Place place;
-    DWORD error = Locate(path, &place);
-    std::shared_ptr<Node> node;
-    if (error == ERROR_SUCCESS) error = Prepare(place, mode, &node);
-    if (error != ERROR_SUCCESS) return error;
-    opened = std::make_shared<OpenFile>(shared_, place.volume, node, std::string(path), mode);
-  }
-  // What `file` held before may be an open file, whose end takes the lock.
-  *file = std::move(opened);
-  return ERROR_SUCCESS;
+std::shared_ptr<Node> Files::Add(Node& parent, std::string_view name, DWORD attributes) {
+  std::shared_ptr<Node> node = parent.AddChild(name, attributes);
+  node->security = inherited_.Below(parent.security, node->IsFolder());
+  return node;
 }
 
 UINT Files::DriveType(std::string_view root) const {
@@ -186,6 +155,11 @@ UINT Files::DriveType(std::string_view root) const {
                        (root.size() == 2 || root[2] == '\\' || root[2] == '/');
   const std::shared_ptr<Volume> volume = is_root ? VolumeAt(root[0]) : nullptr;
   return volume ? volume->drive_type : DRIVE_NO_ROOT_DIR;
+}
+
+std::string Files::FullPath(std::string_view path) const {
+  const std::lock_guard lock(shared_->mutex);
+  return FullPathName(path, current_folder_);
 }
 
 }  // namespace simulator

@@ -16,14 +16,22 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/inherited_security.h"
+#include "simulator/model/path_name.h"
 #include "simulator/model/volume.h"
 
 namespace simulator {
 
+class Security;
 // A file that is open. Bytes as they lie on the disk; text mode is TextFile's work.
 class OpenFile;
+// A file or folder that a handle stands for.
+class OpenNode;
 
 enum class Creation { kOpenExisting, kCreateAlways, kOpenAlways };
 
@@ -35,13 +43,33 @@ struct OpenMode {
   Creation creation = Creation::kOpenExisting;
 };
 
+// What CreateFile asks for.
+struct HandleMode {
+  ACCESS_MASK access = 0;  // generic rights allowed
+  DWORD share = 0;
+  bool backup_semantics = false;
+  bool open_reparse_point = false;
+};
+
+// What SetNamedSecurityInfo sets. Only the parts that `information` names count.
+struct SecurityChange {
+  SECURITY_INFORMATION information = 0;
+  std::optional<Sid> owner;
+  std::optional<Sid> group;
+  std::optional<Acl> dacl;  // a null list without
+  std::optional<Acl> sacl;
+};
+
 class Files {
  public:
-  Files();
+  // `security` tells whom access is checked for; it outlives this.
+  explicit Files(const Security& security);
   ~Files();
 
   // Volumes and letters ('A' to 'Z'; either case is taken, upper case is given). A letter moves at
-  // any time: look-ups see it at once, open files keep their volume.
+  // any time: look-ups see it at once, open files keep their volume. A volume may come with a tree
+  // of its own under `root`: nodes without a descriptor get what their parents let inherit, a root
+  // the descriptor that Windows formats NTFS with. It need not be mounted; its nodes can be walked.
   std::shared_ptr<Volume> AddVolume(Volume volume);
   bool Mount(char letter, std::shared_ptr<Volume> volume);  // false when the letter is taken
   void Unmount(char letter);
@@ -49,11 +77,19 @@ class Files {
   std::optional<char> LetterOf(const Volume& volume) const;
   std::optional<char> FreeLetter() const;  // the first from C on
 
-  // What the calls of the program need.
+  // What the calls of the program need. Junctions on the way are followed; at the end of a path
+  // only opening follows them.
   DWORD Attributes(std::string_view path, DWORD* attributes) const;
-  DWORD MakeDirectory(std::string_view path);  // one level
-  DWORD Delete(std::string_view path);         // a file, neither read-only nor open
+  DWORD ChangeAttributes(std::string_view path, DWORD attributes);
+  DWORD MakeDirectory(std::string_view path);    // one level
+  DWORD RemoveDirectory(std::string_view path);  // an empty folder or a junction
+  DWORD Delete(std::string_view path);           // a file, neither read-only nor open
   DWORD Open(std::string_view path, const OpenMode& mode, std::shared_ptr<OpenFile>* file);
+  DWORD OpenHandle(std::string_view path, const HandleMode& mode, std::shared_ptr<OpenNode>* node);
+  DWORD SetReparsePoint(const OpenNode& node, std::string_view buffer);
+  // Passes on to all below what they inherit.
+  DWORD SetSecurity(std::string_view path, const SecurityChange& change);
+  std::string FullPath(std::string_view path) const;  // empty when there is none
   // DRIVE_NO_ROOT_DIR for what is not the root of a mounted volume.
   UINT DriveType(std::string_view root) const;
 
@@ -65,7 +101,8 @@ class Files {
   void SetCurrentFolder(std::string full_path);
 
   // For tests, scenarios and tools. Missing parents are made. What Windows would refuse ends the
-  // process, but for questions about what is not there.
+  // process, but for questions about what is not there and for rights, which nobody asks for.
+  // Junctions at the end of a path are not followed.
   bool Exists(std::string_view path) const;
   void MakeDirectories(std::string_view path);
   void Write(std::string_view path, std::string bytes);
@@ -77,7 +114,22 @@ class Files {
   std::vector<std::string> List(std::string_view folder) const;  // names, sorted
   void Remove(std::string_view path);                            // with all below it
 
+  // Of what lies there, with nothing passed on to what is below. A volume that is not NTFS keeps
+  // none.
+  void SetDescriptor(std::string_view path, const Descriptor& descriptor);
+  std::optional<Descriptor> DescriptorOf(std::string_view path) const;
+  // Makes a folder or takes an empty one. The target is a full path: "D:\Data".
+  void MakeJunction(std::string_view path, std::string_view target);
+  // "\??\D:\Data"; nothing when there is no junction.
+  std::optional<std::string> JunctionTarget(std::string_view path) const;
+
  private:
+  enum class AtEnd { kStay, kFollow };  // what a junction at the end of a path means
+
+  // What access is checked with besides descriptors: with the intent to back up or restore, the
+  // privileges for that count.
+  enum class Intent { kPlain, kBackup };
+
   // Where a path leads. Without a node there is a parent folder that lacks the last name.
   struct Place {
     std::shared_ptr<Volume> volume;
@@ -85,22 +137,42 @@ class Files {
     std::shared_ptr<Node> node;    // null when there is none
     std::string name;
     bool ends_in_separator = false;
-    size_t length = 0;  // of the full path
+    size_t bounded_length = 0;  // of the full path; 0 for a verbatim one
   };
 
   // These hold the lock already.
-  DWORD Locate(std::string_view path, Place* place) const;
+  DWORD Locate(std::string_view path, AtEnd at_end, Place* place) const;
+  // Stops at a junction that is to be followed and tells the path that it leads to.
+  DWORD Walk(const PathName& path, AtEnd at_end, Place* place, std::string* onward) const;
+  // What is there, as far as the path tells it from a file.
+  DWORD LocateExisting(std::string_view path, Place* place) const;
   DWORD Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<Node>* node);
+  DWORD Erase(const Place& place);
+  std::shared_ptr<Node> Add(Node& parent, std::string_view name, DWORD attributes);
+  std::shared_ptr<Node> MakeBelow(const Volume& volume, const std::vector<std::string>& names,
+                                  DWORD attributes);
   std::shared_ptr<Node> Find(std::string_view path) const;  // null when there is none
   const Volume& VolumeFor(std::string_view path) const;
+
+  // Whether the program has the rights. A parent may grant what the node does not.
+  bool May(const Place& place, ACCESS_MASK wanted, Intent intent) const;
+  bool May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Intent intent) const;
+  DWORD CheckChange(const Place& place, const SecurityChange& change) const;
+  using Passed = std::map<std::tuple<InheritedSecurity::Shared, InheritedSecurity::Shared, bool>,
+                          InheritedSecurity::Shared>;
+  void PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
+              Passed* passed);
 
   // With the open files, which may outlive this.
   struct Shared {
     std::mutex mutex;
     Watcher watcher;
   };
+  friend class Hold;
   friend class OpenFile;
 
+  const Security& security_;
+  InheritedSecurity inherited_;
   const std::shared_ptr<Shared> shared_;
   std::string current_folder_ = "C:\\Windows\\system32";
   std::vector<std::shared_ptr<Volume>> volumes_;

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "simulator/model/files.h"
+#include "simulator/model/junction.h"
 #include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/unsupported.h"
@@ -21,17 +22,20 @@ std::shared_ptr<Node> FindBelow(const Volume& volume, const std::vector<std::str
   return node;
 }
 
+}  // namespace
+
 // The node with that path, made with all its parents where they are missing.
-std::shared_ptr<Node> MakeBelow(const Volume& volume, const std::vector<std::string>& names,
-                                DWORD attributes) {
+std::shared_ptr<Node> Files::MakeBelow(const Volume& volume, const std::vector<std::string>& names,
+                                       DWORD attributes) {
   std::shared_ptr<Node> node = volume.root;
   for (size_t i = 0; i < names.size() && node; ++i) {
     const bool is_last = i + 1 == names.size();
     const std::string& name = names[i];
     if (!node->IsFolder()) Unsupported("a file or folder below a file: " + name);
+    if (!node->reparse_data.empty()) Unsupported("a file or folder below a junction: " + name);
     if (!IsValidName(name)) Unsupported("the file name " + name);
     const std::shared_ptr<Node> child = node->Child(name);
-    node = child ? child : node->AddChild(name, is_last ? attributes : FILE_ATTRIBUTE_DIRECTORY);
+    node = child ? child : Add(*node, name, is_last ? attributes : FILE_ATTRIBUTE_DIRECTORY);
   }
   if (!node || ((node->attributes ^ attributes) & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     Unsupported("a file in place of a folder, or a folder in place of a file");
@@ -39,11 +43,9 @@ std::shared_ptr<Node> MakeBelow(const Volume& volume, const std::vector<std::str
   return node;
 }
 
-}  // namespace
-
 std::shared_ptr<Node> Files::Find(std::string_view path) const {
   Place place;
-  return Locate(path, &place) == ERROR_SUCCESS ? place.node : nullptr;
+  return Locate(path, AtEnd::kStay, &place) == ERROR_SUCCESS ? place.node : nullptr;
 }
 
 bool Files::Exists(std::string_view path) const {
@@ -85,8 +87,8 @@ void Files::SetAttributes(std::string_view path, DWORD attributes) {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node) Unsupported("attributes of a missing file: " + std::string(path));
-  node->attributes = (attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY)) |
-                     (node->attributes & FILE_ATTRIBUTE_DIRECTORY);
+  constexpr DWORD kKept = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+  node->attributes = (attributes & ~kKept) | (node->attributes & kKept);
 }
 
 std::vector<std::string> Files::List(std::string_view folder) const {
@@ -101,9 +103,39 @@ std::vector<std::string> Files::List(std::string_view folder) const {
 void Files::Remove(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
-  if (Locate(path, &place) != ERROR_SUCCESS || !place.node) return;
+  if (Locate(path, AtEnd::kStay, &place) != ERROR_SUCCESS || !place.node) return;
   if (!place.parent) Unsupported("removing the root " + std::string(path));
   place.parent->children.erase(NameKey(place.name));
+}
+
+void Files::SetDescriptor(std::string_view path, const Descriptor& descriptor) {
+  const std::lock_guard lock(shared_->mutex);
+  const std::shared_ptr<Node> node = Find(path);
+  if (!node) Unsupported("the descriptor of a missing file: " + std::string(path));
+  node->security = std::make_shared<const Descriptor>(descriptor);
+}
+
+std::optional<Descriptor> Files::DescriptorOf(std::string_view path) const {
+  const std::lock_guard lock(shared_->mutex);
+  Place place;
+  if (Locate(path, AtEnd::kStay, &place) != ERROR_SUCCESS || !place.node) return std::nullopt;
+  if (!place.volume->KeepsNtfsData()) return std::nullopt;
+  return *place.node->security;
+}
+
+void Files::MakeJunction(std::string_view path, std::string_view target) {
+  const std::lock_guard lock(shared_->mutex);
+  const std::vector<std::string> names = ParsePath(path, current_folder_).names;
+  Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_DIRECTORY);
+  if (!node.children.empty()) Unsupported("a junction in place of a folder that is not empty");
+  node.reparse_data = JunctionBuffer(target);
+  node.attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+}
+
+std::optional<std::string> Files::JunctionTarget(std::string_view path) const {
+  const std::lock_guard lock(shared_->mutex);
+  const std::shared_ptr<Node> node = Find(path);
+  return node ? SubstituteName(node->reparse_data) : std::nullopt;
 }
 
 const Volume& Files::VolumeFor(std::string_view path) const {

@@ -9,22 +9,41 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/model/descriptor.h"
+
 namespace simulator {
 
-// Guarded by the lock of Files.
+// Who has a node open for its contents, and what all of them let others do.
+struct Sharing {
+  int holders = 0;
+  int readers = 0;
+  int writers = 0;
+  int deleters = 0;
+  int share_reading = 0;
+  int share_writing = 0;
+  int share_deleting = 0;
+};
+
+// Guarded by the lock of Files. Whoever builds a tree before it is added to Files sets the name,
+// the attributes and what he wants of the rest, and keys children by NameKey (AddChild does).
 struct Node {
   std::string name;  // as it was made; empty for a root
   DWORD attributes = FILE_ATTRIBUTE_ARCHIVE;
-  std::string bytes;                                      // of a file
+  std::string bytes;  // of a file
+  // Null only before the node is in a Files, which then makes the one that the parent lets inherit.
+  // Nodes share one that is the same.
+  std::shared_ptr<const Descriptor> security;
+  // The buffer of a reparse point as it was set, see junction.h; empty when the node is none.
+  // FILE_ATTRIBUTE_REPARSE_POINT goes with it.
+  std::string reparse_data;
   std::map<std::string, std::shared_ptr<Node>> children;  // of a folder, by NameKey
-  int holders = 0;                                        // how often the file is open
-  bool held_alone = false;                                // its one holder shares nothing
+  Sharing sharing;
 
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
   // Null when there is none.
   std::shared_ptr<Node> Child(std::string_view child) const;
-  // Makes one; there is none of that name yet.
+  // Makes one, without a descriptor; there is none of that name yet.
   std::shared_ptr<Node> AddChild(std::string_view child, DWORD child_attributes);
 };
 

@@ -7,30 +7,22 @@
 
 namespace simulator {
 
-// Files holds the lock already when it makes one.
 OpenFile::OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
-                   std::shared_ptr<Node> node, std::string path, const OpenMode& mode)
+                   std::unique_ptr<Hold> hold, std::string path, const OpenMode& mode)
     : shared_(std::move(shared)),
       volume_(std::move(volume)),
-      node_(std::move(node)),
+      hold_(std::move(hold)),
       path_(std::move(path)),
-      mode_(mode) {
-  ++node_->holders;
-  node_->held_alone = mode_.alone;
-}
+      mode_(mode) {}
 
-OpenFile::~OpenFile() {
-  const std::lock_guard lock(shared_->mutex);
-  --node_->holders;
-  if (mode_.alone) node_->held_alone = false;
-}
+OpenFile::~OpenFile() = default;
 
 DWORD OpenFile::Read(char* buffer, size_t size, size_t* read) {
   *read = 0;
   if (!mode_.read) return ERROR_ACCESS_DENIED;
   const std::lock_guard lock(shared_->mutex);
-  if (position_ >= node_->bytes.size()) return ERROR_SUCCESS;
-  *read = node_->bytes.copy(buffer, size, position_);
+  if (position_ >= hold_->Held().bytes.size()) return ERROR_SUCCESS;
+  *read = hold_->Held().bytes.copy(buffer, size, position_);
   position_ += *read;
   return ERROR_SUCCESS;
 }
@@ -40,7 +32,7 @@ DWORD OpenFile::Write(std::string_view bytes, size_t* written) {
   if (!mode_.write) return ERROR_ACCESS_DENIED;
   if (bytes.empty()) return ERROR_SUCCESS;
   const std::lock_guard lock(shared_->mutex);
-  std::string& stored = node_->bytes;
+  std::string& stored = hold_->Held().bytes;
   if (mode_.append) position_ = stored.size();
 
   const size_t gap = position_ > stored.size() ? position_ - stored.size() : 0;
@@ -66,8 +58,8 @@ void OpenFile::StepBack() {
 
 void OpenFile::DropLast(char byte) {
   const std::lock_guard lock(shared_->mutex);
-  if (node_->bytes.empty() || node_->bytes.back() != byte) return;
-  node_->bytes.pop_back();
+  if (hold_->Held().bytes.empty() || hold_->Held().bytes.back() != byte) return;
+  hold_->Held().bytes.pop_back();
   ++volume_->free;
 }
 

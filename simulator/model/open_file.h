@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "simulator/model/files.h"
+#include "simulator/model/open_node.h"
 
 namespace simulator {
 
@@ -18,7 +19,7 @@ namespace simulator {
 class OpenFile {
  public:
   OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
-           std::shared_ptr<Node> node, std::string path, const OpenMode& mode);
+           std::unique_ptr<Hold> hold, std::string path, const OpenMode& mode);
   ~OpenFile();
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
@@ -42,7 +43,7 @@ class OpenFile {
  private:
   const std::shared_ptr<Files::Shared> shared_;
   const std::shared_ptr<Volume> volume_;
-  const std::shared_ptr<Node> node_;
+  const std::unique_ptr<Hold> hold_;
   const std::string path_;
   const OpenMode mode_;
   size_t position_ = 0;

@@ -5,6 +5,7 @@
 
 #include "simulator/model/path_name.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/well_known_sids.h"
 
 namespace simulator {
 namespace {
@@ -62,9 +63,33 @@ DWORD NumberOf(std::string_view privilege) {
   return luid->LowPart;
 }
 
+const Sid kMachine{5, {21, 1801674531, 1417001333, 682003330}};
+
+Sid AccountOf(Sid domain, uint32_t number) {
+  domain.parts.push_back(number);
+  return domain;
+}
+
+// The integrity label is no group that a DACL is checked against, and so not among these.
+Identity AdministratorOf(const Sid& machine) {
+  constexpr uint32_t kAdministrator = 500;
+  constexpr uint32_t kNone = 513;  // the one group of a server's own accounts
+  Identity identity;
+  identity.user = AccountOf(machine, kAdministrator);
+  identity.primary_group = AccountOf(machine, kNone);
+  identity.groups = {identity.primary_group, kEveryone,       kLocal,
+                     kConsoleLogon,          kInteractive,    kAuthenticatedUsers,
+                     kThisOrganization,      kLocalAccount,   kLocalAdministrator,
+                     kNtlmAuthentication,    kAdministrators, kUsers};
+  identity.may_own = {kAdministrators};
+  identity.default_owner = kAdministrators;
+  return identity;
+}
+
 }  // namespace
 
-Security::Security() : enabled_({kChangeNotify}) {
+Security::Security()
+    : enabled_({kChangeNotify}), domains_({kMachine, {}}), identity_(AdministratorOf(kMachine)) {
   for (const Privilege& privilege : kPrivileges) {
     if (privilege.of_administrators) held_.insert(privilege.luid);
   }

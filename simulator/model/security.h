@@ -1,4 +1,4 @@
-// The access token of the simulated process.
+// The access token of the simulated process, and whom it speaks for.
 #ifndef SIMULATOR_MODEL_SECURITY_H_
 #define SIMULATOR_MODEL_SECURITY_H_
 
@@ -9,8 +9,11 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "simulator/model/access.h"
 #include "simulator/model/handles.h"
+#include "simulator/model/sddl_text.h"
 
 namespace simulator {
 
@@ -42,10 +45,18 @@ class Security {
   // False when the token does not hold it.
   bool SetEnabled(LUID privilege, bool enabled);
 
+  // The server's own Administrator, elevated. Neither changes while the program runs.
+  const Identity& identity() const { return identity_; }
+  const AccountDomains& domains() const { return domains_; }
+  // Without this the server is in no domain.
+  void JoinDomain(Sid domain) { domains_.domain = std::move(domain); }
+
  private:
   mutable std::mutex mutex_;
   std::set<DWORD> held_;  // low parts of LUIDs; the high parts are 0
   std::set<DWORD> enabled_;
+  AccountDomains domains_;
+  const Identity identity_;
 };
 
 }  // namespace simulator

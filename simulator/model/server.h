@@ -54,9 +54,9 @@ class Server {
   Clock clock_;
   Calls calls_;
   Handles handles_;
-  Files files_;
-  std::vector<Disk> disks_;
   Security security_;
+  Files files_{security_};
+  std::vector<Disk> disks_;
   Console console_;
   Desktop desktop_;
   // Last, so that they end first: what runs in them uses all of the above.

@@ -21,6 +21,9 @@ struct Volume {
   uint64_t free = UINT64_C(1) << 40;  // bytes that can still be written
   UINT drive_type = DRIVE_FIXED;
   std::shared_ptr<Node> root;  // made when it is added to Files
+
+  // Descriptors and reparse points are NTFS's alone.
+  bool KeepsNtfsData() const { return file_system == "NTFS"; }
 };
 
 }  // namespace simulator

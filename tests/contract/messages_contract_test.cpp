@@ -38,9 +38,10 @@ class MessageContract : public HostTest {
 
 TEST_F(MessageContract, EveryCodeOfTheHeadersHasATextWithALineEnd) {
   for (const DWORD code :
-       {0,   1,   2,   3,   4,   5,   6,    8,    14,   19,   21,   31,   32,
-        38,  39,  50,  80,  87,  109, 112,  122,  123,  126,  127,  145,  161,
-        183, 193, 206, 232, 267, 317, 1113, 1300, 1313, 1314, 1400, 1814, 1816}) {
+       {0,    1,    2,    3,    4,    5,    6,    8,    14,   19,   21,   31,   32,   38,
+        39,   50,   53,   80,   87,   109,  112,  122,  123,  126,  127,  145,  161,  183,
+        193,  206,  232,  267,  317,  1113, 1300, 1305, 1307, 1308, 1313, 1314, 1332, 1336,
+        1337, 1338, 1361, 1400, 1784, 1814, 1816, 1920, 1921, 4390, 4391, 4392, 4393, 4394}) {
     DWORD length = 0;
     const common::UniqueLocal<char> block = Message(code, &length);
     ASSERT_TRUE(block) << code;

@@ -1,8 +1,10 @@
 // Signatures: the same in the simulator's headers and in the SDK's.
 #include <windows.h>
 
+#include <aclapi.h>
 #include <direct.h>
 #include <io.h>
+#include <sddl.h>
 #include <shlobj.h>
 #include <shlwapi.h>
 #include <stdarg.h>
@@ -60,6 +62,7 @@ static_assert(std::is_same_v<decltype(&::SetLastError), void(WINAPI*)(DWORD)>);
 static_assert(std::is_same_v<decltype(::FormatMessageA(DWORD{}, LPCVOID{}, DWORD{}, DWORD{},
                                                        LPSTR{}, DWORD{}, nullptr)),
                              DWORD>);
+static_assert(std::is_same_v<decltype(&::LocalAlloc), HLOCAL(WINAPI*)(UINT, SIZE_T)>);
 static_assert(std::is_same_v<decltype(&::LocalFree), HLOCAL(WINAPI*)(HLOCAL)>);
 static_assert(std::is_same_v<decltype(&::OutputDebugStringA), void(WINAPI*)(LPCSTR)>);
 
@@ -70,10 +73,43 @@ static_assert(std::is_same_v<decltype(&::AdjustTokenPrivileges),
                              BOOL(WINAPI*)(HANDLE, BOOL, PTOKEN_PRIVILEGES, DWORD,
                                            PTOKEN_PRIVILEGES, PDWORD)>);
 
+static_assert(
+    std::is_same_v<decltype(&::LookupAccountNameA),
+                   BOOL(WINAPI*)(LPCSTR, LPCSTR, PSID, LPDWORD, LPSTR, LPDWORD, PSID_NAME_USE)>);
+static_assert(std::is_same_v<decltype(&::GetLengthSid), DWORD(WINAPI*)(PSID)>);
+static_assert(std::is_same_v<decltype(&::CopySid), BOOL(WINAPI*)(DWORD, PSID, PSID)>);
+static_assert(
+    std::is_same_v<decltype(&::MakeAbsoluteSD),
+                   BOOL(WINAPI*)(PSECURITY_DESCRIPTOR, PSECURITY_DESCRIPTOR, LPDWORD, PACL, LPDWORD,
+                                 PACL, LPDWORD, PSID, LPDWORD, PSID, LPDWORD)>);
+
+static_assert(std::is_same_v<decltype(&::ConvertStringSecurityDescriptorToSecurityDescriptorA),
+                             BOOL(WINAPI*)(LPCSTR, DWORD, PSECURITY_DESCRIPTOR*, PULONG)>);
+static_assert(std::is_same_v<decltype(&::ConvertSecurityDescriptorToStringSecurityDescriptorA),
+                             BOOL(WINAPI*)(PSECURITY_DESCRIPTOR, DWORD, SECURITY_INFORMATION,
+                                           LPSTR*, PULONG)>);
+
+static_assert(std::is_same_v<decltype(&::CreateFileW),
+                             HANDLE(WINAPI*)(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES, DWORD,
+                                             DWORD, HANDLE)>);
+static_assert(
+    std::is_same_v<decltype(&::DeviceIoControl), BOOL(WINAPI*)(HANDLE, DWORD, LPVOID, DWORD, LPVOID,
+                                                               DWORD, LPDWORD, LPOVERLAPPED)>);
+static_assert(
+    std::is_same_v<decltype(&::CreateDirectoryA), BOOL(WINAPI*)(LPCSTR, LPSECURITY_ATTRIBUTES)>);
+static_assert(std::is_same_v<decltype(&::RemoveDirectoryA), BOOL(WINAPI*)(LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::SetFileAttributesA), BOOL(WINAPI*)(LPCSTR, DWORD)>);
+static_assert(std::is_same_v<decltype(&::GetFileAttributesW), DWORD(WINAPI*)(LPCWSTR)>);
+static_assert(
+    std::is_same_v<decltype(&::GetFullPathNameW), DWORD(WINAPI*)(LPCWSTR, DWORD, LPWSTR, LPWSTR*)>);
+static_assert(std::is_same_v<decltype(&::SetNamedSecurityInfoA),
+                             DWORD(WINAPI*)(LPSTR, SE_OBJECT_TYPE, SECURITY_INFORMATION, PSID, PSID,
+                                            PACL, PACL)>);
 static_assert(std::is_same_v<decltype(&::DeleteFileA), BOOL(WINAPI*)(LPCSTR)>);
 static_assert(std::is_same_v<decltype(&::GetDriveTypeA), UINT(WINAPI*)(LPCSTR)>);
 static_assert(std::is_same_v<decltype(&::GetTempPathA), DWORD(WINAPI*)(DWORD, LPSTR)>);
 
+static_assert(std::is_same_v<decltype(&::GetTickCount), DWORD(WINAPI*)()>);
 static_assert(std::is_same_v<decltype(&::GetVersionExA), BOOL(WINAPI*)(LPOSVERSIONINFOA)>);
 static_assert(std::is_same_v<decltype(&::GetSystemDirectoryA), UINT(WINAPI*)(LPSTR, UINT)>);
 static_assert(

@@ -1,14 +1,20 @@
 // Constants: the same in the simulator's headers and in the SDK's.
 #include <windows.h>
 
+#include <accctrl.h>
 #include <gtest/gtest.h>
+#include <sddl.h>
 #include <share.h>
 #include <shlobj.h>
+#include <winioctl.h>
 
 #include <cstdint>
 #include <string_view>
 
 namespace {
+
+// sddl.h
+static_assert(SDDL_REVISION_1 == 1);
 
 // share.h
 static_assert(_SH_DENYRW == 0x10);
@@ -34,9 +40,31 @@ static_assert(DRIVE_FIXED == 3);
 static_assert(DRIVE_REMOTE == 4);
 static_assert(DRIVE_CDROM == 5);
 static_assert(DRIVE_RAMDISK == 6);
+static_assert(FILE_SHARE_READ == 0x00000001);
+static_assert(FILE_SHARE_WRITE == 0x00000002);
+static_assert(FILE_SHARE_DELETE == 0x00000004);
 static_assert(FILE_ATTRIBUTE_READONLY == 0x00000001);
+static_assert(FILE_ATTRIBUTE_HIDDEN == 0x00000002);
+static_assert(FILE_ATTRIBUTE_SYSTEM == 0x00000004);
 static_assert(FILE_ATTRIBUTE_DIRECTORY == 0x00000010);
 static_assert(FILE_ATTRIBUTE_ARCHIVE == 0x00000020);
+static_assert(FILE_ATTRIBUTE_NORMAL == 0x00000080);
+static_assert(FILE_ATTRIBUTE_TEMPORARY == 0x00000100);
+static_assert(FILE_ATTRIBUTE_REPARSE_POINT == 0x00000400);
+static_assert(FILE_ATTRIBUTE_OFFLINE == 0x00001000);
+static_assert(FILE_ATTRIBUTE_NOT_CONTENT_INDEXED == 0x00002000);
+static_assert(OPEN_EXISTING == 3);
+static_assert(FILE_FLAG_OPEN_REPARSE_POINT == 0x00200000);
+static_assert(FILE_FLAG_BACKUP_SEMANTICS == 0x02000000);
+static_assert(INVALID_FILE_ATTRIBUTES == 0xFFFFFFFF);
+static_assert(FSCTL_SET_REPARSE_POINT == 0x000900A4);
+static_assert(IO_REPARSE_TAG_MOUNT_POINT == 0xA0000003);
+static_assert(MAXIMUM_REPARSE_DATA_BUFFER_SIZE == 16384);
+static_assert(SE_UNKNOWN_OBJECT_TYPE == 0);
+static_assert(SE_FILE_OBJECT == 1);
+static_assert(LMEM_FIXED == 0x0000);
+static_assert(LMEM_ZEROINIT == 0x0040);
+static_assert(LPTR == 0x0040);
 static_assert(FORMAT_MESSAGE_ALLOCATE_BUFFER == 0x00000100);
 static_assert(FORMAT_MESSAGE_IGNORE_INSERTS == 0x00000200);
 static_assert(FORMAT_MESSAGE_FROM_SYSTEM == 0x00001000);
@@ -67,6 +95,7 @@ static_assert(ERROR_SHARING_VIOLATION == 32);
 static_assert(ERROR_HANDLE_EOF == 38);
 static_assert(ERROR_HANDLE_DISK_FULL == 39);
 static_assert(ERROR_NOT_SUPPORTED == 50);
+static_assert(ERROR_BAD_NETPATH == 53);
 static_assert(ERROR_FILE_EXISTS == 80);
 static_assert(ERROR_INVALID_PARAMETER == 87);
 static_assert(ERROR_BROKEN_PIPE == 109);
@@ -85,11 +114,27 @@ static_assert(ERROR_DIRECTORY == 267);
 static_assert(ERROR_MR_MID_NOT_FOUND == 317);
 static_assert(ERROR_NO_UNICODE_TRANSLATION == 1113);
 static_assert(ERROR_NOT_ALL_ASSIGNED == 1300);
+static_assert(ERROR_UNKNOWN_REVISION == 1305);
+static_assert(ERROR_INVALID_OWNER == 1307);
+static_assert(ERROR_INVALID_PRIMARY_GROUP == 1308);
 static_assert(ERROR_NO_SUCH_PRIVILEGE == 1313);
 static_assert(ERROR_PRIVILEGE_NOT_HELD == 1314);
+static_assert(ERROR_NONE_MAPPED == 1332);
+static_assert(ERROR_INVALID_ACL == 1336);
+static_assert(ERROR_INVALID_SID == 1337);
+static_assert(ERROR_INVALID_SECURITY_DESCR == 1338);
+static_assert(ERROR_BAD_DESCRIPTOR_FORMAT == 1361);
 static_assert(ERROR_INVALID_WINDOW_HANDLE == 1400);
+static_assert(ERROR_INVALID_USER_BUFFER == 1784);
 static_assert(ERROR_RESOURCE_NAME_NOT_FOUND == 1814);
 static_assert(ERROR_NOT_ENOUGH_QUOTA == 1816);
+static_assert(ERROR_CANT_ACCESS_FILE == 1920);
+static_assert(ERROR_CANT_RESOLVE_FILENAME == 1921);
+static_assert(ERROR_NOT_A_REPARSE_POINT == 4390);
+static_assert(ERROR_REPARSE_ATTRIBUTE_CONFLICT == 4391);
+static_assert(ERROR_INVALID_REPARSE_DATA == 4392);
+static_assert(ERROR_REPARSE_TAG_INVALID == 4393);
+static_assert(ERROR_REPARSE_TAG_MISMATCH == 4394);
 static_assert(S_OK == 0);
 
 // winnls.h
@@ -100,6 +145,97 @@ static_assert(TOKEN_QUERY == 0x0008);
 static_assert(TOKEN_ADJUST_PRIVILEGES == 0x0020);
 static_assert(SE_PRIVILEGE_ENABLED == 0x00000002);
 static_assert(ANYSIZE_ARRAY == 1);
+static_assert(DELETE == 0x00010000);
+static_assert(READ_CONTROL == 0x00020000);
+static_assert(WRITE_DAC == 0x00040000);
+static_assert(WRITE_OWNER == 0x00080000);
+static_assert(SYNCHRONIZE == 0x00100000);
+static_assert(STANDARD_RIGHTS_REQUIRED == 0x000F0000);
+static_assert(ACCESS_SYSTEM_SECURITY == 0x01000000);
+static_assert(GENERIC_READ == 0x80000000);
+static_assert(GENERIC_WRITE == 0x40000000);
+static_assert(GENERIC_EXECUTE == 0x20000000);
+static_assert(GENERIC_ALL == 0x10000000);
+static_assert(FILE_READ_DATA == 0x0001);
+static_assert(FILE_LIST_DIRECTORY == 0x0001);
+static_assert(FILE_WRITE_DATA == 0x0002);
+static_assert(FILE_ADD_FILE == 0x0002);
+static_assert(FILE_APPEND_DATA == 0x0004);
+static_assert(FILE_ADD_SUBDIRECTORY == 0x0004);
+static_assert(FILE_READ_EA == 0x0008);
+static_assert(FILE_WRITE_EA == 0x0010);
+static_assert(FILE_EXECUTE == 0x0020);
+static_assert(FILE_TRAVERSE == 0x0020);
+static_assert(FILE_DELETE_CHILD == 0x0040);
+static_assert(FILE_READ_ATTRIBUTES == 0x0080);
+static_assert(FILE_WRITE_ATTRIBUTES == 0x0100);
+static_assert(SID_REVISION == 1);
+static_assert(SID_MAX_SUB_AUTHORITIES == 15);
+static_assert(SECURITY_DESCRIPTOR_REVISION == 1);
+static_assert(ACL_REVISION == 2);
+static_assert(ACL_REVISION_DS == 4);
+static_assert(OWNER_SECURITY_INFORMATION == 0x00000001);
+static_assert(GROUP_SECURITY_INFORMATION == 0x00000002);
+static_assert(DACL_SECURITY_INFORMATION == 0x00000004);
+static_assert(SACL_SECURITY_INFORMATION == 0x00000008);
+static_assert(LABEL_SECURITY_INFORMATION == 0x00000010);
+static_assert(UNPROTECTED_SACL_SECURITY_INFORMATION == 0x10000000);
+static_assert(UNPROTECTED_DACL_SECURITY_INFORMATION == 0x20000000);
+static_assert(PROTECTED_SACL_SECURITY_INFORMATION == 0x40000000);
+static_assert(PROTECTED_DACL_SECURITY_INFORMATION == 0x80000000);
+static_assert(SE_OWNER_DEFAULTED == 0x0001);
+static_assert(SE_GROUP_DEFAULTED == 0x0002);
+static_assert(SE_DACL_PRESENT == 0x0004);
+static_assert(SE_DACL_DEFAULTED == 0x0008);
+static_assert(SE_SACL_PRESENT == 0x0010);
+static_assert(SE_SACL_DEFAULTED == 0x0020);
+static_assert(SE_DACL_AUTO_INHERIT_REQ == 0x0100);
+static_assert(SE_SACL_AUTO_INHERIT_REQ == 0x0200);
+static_assert(SE_DACL_AUTO_INHERITED == 0x0400);
+static_assert(SE_SACL_AUTO_INHERITED == 0x0800);
+static_assert(SE_DACL_PROTECTED == 0x1000);
+static_assert(SE_SACL_PROTECTED == 0x2000);
+static_assert(SE_SELF_RELATIVE == 0x8000);
+static_assert(ACCESS_ALLOWED_ACE_TYPE == 0x0);
+static_assert(ACCESS_DENIED_ACE_TYPE == 0x1);
+static_assert(SYSTEM_AUDIT_ACE_TYPE == 0x2);
+static_assert(SYSTEM_ALARM_ACE_TYPE == 0x3);
+static_assert(ACCESS_ALLOWED_OBJECT_ACE_TYPE == 0x5);
+static_assert(ACCESS_DENIED_OBJECT_ACE_TYPE == 0x6);
+static_assert(SYSTEM_AUDIT_OBJECT_ACE_TYPE == 0x7);
+static_assert(SYSTEM_ALARM_OBJECT_ACE_TYPE == 0x8);
+static_assert(ACCESS_ALLOWED_CALLBACK_ACE_TYPE == 0x9);
+static_assert(ACCESS_DENIED_CALLBACK_ACE_TYPE == 0xA);
+static_assert(ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE == 0xB);
+static_assert(ACCESS_DENIED_CALLBACK_OBJECT_ACE_TYPE == 0xC);
+static_assert(SYSTEM_AUDIT_CALLBACK_ACE_TYPE == 0xD);
+static_assert(SYSTEM_AUDIT_CALLBACK_OBJECT_ACE_TYPE == 0xF);
+static_assert(SYSTEM_MANDATORY_LABEL_ACE_TYPE == 0x11);
+static_assert(SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE == 0x12);
+static_assert(SYSTEM_SCOPED_POLICY_ID_ACE_TYPE == 0x13);
+static_assert(OBJECT_INHERIT_ACE == 0x01);
+static_assert(CONTAINER_INHERIT_ACE == 0x02);
+static_assert(NO_PROPAGATE_INHERIT_ACE == 0x04);
+static_assert(INHERIT_ONLY_ACE == 0x08);
+static_assert(INHERITED_ACE == 0x10);
+static_assert(SUCCESSFUL_ACCESS_ACE_FLAG == 0x40);
+static_assert(FAILED_ACCESS_ACE_FLAG == 0x80);
+static_assert(ACE_OBJECT_TYPE_PRESENT == 0x1);
+static_assert(ACE_INHERITED_OBJECT_TYPE_PRESENT == 0x2);
+static_assert(SYSTEM_MANDATORY_LABEL_NO_WRITE_UP == 0x1);
+static_assert(SYSTEM_MANDATORY_LABEL_NO_READ_UP == 0x2);
+static_assert(SYSTEM_MANDATORY_LABEL_NO_EXECUTE_UP == 0x4);
+static_assert(STANDARD_RIGHTS_READ == 0x00020000);
+static_assert(STANDARD_RIGHTS_WRITE == 0x00020000);
+static_assert(STANDARD_RIGHTS_EXECUTE == 0x00020000);
+static_assert(FILE_ALL_ACCESS == 0x001F01FF);
+static_assert(FILE_GENERIC_READ == 0x00120089);
+static_assert(FILE_GENERIC_WRITE == 0x00120116);
+static_assert(FILE_GENERIC_EXECUTE == 0x001200A0);
+static_assert(SidTypeUser == 1);
+static_assert(SidTypeAlias == 4);
+static_assert(SidTypeWellKnownGroup == 5);
+static_assert(SidTypeLabel == 10);
 static_assert(VER_PLATFORM_WIN32_NT == 2);
 static_assert(VER_NT_SERVER == 3);
 static_assert(PROCESSOR_ARCHITECTURE_INTEL == 0);
@@ -124,6 +260,8 @@ static_assert(MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT) == 0x0400);
 static_assert(MAKELANGID(0x04, 0x02) == 2052);
 static_assert(std::string_view(SE_BACKUP_NAME) == "SeBackupPrivilege");
 static_assert(std::string_view(SE_RESTORE_NAME) == "SeRestorePrivilege");
+static_assert(std::string_view(SE_SECURITY_NAME) == "SeSecurityPrivilege");
+static_assert(std::string_view(SE_TAKE_OWNERSHIP_NAME) == "SeTakeOwnershipPrivilege");
 
 TEST(SdkConstants, InvalidHandleIsAllOnes) {
   EXPECT_EQ(reinterpret_cast<intptr_t>(INVALID_HANDLE_VALUE), -1);

@@ -2,6 +2,7 @@
 // SDK's.
 #include <windows.h>
 
+#include <sddl.h>
 #include <time.h>
 
 #include <cstddef>
@@ -145,6 +146,47 @@ static_assert(sizeof(TOKEN_PRIVILEGES) == 16);
 static_assert(offsetof(TOKEN_PRIVILEGES, PrivilegeCount) == 0);
 static_assert(offsetof(TOKEN_PRIVILEGES, Privileges) == 4);
 static_assert(std::is_same_v<PTOKEN_PRIVILEGES, TOKEN_PRIVILEGES*>);
+
+static_assert(std::is_same_v<PSID, PVOID>);
+static_assert(std::is_same_v<PSECURITY_DESCRIPTOR, PVOID>);
+static_assert(std::is_same_v<ACCESS_MASK, DWORD>);
+static_assert(std::is_same_v<SECURITY_INFORMATION, DWORD>);
+static_assert(std::is_same_v<SECURITY_DESCRIPTOR_CONTROL, WORD>);
+static_assert(std::is_same_v<PULONG, ULONG*>);
+static_assert(std::is_same_v<PACL, ACL*>);
+static_assert(sizeof(SID) == 12);
+static_assert(offsetof(SID, Revision) == 0);
+static_assert(offsetof(SID, SubAuthorityCount) == 1);
+static_assert(offsetof(SID, IdentifierAuthority) == 2);
+static_assert(offsetof(SID, SubAuthority) == 8);
+static_assert(sizeof(SID_IDENTIFIER_AUTHORITY) == 6);
+static_assert(offsetof(SID_IDENTIFIER_AUTHORITY, Value) == 0);
+static_assert(sizeof(ACL) == 8);
+static_assert(offsetof(ACL, AclRevision) == 0);
+static_assert(offsetof(ACL, Sbz1) == 1);
+static_assert(offsetof(ACL, AclSize) == 2);
+static_assert(offsetof(ACL, AceCount) == 4);
+static_assert(offsetof(ACL, Sbz2) == 6);
+static_assert(sizeof(ACE_HEADER) == 4);
+static_assert(offsetof(ACE_HEADER, AceType) == 0);
+static_assert(offsetof(ACE_HEADER, AceFlags) == 1);
+static_assert(offsetof(ACE_HEADER, AceSize) == 2);
+static_assert(sizeof(SECURITY_DESCRIPTOR_RELATIVE) == 20);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Revision) == 0);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Sbz1) == 1);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Control) == 2);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Owner) == 4);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Group) == 8);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Sacl) == 12);
+static_assert(offsetof(SECURITY_DESCRIPTOR_RELATIVE, Dacl) == 16);
+static_assert(sizeof(SECURITY_DESCRIPTOR) == 40);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Revision) == 0);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Sbz1) == 1);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Control) == 2);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Owner) == 8);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Group) == 16);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Sacl) == 24);
+static_assert(offsetof(SECURITY_DESCRIPTOR, Dacl) == 32);
 
 static_assert(sizeof(OSVERSIONINFOA) == 148);
 static_assert(offsetof(OSVERSIONINFOA, dwOSVersionInfoSize) == 0);

@@ -36,6 +36,18 @@ inline constexpr char kLongPath[] =
     "Wine has no bound of its own for full paths, and says ERROR_FILENAME_EXCED_RANGE where "
     "Windows "
     "says ERROR_PATH_NOT_FOUND";
+inline constexpr char kNetworkPath[] =
+    "Wine looks for devices and network paths on the disk of its host, and says "
+    "ERROR_BAD_NET_NAME";
+inline constexpr char kEmptyFullPath[] = "Wine sets no last error when a path has no full one";
+
+// Files.
+inline constexpr char kArchiveAttribute[] =
+    "Wine makes FILE_ATTRIBUTE_ARCHIVE of the mode bits of its host";
+inline constexpr char kReparsePoints[] =
+    "Wine makes no reparse points: FSCTL_SET_REPARSE_POINT fails with ERROR_NOT_SUPPORTED";
+inline constexpr char kDescriptors[] =
+    "Wine keeps no more of a descriptor than the mode bits of its host, which do not bind root";
 
 // The C runtime.
 inline constexpr char kEmptyPathToOpen[] =
@@ -68,6 +80,30 @@ inline constexpr char kEmptyWrite[] =
     "Wine ignores a write of zero bytes to a pipe; the documentation of ReadFile tells of a read "
     "of "
     "zero bytes at the other end";
+
+// Security.
+inline constexpr char kCopySid[] = "Wine sets no last error when a SID does not fit";
+inline constexpr char kAbsoluteDescriptor[] =
+    "Wine says ERROR_INVALID_PARAMETER of a descriptor that is not self-relative; Windows "
+    "ERROR_BAD_DESCRIPTOR_FORMAT";
+
+// Security descriptors as text.
+inline constexpr char kEntryTypes[] =
+    "Wine reads no entries for objects, with conditions, with attributes and of policies";
+inline constexpr char kLabels[] = "Wine prints mandatory labels without their type";
+inline constexpr char kNewSidAliases[] = "Wine has no aliases of groups behind Windows Vista";
+inline constexpr char kAccountDomains[] =
+    "Wine takes the accounts of every domain for those of S-1-5-21-0-0-0";
+inline constexpr char kNullList[] = "Wine makes an empty list of NO_ACCESS_CONTROL";
+inline constexpr char kSaclFlags[] = "Wine keeps the flags of a SACL among those of the DACL";
+inline constexpr char kLowerCase[] = "Wine reads capitals only";
+inline constexpr char kPartTwice[] = "Wine takes the last of two owners or lists";
+inline constexpr char kEndOfList[] = "Wine ignores what stands behind a list and a blank";
+inline constexpr char kLongSid[] = "Wine reads SIDs of more parts than a SID may have";
+inline constexpr char kLargeAuthority[] = "Wine reads 32 bits of a SID's authority";
+inline constexpr char kNegativeRights[] = "Wine reads no negative numbers";
+inline constexpr char kNoSddl[] = "Wine sets no last error when there is no text";
+inline constexpr char kSddlErrors[] = "Wine has other codes for this wrong text";
 
 // Processes.
 inline constexpr char kTerminatedTwice[] =

@@ -34,6 +34,19 @@ TEST(Calls, KeepEveryCallInOrder) {
   EXPECT_EQ(calls.ArgumentsOf("A"), (std::vector<std::string>{"1", "3"}));
 }
 
+TEST(Calls, AreNumberedAndFailAlsoWhenTheyAreNotKept) {
+  Calls calls;
+  calls.KeepTrace(false);
+  calls.FailNumber(2, 5);
+  EXPECT_EQ(calls.Enter("A", "1"), std::nullopt);
+  EXPECT_EQ(calls.Enter("A", "2"), 5u);
+  calls.KeepTrace(true);
+  calls.Enter("A", "3");
+  EXPECT_EQ(calls.Count(), 3);
+  EXPECT_EQ(calls.ArgumentsOf("A"), std::vector<std::string>{"3"});
+  EXPECT_EQ(calls.Trace()[0].number, 3);
+}
+
 TEST(Calls, FailTheNumberedOne) {
   Calls calls;
   calls.FailNumber(4, 5);

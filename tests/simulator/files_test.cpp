@@ -123,6 +123,51 @@ TEST_F(SimulatedFiles, DeletesNoFolder) {
   EXPECT_EQ(files_.Delete("C:\\Windows"), DWORD{ERROR_ACCESS_DENIED});
 }
 
+TEST_F(SimulatedFiles, RemoveAnEmptyFolder) {
+  files_.MakeDirectories("C:\\a");
+  EXPECT_EQ(files_.RemoveDirectory("C:\\a\\"), DWORD{ERROR_SUCCESS});
+  EXPECT_FALSE(files_.Exists("C:\\a"));
+}
+
+TEST_F(SimulatedFiles, RemoveNoFolderThatIsNotEmptyOrReadOnly) {
+  files_.Write("C:\\a\\b", "x");
+  EXPECT_EQ(files_.RemoveDirectory("C:\\a"), DWORD{ERROR_DIR_NOT_EMPTY});
+  files_.MakeDirectories("C:\\c");
+  files_.SetAttributes("C:\\c", FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(files_.RemoveDirectory("C:\\c"), DWORD{ERROR_ACCESS_DENIED});
+  EXPECT_EQ(files_.RemoveDirectory("C:\\"), DWORD{ERROR_ACCESS_DENIED});
+}
+
+TEST_F(SimulatedFiles, RemoveNoFileAsAFolder) {
+  files_.Write("C:\\a", "x");
+  EXPECT_EQ(files_.RemoveDirectory("C:\\a"), DWORD{ERROR_DIRECTORY});
+  EXPECT_EQ(files_.RemoveDirectory("C:\\missing"), DWORD{ERROR_FILE_NOT_FOUND});
+}
+
+TEST_F(SimulatedFiles, ChangeAttributesThatCanBeSet) {
+  files_.Write("C:\\a", "x");
+  DWORD attributes = 0;
+  const auto set = [&](DWORD wanted) {
+    EXPECT_EQ(files_.ChangeAttributes("C:\\a", wanted), DWORD{ERROR_SUCCESS});
+    files_.Attributes("C:\\a", &attributes);
+    return attributes;
+  };
+  EXPECT_EQ(set(FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN), 3u);
+  EXPECT_EQ(set(0), DWORD{FILE_ATTRIBUTE_NORMAL});
+  EXPECT_EQ(set(FILE_ATTRIBUTE_NORMAL), DWORD{FILE_ATTRIBUTE_NORMAL});
+  EXPECT_EQ(set(0xFFFFFFFF), 0x3127u);  // the seven that Windows takes
+}
+
+TEST_F(SimulatedFiles, ChangeAttributesOfFoldersThatStayFolders) {
+  files_.MakeDirectories("C:\\a");
+  EXPECT_EQ(files_.ChangeAttributes("C:\\a", FILE_ATTRIBUTE_TEMPORARY),
+            DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(files_.ChangeAttributes("C:\\a", FILE_ATTRIBUTE_HIDDEN), DWORD{ERROR_SUCCESS});
+  DWORD attributes = 0;
+  files_.Attributes("C:\\a", &attributes);
+  EXPECT_EQ(attributes, DWORD{FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN});
+}
+
 TEST_F(SimulatedFiles, DeletesNoReadOnlyFile) {
   files_.Write("C:\\a", "x");
   files_.SetAttributes("C:\\a", FILE_ATTRIBUTE_READONLY);

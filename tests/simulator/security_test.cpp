@@ -5,8 +5,10 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <set>
 
 #include "simulator/model/server.h"
+#include "simulator/model/well_known_sids.h"
 
 namespace {
 
@@ -105,6 +107,26 @@ TEST_F(SecurityTest, OpensNoTokenOfAHandleThatIsNotOpen) {
   HANDLE token = nullptr;
   EXPECT_FALSE(::OpenProcessToken(nullptr, TOKEN_QUERY, &token));
   EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+}
+
+TEST_F(SecurityTest, SpeaksForTheServersOwnAdministrator) {
+  const simulator::Identity& identity = server_.security().identity();
+  simulator::Sid user = server_.security().domains().machine;
+  user.parts.push_back(500);
+  EXPECT_EQ(identity.user, user);
+  EXPECT_EQ(identity.default_owner, simulator::kAdministrators);
+  EXPECT_EQ(identity.may_own, std::set{simulator::kAdministrators});
+  EXPECT_TRUE(identity.groups.contains(simulator::kAdministrators));
+  EXPECT_TRUE(identity.groups.contains(identity.primary_group));
+  EXPECT_FALSE(identity.groups.contains(user));
+  EXPECT_TRUE(identity.deny_only.empty());
+}
+
+TEST_F(SecurityTest, IsInNoDomainUnlessItJoinsOne) {
+  EXPECT_FALSE(server_.security().domains().domain);
+  const simulator::Sid domain{5, {21, 4, 5, 6}};
+  server_.security().JoinDomain(domain);
+  EXPECT_EQ(server_.security().domains().domain, domain);
 }
 
 TEST_F(SecurityTest, FailsWhenFaultsAreDue) {

@@ -10,6 +10,14 @@ namespace {
 
 using simulator::Server;
 
+TEST(GetTickCount, CountsTheMillisecondsOfTheClockIn32Bits) {
+  Server server;
+  server.clock().Set(0x1'FFFF'FFFE);
+  EXPECT_EQ(::GetTickCount(), 0xFFFF'FFFEu);
+  server.clock().Advance(5);
+  EXPECT_EQ(::GetTickCount(), 3u);
+}
+
 TEST(GetVersionEx, FillsTheExtendedRecord) {
   Server server;
   server.system().service_pack = "Service Pack 2";

@@ -1,0 +1,70 @@
+// Accounts and their security identifiers.
+#include "simulator/model/accounts.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <string>
+
+#include "simulator/api/call.h"
+#include "simulator/model/unsupported.h"
+
+using simulator::Call;
+using simulator::Unsupported;
+
+namespace {
+
+// A byte says how many parts follow; nothing says where the memory ends.
+DWORD LengthOf(const void* sid) {
+  SID header;
+  std::memcpy(&header, sid, offsetof(SID, SubAuthority));
+  return static_cast<DWORD>(offsetof(SID, SubAuthority) + header.SubAuthorityCount * sizeof(DWORD));
+}
+
+}  // namespace
+
+BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid, LPDWORD sid_size,
+                               LPSTR domain_name, LPDWORD domain_name_size, PSID_NAME_USE use) {
+  if (system_name != nullptr) Unsupported("LookupAccountNameA: a system name");
+  if (account_name == nullptr || *account_name == '\0') Unsupported("LookupAccountNameA: no name");
+  if (sid_size == nullptr || domain_name_size == nullptr || use == nullptr) {
+    Unsupported("LookupAccountNameA: nowhere to put a size or the use");
+  }
+  const Call call("LookupAccountNameA", account_name, *sid_size, *domain_name_size);
+  if (call.fails()) return FALSE;
+  const std::optional<simulator::Account> account = simulator::FindAccount(
+      account_name, call.server().system(), call.server().security().domains());
+  if (!account) return call.Done(ERROR_NONE_MAPPED);
+
+  const std::string bytes = simulator::SidBytes(account->sid);
+  const DWORD length = static_cast<DWORD>(account->domain.size());
+  const bool fits = *sid_size >= bytes.size() && *domain_name_size > length;
+  *sid_size = static_cast<DWORD>(bytes.size());
+  // What is needed counts the terminator, what has been written does not.
+  *domain_name_size = fits ? length : length + 1;
+  if (!fits) return call.Done(ERROR_INSUFFICIENT_BUFFER);
+  if (sid == nullptr || domain_name == nullptr) Unsupported("LookupAccountNameA: no buffer");
+  std::copy(bytes.begin(), bytes.end(), static_cast<char*>(sid));
+  std::copy_n(account->domain.c_str(), length + size_t{1}, domain_name);
+  *use = account->use;
+  return call.Succeed(TRUE);
+}
+
+// Cannot fail, so it is neither numbered nor traced.
+DWORD WINAPI GetLengthSid(PSID sid) {
+  if (sid == nullptr) Unsupported("GetLengthSid: no SID");
+  return LengthOf(sid);
+}
+
+BOOL WINAPI CopySid(DWORD size, PSID destination, PSID source) {
+  if (source == nullptr) Unsupported("CopySid: no SID");
+  const DWORD length = LengthOf(source);
+  const Call call("CopySid", size);
+  if (call.fails()) return FALSE;
+  if (size < length) return call.Done(ERROR_INSUFFICIENT_BUFFER);
+  if (destination == nullptr) Unsupported("CopySid: no buffer");
+  std::memcpy(destination, source, length);
+  return call.Succeed(TRUE);
+}

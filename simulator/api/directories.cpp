@@ -1,0 +1,24 @@
+// Folders.
+#include <windows.h>
+
+#include "simulator/api/call.h"
+#include "simulator/api/narrow_path.h"
+
+using simulator::Call;
+
+BOOL WINAPI CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES attributes) {
+  if (attributes != nullptr) simulator::Unsupported("CreateDirectoryA: security attributes");
+  Call call("CreateDirectoryA", path);
+  if (call.fails()) return FALSE;
+  const DWORD error = simulator::CheckNarrowPath(path);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  return call.Done(call.server().files().MakeDirectory(path));
+}
+
+BOOL WINAPI RemoveDirectoryA(LPCSTR path) {
+  Call call("RemoveDirectoryA", path);
+  if (call.fails()) return FALSE;
+  const DWORD error = simulator::CheckNarrowPath(path);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  return call.Done(call.server().files().RemoveDirectory(path));
+}

@@ -1,0 +1,82 @@
+// Security descriptors of files by name.
+#include <windows.h>
+
+#include <aclapi.h>
+
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+#include "simulator/api/call.h"
+#include "simulator/model/unsupported.h"
+
+namespace simulator {
+namespace {
+
+constexpr SECURITY_INFORMATION kHonoured =
+    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
+    SACL_SECURITY_INFORMATION | UNPROTECTED_SACL_SECURITY_INFORMATION |
+    UNPROTECTED_DACL_SECURITY_INFORMATION | PROTECTED_SACL_SECURITY_INFORMATION |
+    PROTECTED_DACL_SECURITY_INFORMATION;
+
+// A SID and a list say themselves how long they are.
+std::optional<Sid> SidAt(PSID sid) {
+  constexpr size_t kFixed = offsetof(SID, SubAuthority);
+  if (sid == nullptr) return std::nullopt;
+  const char* const bytes = static_cast<const char*>(sid);
+  const auto count = static_cast<unsigned char>(bytes[offsetof(SID, SubAuthorityCount)]);
+  if (count > SID_MAX_SUB_AUTHORITIES) return std::nullopt;
+  return ReadSid(std::string_view(bytes, kFixed + count * sizeof(DWORD)));
+}
+
+std::optional<Acl> AclAt(PACL acl) {
+  WORD size = 0;
+  const char* const bytes = reinterpret_cast<const char*>(acl);
+  std::memcpy(&size, bytes + offsetof(ACL, AclSize), sizeof(size));
+  return ReadAcl(std::string_view(bytes, size));
+}
+
+// Nothing stands for a null list.
+DWORD ReadList(PACL given, std::optional<Acl>* list) {
+  if (given == nullptr) return ERROR_SUCCESS;
+  *list = AclAt(given);
+  return *list ? ERROR_SUCCESS : ERROR_INVALID_ACL;
+}
+
+}  // namespace
+}  // namespace simulator
+
+DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type,
+                                   SECURITY_INFORMATION information, PSID owner, PSID group,
+                                   PACL dacl, PACL sacl) {
+  using simulator::Call;
+  if (object_type != SE_FILE_OBJECT) {
+    simulator::Unsupported("SetNamedSecurityInfoA: what is no file");
+  }
+  if ((information & ~simulator::kHonoured) != 0) {
+    simulator::Unsupported("SetNamedSecurityInfoA: such information");
+  }
+  const Call call("SetNamedSecurityInfoA", object_name, information, owner, group,
+                  static_cast<const void*>(dacl), static_cast<const void*>(sacl));
+  // The code is the result; the last error tells nothing.
+  const auto result = [&call](DWORD error) { return call.Succeed(error); };
+  if (call.fails()) return result(::GetLastError());
+  if (object_name == nullptr) return result(ERROR_INVALID_PARAMETER);
+
+  simulator::SecurityChange change;
+  change.information = information;
+  DWORD error = ERROR_SUCCESS;
+  if ((information & OWNER_SECURITY_INFORMATION) != 0) change.owner = simulator::SidAt(owner);
+  if ((information & GROUP_SECURITY_INFORMATION) != 0) change.group = simulator::SidAt(group);
+  if ((information & DACL_SECURITY_INFORMATION) != 0) {
+    error = simulator::ReadList(dacl, &change.dacl);
+  }
+  if (error == ERROR_SUCCESS && (information & SACL_SECURITY_INFORMATION) != 0) {
+    error = simulator::ReadList(sacl, &change.sacl);
+  }
+  if (error == ERROR_SUCCESS) {
+    error = call.server().files().SetSecurity(object_name, change);
+  }
+  return result(error);
+}
