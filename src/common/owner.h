@@ -54,6 +54,14 @@ struct HandleTraits {
 };
 using UniqueHandle = Unique<HandleTraits>;
 
+// Handles whose failure value is INVALID_HANDLE_VALUE: files and folders.
+struct FileHandleTraits {
+  using Value = HANDLE;
+  static Value Empty() { return INVALID_HANDLE_VALUE; }
+  static void GiveBack(Value handle) { ::CloseHandle(handle); }
+};
+using UniqueFileHandle = Unique<FileHandleTraits>;
+
 // Memory that LocalFree gives back.
 template <typename Pointee>
 struct LocalTraits {

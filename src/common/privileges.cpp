@@ -5,25 +5,40 @@
 #include "common/owner.h"
 
 namespace common {
+namespace {
 
-int EnablePrivilege(const char* name) {
-  UniqueHandle token;
-  if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY,
-                          token.put())) {
-    return -1;
-  }
-  LUID luid{};
-  if (!::LookupPrivilegeValueA(nullptr, name, &luid)) return -2;
+constexpr DWORD kAccess = TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY;
 
+BOOL Adjust(HANDLE token, LUID luid, DWORD attributes) {
   TOKEN_PRIVILEGES privileges{};
   privileges.PrivilegeCount = 1;
   privileges.Privileges[0].Luid = luid;
-  privileges.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
-  if (!::AdjustTokenPrivileges(token.get(), FALSE, &privileges, 0, nullptr, nullptr)) {
+  privileges.Privileges[0].Attributes = attributes;
+  return ::AdjustTokenPrivileges(token, FALSE, &privileges, 0, nullptr, nullptr);
+}
+
+}  // namespace
+
+int EnablePrivilege(const char* name) {
+  UniqueHandle token;
+  if (!::OpenProcessToken(::GetCurrentProcess(), kAccess, token.put())) return -1;
+  LUID luid{};
+  if (!::LookupPrivilegeValueA(nullptr, name, &luid)) return -2;
+  if (!Adjust(token.get(), luid, SE_PRIVILEGE_ENABLED)) {
     token.release();  // the handle stays open
     return -3;
   }
   return 0;
+}
+
+bool SwitchPrivilege(const char* name, bool enabled) {
+  UniqueHandle token;
+  LUID luid{};
+  // The adjusting call succeeds when the token does not hold the privilege; its last error tells.
+  return ::OpenProcessToken(::GetCurrentProcess(), kAccess, token.put()) &&
+         ::LookupPrivilegeValueA(nullptr, name, &luid) &&
+         Adjust(token.get(), luid, enabled ? SE_PRIVILEGE_ENABLED : 0) &&
+         ::GetLastError() == ERROR_SUCCESS;
 }
 
 }  // namespace common

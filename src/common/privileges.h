@@ -11,6 +11,10 @@ namespace common {
 // https://learn.microsoft.com/windows/win32/api/securitybaseapi/nf-securitybaseapi-adjusttokenprivileges
 [[nodiscard]] int EnablePrivilege(const char* name);
 
+// Enables a privilege, or disables it. False when that fails, or when the token does not hold the
+// privilege. Leaves no handle open.
+[[nodiscard]] bool SwitchPrivilege(const char* name, bool enabled);
+
 }  // namespace common
 
 #endif  // COMMON_PRIVILEGES_H_

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "acl/prepare_dir.h"
 #include "common/files.h"
 #include "common/locations.h"
 #include "common/paths.h"
@@ -89,7 +90,7 @@ uint32_t RestoreThreadProc(void* argument) {
 }
 
 int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& volume_root,
-                      const std::string& /*prepare_dir*/) {
+                      const std::string& prepare_dir) {
   logger.Info("Modify Privilege...");
   if (common::EnablePrivilege("SeBackupPrivilege") != 0) {
     ui::ShowMessage(owner, MB_OK, "ModifyPrivilege 1 Failed.");
@@ -110,7 +111,13 @@ int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& vol
   const std::vector<std::string> roots =
       volume_root.empty() ? FixedVolumes() : std::vector<std::string>{volume_root};
   logger.InfoOut("Vantoro Restore Begin...\n");
-  const RestoreTotals totals{static_cast<int32_t>(roots.size()), 0};
+  RestoreTotals totals{static_cast<int32_t>(roots.size()), 0};
+  const double share = 100.0 / totals.total;
+  double progress = 0.0;
+  for (const std::string& root : roots) {
+    logger.InfoOut("Restore [%s]...", root.c_str());
+    if (acl::RestorePrepareDir(logger, progress, share, root, prepare_dir) != 0) ++totals.errors;
+  }
 
   DeleteStartupLinks(logger);
 

@@ -35,14 +35,14 @@ class StartupLinks : public testing::Test {
     if (state == State::kReadOnly) server_.files().SetAttributes(path, FILE_ATTRIBUTE_READONLY);
   }
 
-  // Runs and gives the lines between the last stage and the totals.
+  // Runs and gives the lines between the last volume and the totals.
   Lines Run() {
     EXPECT_EQ(RestoreWorker(logger_, nullptr, "e:\\", ""), 0);
     Lines lines = logger_.Lines();
     EXPECT_EQ(lines.back(), kTotals);
     lines.pop_back();
-    const std::string begin = "InfoOut: Vantoro Restore Begin...\n";
-    while (!lines.empty() && lines.front() != begin) lines.erase(lines.begin());
+    const std::string end = "Info: Prepare Dir [e:\\vantoro_prepare\\] Not Exsit, Skip...";
+    while (!lines.empty() && lines.front() != end) lines.erase(lines.begin());
     EXPECT_FALSE(lines.empty());
     lines.erase(lines.begin());
     return lines;

@@ -1,13 +1,16 @@
 // The restore worker.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "acl/acl_util.h"
 #include "restore/run.h"
 #include "simulator/model/server.h"
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
+#include "support/simulated_progress.h"
 
 namespace restore {
 namespace {
@@ -17,6 +20,9 @@ using Lines = std::vector<std::string>;
 // A server without a disk that the disk tool lists.
 class RestoreWorkerTest : public testing::Test {
  protected:
+  RestoreWorkerTest() { acl::ACLUtil::privileges_enabled = false; }
+  ~RestoreWorkerTest() override { acl::ACLUtil::privileges_enabled = false; }
+
   int32_t Run(const std::string& volume_root = "") {
     return RestoreWorker(logger_, window_, volume_root, "");
   }
@@ -60,8 +66,10 @@ TEST_F(RestoreWorkerTest, DoesEverythingInThisOrder) {
                  "Warn: RestoreDisks Get Diskpart Infos Failed.", "WarnOut: Restore Disks Error."},
                 {"_access", "GetDriveTypeA"},
                 Lines(24, "_access"),
-                {"InfoOut: Vantoro Restore Begin...\n", "SHGetSpecialFolderPathA",
-                 "PathFileExistsA", "GetModuleFileNameA", "PathRemoveFileSpecA", "PathFileExistsA",
+                {"InfoOut: Vantoro Restore Begin...\n", "InfoOut: Restore [c:\\]...", "_access",
+                 "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",
+                 "SHGetSpecialFolderPathA", "PathFileExistsA", "GetModuleFileNameA",
+                 "PathRemoveFileSpecA", "PathFileExistsA",
                  "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!"}}));
 }
 
@@ -70,6 +78,8 @@ TEST_F(RestoreWorkerTest, LogsASuccessfulRun) {
   EXPECT_EQ(logger_.LinesAboveDebug(),
             (Lines{"Info: Modify Privilege...", "InfoOut: Restore Disks Begin...",
                    "InfoOut: Restore Disks Done!", "InfoOut: Vantoro Restore Begin...\n",
+                   "InfoOut: Restore [c:\\]...",
+                   "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",
                    "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!"}));
   EXPECT_TRUE(server_.desktop().Boxes().empty());
 }
@@ -165,6 +175,7 @@ TEST_F(RestoreWorkerTest, VisitsTheLettersFromCToOneBehindZ) {
   for (int letter = 'c'; letter <= '{'; ++letter) {
     expected.push_back("\"" + std::string(1, static_cast<char>(letter)) + ":\\\", 0");
   }
+  expected.push_back("\"c:\\vantoro_prepare\\\", 0");
   EXPECT_EQ(server_.calls().ArgumentsOf("_access"), expected);
 }
 
@@ -220,8 +231,79 @@ TEST_F(RestoreWorkerTest, TakesAnOverrideUnasked) {
     EXPECT_EQ(Run(root), 0);
     EXPECT_EQ(LastLine(), "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!");
   }
-  EXPECT_EQ(server_.calls().ArgumentsOf("_access"), Lines{});
+  EXPECT_EQ(server_.calls().ArgumentsOf("_access"),
+            (Lines{"\"e:\\vantoro_prepare\\\", 0", "\"C:\\vantoro_prepare\\\", 0",
+                   "\"no root at allvantoro_prepare\\\", 0", "\"%s%nvantoro_prepare\\\", 0"}));
   EXPECT_EQ(server_.calls().ArgumentsOf("GetDriveTypeA"), Lines{});
+}
+
+// What each volume comes to.
+
+class Volumes : public RestoreWorkerTest {
+ protected:
+  // With empty backup files, which restore nothing and fail in no way.
+  void Prepare(char letter) {
+    const std::string root = std::string(1, letter) + ":\\";
+    for (const char* const name : {"juncbackup_", "aclbackup_"}) {
+      server_.files().Write(root + "vantoro_prepare\\" + name + letter + ".dat", "");
+    }
+  }
+
+  tests::ProgressDialog dialog_{server_};
+};
+
+TEST_F(Volumes, AreRestoredInTheOrderOfLetters) {
+  Mount('E', DRIVE_FIXED);
+  Mount('D', DRIVE_FIXED);
+  EXPECT_EQ(Run(), 0);
+  Lines told;
+  for (const std::string& line : logger_.Lines()) {
+    if (line.starts_with("InfoOut: Restore [")) told.push_back(line);
+  }
+  EXPECT_EQ(told, (Lines{"InfoOut: Restore [c:\\]...", "InfoOut: Restore [d:\\]...",
+                         "InfoOut: Restore [e:\\]..."}));
+}
+
+TEST_F(Volumes, ThatFailAreCountedAndStopNothing) {
+  Mount('D', DRIVE_FIXED);
+  Mount('E', DRIVE_FIXED);
+  Prepare('C');
+  server_.files().MakeDirectories("D:\\vantoro_prepare");
+  Prepare('E');
+  EXPECT_EQ(Run(), 1);
+  const Lines lines = logger_.Lines();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "Info: acl restore done!\n"), 2);
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "Error: junction restore failed, code=-1"), 1);
+  EXPECT_EQ(LastLine(), "InfoOut: Vantoro Restore Finish, Total 3 disks, Finish 2, Error 1!");
+}
+
+TEST_F(Volumes, MakeAFailedRunWhenTheOnlyOneFails) {
+  server_.files().MakeDirectories("C:\\vantoro_prepare");
+  EXPECT_EQ(Run(), 1);
+  EXPECT_EQ(LastLine(), "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 0, Error 1!");
+}
+
+TEST_F(Volumes, ShareTheProgressAlike) {
+  for (const char letter : {'D', 'E', 'F'}) Mount(letter, DRIVE_FIXED);
+  for (const char letter : {'C', 'D', 'F'}) Prepare(letter);
+  EXPECT_EQ(Run(), 0);
+  // A share of 25: three steps for each volume but E, which has no prepare folder; the next volume
+  // starts where the one before ended.
+  EXPECT_EQ(dialog_.Take(), (std::vector<double>{5, 25, 30, 35, 55, 60, 65, 85, 90}));
+}
+
+TEST_F(Volumes, TakeTheirBackupFilesFromTheFolderThatIsPassedThrough) {
+  server_.files().Write("C:\\other\\juncbackup_c.dat", "");
+  server_.files().Write("C:\\other\\aclbackup_c.dat", "");
+  EXPECT_EQ(RestoreWorker(logger_, window_, "", "C:\\other\\"), 0);
+  EXPECT_EQ(dialog_.Take(), (std::vector<double>{20, 100, 120}));
+}
+
+TEST_F(Volumes, LoseTheirPrivilegesBehindTheFirst) {
+  Prepare('C');
+  EXPECT_EQ(Run(), 0);
+  EXPECT_FALSE(server_.security().Enabled("SeBackupPrivilege"));
+  EXPECT_FALSE(server_.security().Enabled("SeRestorePrivilege"));
 }
 
 // The disk stage.
@@ -230,8 +312,8 @@ TEST_F(RestoreWorkerTest, OnlyLogsThatTheDiskStageFailed) {
   server_.processes().Uninstall("diskpart");
   EXPECT_EQ(Run(), 0);
   const Lines lines = logger_.LinesAboveDebug();
-  ASSERT_GE(lines.size(), 3U);
-  EXPECT_EQ(lines[lines.size() - 3], "WarnOut: Restore Disks Error.");
+  ASSERT_GE(lines.size(), 5U);
+  EXPECT_EQ(lines[lines.size() - 5], "WarnOut: Restore Disks Error.");
   EXPECT_EQ(LastLine(), "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!");
 }
 

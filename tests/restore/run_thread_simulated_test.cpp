@@ -86,7 +86,8 @@ TEST_F(RestoreThread, LogsTheWholeRun) {
   EXPECT_EQ(logger_.LinesAboveDebug(),
             (Lines{"InfoOut: Vantoro Restore Begin...", "Info: Modify Privilege...",
                    "InfoOut: Restore Disks Begin...", "InfoOut: Restore Disks Done!",
-                   "InfoOut: Vantoro Restore Begin...\n",
+                   "InfoOut: Vantoro Restore Begin...\n", "InfoOut: Restore [c:\\]...",
+                   "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",
                    "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!",
                    "DoneOut: Vantoro Restore Finished! time: 0s"}));
 }

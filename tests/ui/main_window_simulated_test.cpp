@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "acl/acl_util.h"
+#include "common/strings.h"
 #include "common/win/child_process_list.h"
 #include "restore/messages.h"
 #include "simulator/model/local_heap.h"
@@ -33,7 +35,10 @@ class StartRestore : public testing::Test {
     AddVolume('D', "E");
     AddVolume('E', "D");
   }
-  ~StartRestore() override { restore::SetDialog(nullptr); }
+  ~StartRestore() override {
+    restore::SetDialog(nullptr);
+    acl::ACLUtil::privileges_enabled = false;
+  }
 
   void AddVolume(char letter, const std::string& source) {
     const auto volume = server_.files().AddVolume({});
@@ -43,7 +48,11 @@ class StartRestore : public testing::Test {
 
   void AddDisk(std::shared_ptr<simulator::Volume> volume, const std::string& info,
                const std::string& source) {
-    server_.files().WriteOn(*volume, "vantoro_prepare\\backup_info", source + "\r\n");
+    const std::string letter = common::ToLowerAscii(source);
+    const std::string folder = "vantoro_prepare\\";
+    server_.files().WriteOn(*volume, folder + "backup_info", source + "\r\n\r\n\r\n1\r\n");
+    server_.files().WriteOn(*volume, folder + "juncbackup_" + letter + ".dat", "");
+    server_.files().WriteOn(*volume, folder + "aclbackup_" + letter + ".dat", "");
     simulator::Disk disk;
     disk.number = static_cast<int>(server_.disks().size());
     disk.size = 100 * kGB;
@@ -89,27 +98,51 @@ class StartRestore : public testing::Test {
   std::unique_ptr<MainWindow> main_window_ = std::make_unique<MainWindow>(window_);
 };
 
+// What the log tells of a volume of which nothing is to be restored.
+Lines RestoredVolume(const std::string& root) {
+  return {"[Info]  Restore [" + root + "]...",
+          "[Info]  junction restore begin...",
+          "[Info]  junction restore cost 0s",
+          "[Info]  junction restore done!",
+          "[Info]  acl restore begin...",
+          "[Info]  ACLRestore (Stage 0/1)...",
+          "[Info]  ACLRestore (Stage 1/1) Done.",
+          "[Info]  ACLRestore Done.",
+          "[Info]  acl restore cost 0s",
+          "[Info]  acl restore done!",
+          ""};
+}
+
 TEST_F(StartRestore, RunsTheWholeRestoreIntoItsLog) {
   main_window_->StartRestore();
   EXPECT_EQ(WaitForTheEnd(), 0);
-  EXPECT_EQ(WithoutDebug(Logged()),
-            (Lines{"[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========",
-                   "[Info]  Vantoro Restore Begin", "[Info]  Vantoro Restore Begin...",
-                   "[Info]  Modify Privilege...", "[Info]  Restore Disks Begin...",
-                   "[Info]  RestoreDisks Remove Disk 1 Letter Successfully!",
-                   "[Info]  RestoreDisks Remove Disk 2 Letter Successfully!",
-                   "[Info]  RestoreDisks Assign Disk 1 Letter[e] Successfully!",
-                   "[Info]  RestoreDisks Assign Disk 2 Letter[d] Successfully!",
-                   "[Info]  Restore Disks Done!", "[Info]  Vantoro Restore Begin...", "",
-                   "[Info]  Vantoro Restore Finish, Total 3 disks, Finish 3, Error 0!",
-                   "[Done]  Vantoro Restore Finished! time: 0s"}));
+  Lines expected = {"[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========",
+                    "[Info]  Vantoro Restore Begin",
+                    "[Info]  Vantoro Restore Begin...",
+                    "[Info]  Modify Privilege...",
+                    "[Info]  Restore Disks Begin...",
+                    "[Info]  RestoreDisks Remove Disk 1 Letter Successfully!",
+                    "[Info]  RestoreDisks Remove Disk 2 Letter Successfully!",
+                    "[Info]  RestoreDisks Assign Disk 1 Letter[e] Successfully!",
+                    "[Info]  RestoreDisks Assign Disk 2 Letter[d] Successfully!",
+                    "[Info]  Restore Disks Done!",
+                    "[Info]  Vantoro Restore Begin...",
+                    ""};
+  for (const char* const root : {"c:\\", "d:\\", "e:\\"}) {
+    const Lines volume = RestoredVolume(root);
+    expected.insert(expected.end(), volume.begin(), volume.end());
+  }
+  expected.push_back("[Info]  Vantoro Restore Finish, Total 3 disks, Finish 3, Error 0!");
+  expected.push_back("[Done]  Vantoro Restore Finished! time: 0s");
+  EXPECT_EQ(WithoutDebug(Logged()), expected);
 }
 
 TEST_F(StartRestore, KeepsItsThreadHandleAlone) {
+  const int blocks = simulator::LiveLocalBlocks();
   main_window_->StartRestore();
   EXPECT_EQ(WaitForTheEnd(), 0);
   EXPECT_EQ(server_.handles().OpenKinds(), Lines{"thread"});
-  EXPECT_EQ(simulator::LiveLocalBlocks(), 0);
+  EXPECT_EQ(simulator::LiveLocalBlocks(), blocks);
   main_window_.reset();
   EXPECT_EQ(server_.threads().LiveCriticalSections(), 0);
 }
@@ -188,7 +221,8 @@ TEST_F(StartRestore, EndsBehindAToolThatIsTerminated) {
         return 0;
       });
   main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
+  // Volumes that keep their wrong letters have no backup files of that letter.
+  EXPECT_EQ(WaitForTheEnd(), 1);
   const Lines lines = WithoutDebug(Logged());
   EXPECT_NE(std::find(lines.begin(), lines.end(), "[Warn]  Restore Disks Error."), lines.end());
 }

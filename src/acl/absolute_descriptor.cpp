@@ -1,0 +1,50 @@
+#include "acl/absolute_descriptor.h"
+
+#include <sddl.h>
+
+#include <algorithm>
+
+namespace acl {
+namespace {
+
+// Enough to see that a part is not valid without looking behind its block.
+constexpr DWORD kSmallestPart = std::max(sizeof(ACL), sizeof(SID));
+
+// Zeros; null when there is no memory.
+template <typename Part>
+bool Allocate(common::UniqueLocal<Part>& part, DWORD size) {
+  part.reset(static_cast<Part*>(::LocalAlloc(LPTR, std::max(size, kSmallestPart))));
+  return static_cast<bool>(part);
+}
+
+}  // namespace
+
+DWORD AbsoluteDescriptor::Build(const std::string& sddl) {
+  common::UniqueLocal<void> relative;
+  if (!::ConvertStringSecurityDescriptorToSecurityDescriptorA(sddl.c_str(), SDDL_REVISION_1,
+                                                              relative.put(), nullptr)) {
+    return ::GetLastError();
+  }
+
+  DWORD descriptor_size = 0;
+  DWORD dacl_size = 0;
+  DWORD sacl_size = 0;
+  DWORD owner_size = 0;
+  DWORD group_size = 0;
+  ::MakeAbsoluteSD(relative.get(), nullptr, &descriptor_size, nullptr, &dacl_size, nullptr,
+                   &sacl_size, nullptr, &owner_size, nullptr, &group_size);
+  const DWORD size_error = ::GetLastError();
+  if (size_error != ERROR_INSUFFICIENT_BUFFER) return size_error;
+
+  if (!Allocate(descriptor_, descriptor_size) || !Allocate(dacl_, dacl_size) ||
+      !Allocate(sacl_, sacl_size) || !Allocate(owner_, owner_size) ||
+      !Allocate(group_, group_size) ||
+      !::MakeAbsoluteSD(relative.get(), descriptor_.get(), &descriptor_size, dacl_.get(),
+                        &dacl_size, sacl_.get(), &sacl_size, owner_.get(), &owner_size,
+                        group_.get(), &group_size)) {
+    return ::GetLastError();
+  }
+  return ERROR_SUCCESS;
+}
+
+}  // namespace acl

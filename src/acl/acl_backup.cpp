@@ -1,0 +1,66 @@
+#include "acl/acl_backup.h"
+
+#include "common/numbers.h"
+#include "common/strings.h"
+
+namespace acl {
+namespace {
+
+constexpr size_t kNone = std::string_view::npos;
+
+// SECURITY_INFORMATION.
+constexpr uint32_t kOwner = 0x00000001;
+constexpr uint32_t kGroup = 0x00000002;
+constexpr uint32_t kDacl = 0x00000004;
+constexpr uint32_t kSacl = 0x00000008;
+constexpr uint32_t kUnprotectedSacl = 0x10000000;
+constexpr uint32_t kUnprotectedDacl = 0x20000000;
+constexpr uint32_t kProtectedSacl = 0x40000000;
+constexpr uint32_t kProtectedDacl = 0x80000000;
+
+// `text` from `start` on, at most `length` characters; empty when it ends before.
+std::string_view From(std::string_view text, size_t start, size_t length = kNone) {
+  return start < text.size() ? text.substr(start, length) : std::string_view();
+}
+
+// Whether the control letters between a list's "D:" or "S:", which ends at `start`, and its first
+// entry name it protected.
+bool IsProtected(std::string_view sddl, size_t start) {
+  const size_t first_entry = sddl.find('(', start);
+  return first_entry != kNone && sddl.substr(start, first_entry - start).find('P') != kNone;
+}
+
+uint32_t ListInformation(std::string_view sddl, std::string_view name, uint32_t list,
+                         uint32_t is_protected, uint32_t is_unprotected) {
+  const size_t found = sddl.find(name);
+  if (found == kNone) return 0;
+  return list | (IsProtected(sddl, found + name.size()) ? is_protected : is_unprotected);
+}
+
+}  // namespace
+
+AclBackupRecord ParseAclLine(std::string_view line) {
+  line = line.substr(0, line.find('\0'));
+  // The trims below leave a text that they would empty as it is; a line end alone is no path.
+  if (line.find_first_not_of("\r\n") == kNone) return {};
+  const std::string text = common::TrimLeft(common::TrimRight(line, "\r\n\""), "\"");
+
+  // A separator that is not found has the largest position there is. The sums wrap around: the
+  // search for the second one then starts at the front, the fields one character behind it.
+  const size_t path_end = text.find("\",");
+  const size_t attributes_end = text.find(",\"", path_end + 1);
+  AclBackupRecord record;
+  record.Path = text.substr(0, path_end);
+  // One character too many, the comma: reading stops there anyway.
+  record.Attributes = common::ReadDecimal(From(text, path_end + 2, attributes_end - path_end - 1));
+  record.Sddl = common::ToUpperAscii(From(text, attributes_end + 2));
+  return record;
+}
+
+uint32_t SecurityInformationOf(std::string_view sddl) {
+  return ListInformation(sddl, "D:", kDacl, kProtectedDacl, kUnprotectedDacl) |
+         ListInformation(sddl, "S:", kSacl, kProtectedSacl, kUnprotectedSacl) |
+         (sddl.find("O:") != kNone ? kOwner : 0) | (sddl.find("G:") != kNone ? kGroup : 0);
+}
+
+}  // namespace acl

@@ -1,0 +1,379 @@
+// What the engine does when calls fail: what it reports, what ends the run, what it leaves behind.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "acl/acl_util.h"
+#include "common/privileges.h"
+#include "support/simulated_acl_engine.h"
+#include "support/simulated_progress.h"
+
+namespace acl {
+namespace {
+
+class ACLUtilFailure : public tests::AclEngineTest {
+ protected:
+  ACLUtilFailure() {
+    server_.files().Write("C:\\a", "");
+    server_.files().Write("C:\\b", "");
+  }
+
+  // Of the lines for C:\a and C:\b, the first of which is to fail.
+  int32_t RestoreBoth(const Options& options) {
+    return Restore(LineOf("C:\\a", 0, kSddl) + LineOf("C:\\b", 0, kSddl), options);
+  }
+
+  bool IsRestored(const std::string& path) { return SddlOf(path) == kSddl; }
+
+  static constexpr char kSddl[] = "O:SYG:SYD:PAI(A;;FA;;;SY)";
+};
+
+struct FailingCall {
+  const char* name;
+  const char* call;
+  int occurrence;
+};
+
+void PrintTo(const FailingCall& row, std::ostream* stream) { *stream << row.call; }
+
+// The steps from the text to the absolute descriptor.
+class Conversion : public ACLUtilFailure, public testing::WithParamInterface<FailingCall> {
+ protected:
+  void FailFirst(DWORD error) {
+    server_.calls().FailNext(GetParam().call, error, GetParam().occurrence);
+  }
+};
+
+TEST_P(Conversion, FailureIsReportedAndPassedOver) {
+  FailFirst(ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(RestoreBoth({.with_administrators = false}), kRestored);
+  EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\a>",
+                             "ERROR: Restoring ACL of <C:\\a>: 8", "Restoring ACL of: <C:\\b>"}));
+  EXPECT_FALSE(IsRestored("C:\\a"));
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
+TEST_P(Conversion, FailureEndsTheRunWith27WhenErrorsCount) {
+  FailFirst(ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false, .with_administrators = false}),
+            kConvertFailed);
+  EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\a>"}));
+  EXPECT_FALSE(IsRestored("C:\\b"));
+}
+
+TEST_P(Conversion, FailureReportsItsCodeAsASignedNumber) {
+  FailFirst(0x80070005);
+  EXPECT_EQ(RestoreBoth({.with_administrators = false}), kRestored);
+  EXPECT_EQ(Report()[2], "ERROR: Restoring ACL of <C:\\a>: -2147024891");
+}
+
+TEST_P(Conversion, FailureLeavesNoMemoryBehind) {
+  const int blocks = simulator::LiveLocalBlocks();
+  FailFirst(ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(RestoreBoth({.with_administrators = false}), kRestored);
+  EXPECT_EQ(simulator::LiveLocalBlocks(), blocks);
+}
+
+constexpr char kConvert[] = "ConvertStringSecurityDescriptorToSecurityDescriptorA";
+
+INSTANTIATE_TEST_SUITE_P(Calls, Conversion,
+                         testing::Values(FailingCall{"Text", kConvert, 1},
+                                         FailingCall{"Sizes", "MakeAbsoluteSD", 1},
+                                         FailingCall{"Parts", "MakeAbsoluteSD", 2},
+                                         FailingCall{"FirstBlock", "LocalAlloc", 1},
+                                         FailingCall{"SecondBlock", "LocalAlloc", 2},
+                                         FailingCall{"ThirdBlock", "LocalAlloc", 3},
+                                         FailingCall{"FourthBlock", "LocalAlloc", 4},
+                                         FailingCall{"FifthBlock", "LocalAlloc", 5}),
+                         [](const testing::TestParamInfo<FailingCall>& row) {
+                           return row.param.name;
+                         });
+
+// The engine knows a size by this failure alone.
+TEST_F(ACLUtilFailure, OfTheSizesIsNoneWhenTheBufferIsInsufficient) {
+  server_.calls().FailNext("MakeAbsoluteSD", ERROR_INSUFFICIENT_BUFFER);
+  EXPECT_EQ(RestoreBoth({}), kRestored);
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
+// Writing.
+
+constexpr char kWrite[] = "SetNamedSecurityInfoA";
+
+TEST_F(ACLUtilFailure, ToWriteIsReportedAndPassedOver) {
+  server_.calls().FailNext(kWrite, ERROR_SHARING_VIOLATION);
+  EXPECT_EQ(RestoreBoth({}), kRestored);
+  EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\a>",
+                             "ERROR writing SD to <C:\\a>: 32", "Restoring ACL of: <C:\\b>"}));
+  EXPECT_TRUE(IsRestored("C:\\b"));
+  EXPECT_EQ(server_.calls().ArgumentsOf(kWrite).size(), 2U);
+}
+
+TEST_F(ACLUtilFailure, ToWriteEndsTheRunWith25WhenErrorsCount) {
+  server_.calls().FailNext(kWrite, ERROR_SHARING_VIOLATION);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kWriteFailed);
+  EXPECT_EQ(Report(),
+            (Lines{kDetected, "Restoring ACL of: <C:\\a>", "ERROR writing SD to <C:\\a>: 32"}));
+}
+
+TEST_F(ACLUtilFailure, ToFindTheFileIsAlwaysPassedOver) {
+  server_.calls().FailNext(kWrite, ERROR_FILE_NOT_FOUND);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kRestored);
+  EXPECT_EQ(Report()[2], "ERROR writing SD to <C:\\a>: 2");
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
+TEST_F(ACLUtilFailure, ToFindThePathIsNot) {
+  server_.calls().FailNext(kWrite, ERROR_PATH_NOT_FOUND);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kWriteFailed);
+  EXPECT_EQ(Report().back(), "ERROR writing SD to <C:\\a>: 3");
+}
+
+TEST_F(ACLUtilFailure, ForWantOfAccessIsAlwaysPassedOver) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false, .with_administrators = false}), kRestored);
+  EXPECT_EQ(Report()[2], "ERROR writing SD to <C:\\a>: 5");
+  EXPECT_EQ(server_.calls().ArgumentsOf(kWrite).size(), 2U);
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
+// A refusal makes the Administrators the owner, and the write is tried once more.
+
+TEST_F(ACLUtilFailure, ForWantOfAccessIsTriedAgainAsOwner) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(RestoreBoth({}), kRestored);
+  EXPECT_TRUE(IsRestored("C:\\a"));
+  EXPECT_TRUE(IsRestored("C:\\b"));
+  const Lines calls = server_.calls().ArgumentsOf(kWrite);
+  ASSERT_EQ(calls.size(), 4U);
+  // Owner, group and protected DACL with all the parts, the owner alone, all again.
+  EXPECT_TRUE(calls[0].starts_with("\"C:\\a\", 2147483655, 0x")) << calls[0];
+  EXPECT_TRUE(calls[1].starts_with("\"C:\\a\", 1, 0x")) << calls[1];
+  EXPECT_TRUE(calls[1].ends_with(", null, null, null")) << calls[1];
+  EXPECT_EQ(calls[2], calls[0]);
+}
+
+TEST_F(ACLUtilFailure, ThatIsMendedStillMarksTheLine) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(RestoreBoth({}), kRestored);
+  EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\a>",
+                             "ERROR writing SD to <C:\\a>: 0", "Restoring ACL of: <C:\\b>"}));
+}
+
+TEST_F(ACLUtilFailure, ThatIsMendedStillEndsTheRunWith25WhenErrorsCount) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kWriteFailed);
+  EXPECT_TRUE(IsRestored("C:\\a"));
+  EXPECT_FALSE(IsRestored("C:\\b"));
+}
+
+TEST_F(ACLUtilFailure, OfTheNewOwnerIsTheFinalCode) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  server_.calls().FailNext(kWrite, ERROR_INVALID_OWNER, 2);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kWriteFailed);
+  EXPECT_EQ(Report().back(), "ERROR writing SD to <C:\\a>: 1307");
+  EXPECT_EQ(server_.calls().ArgumentsOf(kWrite).size(), 2U);
+}
+
+TEST_F(ACLUtilFailure, OfTheSecondWriteIsTheFinalCode) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  server_.calls().FailNext(kWrite, ERROR_PRIVILEGE_NOT_HELD, 3);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kWriteFailed);
+  EXPECT_EQ(Report().back(), "ERROR writing SD to <C:\\a>: 1314");
+}
+
+TEST_F(ACLUtilFailure, OfTheSecondWriteForWantOfAccessIsPassedOver) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED, 3);
+  EXPECT_EQ(RestoreBoth({.continue_on_error = false}), kRestored);
+  EXPECT_EQ(Report()[2], "ERROR writing SD to <C:\\a>: 5");
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
+// Whatever fails, the run ends with a result that it has, and leaves nothing.
+TEST(ACLUtilFailures, OfAnyCallLeaveNothingBehind) {
+  for (int number = 1;; ++number) {
+    ACLUtil::privileges_enabled = false;
+    const int blocks = simulator::LiveLocalBlocks();
+    simulator::Server server;
+    for (const std::string path : {"C:\\a", "C:\\b", "C:\\c"}) server.files().Write(path, "");
+    server.files().Write("C:\\acl.dat",
+                         "\"C:\\a\",2,\"D:PAI(A;;FA;;;BA)\"\n\"C:\\b\",2,\"D:PAI(A;;FA;;;BA)\"\n"
+                         "\"C:\\c\",2,\"D:PAI(A;;FA;;;BA)\"\n");
+    server.calls().FailNumber(number, ERROR_ACCESS_DENIED);
+    int32_t result = 0;
+    {
+      ACLUtil engine;
+      engine.SetInputFile("C:\\acl.dat");
+      result = engine.RestoreFromFile(true, 3, {0, 100});
+    }
+    ASSERT_TRUE(result == kRestored || result == kInputFileUnreadable) << number;
+    const std::vector<simulator::TracedCall> trace = server.calls().Trace();
+    const size_t failed = static_cast<size_t>(number) - 1;
+    const bool is_free = failed < trace.size() && trace[failed].name == "LocalFree";
+    ASSERT_EQ(simulator::LiveLocalBlocks(), blocks + (is_free ? 1 : 0)) << number;
+    ASSERT_LE(server.handles().OpenKinds().size(), 1U) << number;  // a token that did not close
+    int restored = 0;
+    for (const std::string path : {"C:\\a", "C:\\b", "C:\\c"}) {
+      restored += tests::SddlOf(server, path).ends_with("D:PAI(A;;FA;;;BA)") ? 1 : 0;
+    }
+    ASSERT_GE(restored, result == kRestored ? 2 : 0) << number;
+    if (server.calls().Count() < number) {
+      EXPECT_EQ(restored, 3);
+      break;
+    }
+  }
+  ACLUtil::privileges_enabled = false;
+}
+
+// Privileges.
+
+const std::vector<std::string> kPrivileges = {"SeBackupPrivilege", "SeRestorePrivilege",
+                                              "SeSecurityPrivilege", "SeTakeOwnershipPrivilege"};
+
+class Privileges : public ACLUtilFailure {
+ protected:
+  std::vector<bool> Enabled() {
+    std::vector<bool> enabled;
+    for (const std::string& name : kPrivileges) {
+      enabled.push_back(server_.security().Enabled(name));
+    }
+    return enabled;
+  }
+
+  static Lines Quoted() {
+    Lines names;
+    for (const std::string& name : kPrivileges) names.push_back("\"" + name + "\"");
+    return names;
+  }
+};
+
+const std::vector<bool> kAllOn(4, true);
+const std::vector<bool> kAllOff(4, false);
+
+TEST_F(Privileges, AreOnFromTheFirstUseToTheEndOfTheObject) {
+  {
+    ACLUtil engine;
+    EXPECT_EQ(Enabled(), kAllOff);
+    EXPECT_EQ(engine.EnablePrivileges(), 0);
+    EXPECT_EQ(Enabled(), kAllOn);
+    EXPECT_EQ(server_.calls().ArgumentsOf("LookupPrivilegeValueA"), Quoted());
+  }
+  EXPECT_EQ(Enabled(), kAllOff);
+  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+}
+
+TEST_F(Privileges, AreEnabledOnceInAProcess) {
+  ACLUtil first;
+  EXPECT_EQ(first.EnablePrivileges(), 0);
+  const int calls = server_.calls().Count();
+  EXPECT_EQ(first.EnablePrivileges(), 0);
+  ACLUtil second;
+  EXPECT_EQ(second.EnablePrivileges(), 0);
+  EXPECT_EQ(server_.calls().Count(), calls);
+}
+
+TEST_F(Privileges, StayOffForLaterObjects) {
+  EXPECT_EQ(Restore(""), kRestored);
+  ACLUtil second;
+  EXPECT_EQ(second.EnablePrivileges(), 0);
+  EXPECT_EQ(Enabled(), kAllOff);
+}
+
+TEST_F(Privileges, AreDisabledByAnObjectThatNeverEnabledThem) {
+  ASSERT_TRUE(common::SwitchPrivilege("SeBackupPrivilege", true));
+  { const ACLUtil engine; }
+  EXPECT_EQ(Enabled(), kAllOff);
+  EXPECT_EQ(server_.calls().ArgumentsOf("LookupPrivilegeValueA").size(), 5U);
+}
+
+TEST_F(Privileges, AreEnabledForAFileThatIsMissing) {
+  EXPECT_EQ(RestoreFile("", {}), kNoInputFile);
+  EXPECT_TRUE(ACLUtil::privileges_enabled);
+}
+
+TEST_F(Privileges, ThatAreNotHeldAreReported) {
+  for (const std::string& name : kPrivileges) server_.security().Revoke(name);
+  EXPECT_EQ(Restore(""), kRestored);
+  EXPECT_EQ(
+      Report(),
+      (Lines{"Info: Privilege 'SeBackupPrivilege' could not be enabled. This can probably be "
+             "ignored.",
+             "Info: Privilege 'SeRestorePrivilege' could not be enabled. This can probably be "
+             "ignored.",
+             "Info: Privilege 'SeSecurityPrivilege' could not be enabled. This can probably be "
+             "ignored.",
+             "Info: Privilege 'SeTakeOwnershipPrivilege' could not be enabled. This can probably "
+             "be ignored.",
+             kDetected}));
+}
+
+class PrivilegeCall : public Privileges, public testing::WithParamInterface<const char*> {};
+
+TEST_P(PrivilegeCall, ThatFailsIsReportedAndTheOthersAreEnabled) {
+  server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED, 2);
+  ACLUtil engine;
+  engine.SetOutputStream(common::UniqueFile(::_fsopen("C:\\report.txt", "wb", _SH_DENYNO)));
+  EXPECT_EQ(engine.EnablePrivileges(), 0);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, false, true, true}));
+  EXPECT_EQ(Report(), Lines{"Info: Privilege 'SeRestorePrivilege' could not be enabled. This can "
+                            "probably be ignored."});
+  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeCall,
+                         testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
+                                         "AdjustTokenPrivileges"));
+
+// Progress.
+
+class Progress : public ACLUtilFailure {
+ protected:
+  static std::string Empty(int lines) { return std::string(static_cast<size_t>(lines), '\n'); }
+
+  tests::ProgressDialog dialog_{server_};
+};
+
+TEST_F(Progress, IsToldAtEveryThousandthLine) {
+  const Options options{.total_entries = 4000, .range = {10.0, 20.0}};
+  EXPECT_EQ(Restore(Empty(2999), options), kRestored);
+  EXPECT_EQ(dialog_.Take(), (std::vector<double>{15.0, 20.0}));
+}
+
+TEST_F(Progress, IsNotToldBeforeTheThousandthLine) {
+  EXPECT_EQ(Restore(Empty(999), {.total_entries = 999}), kRestored);
+  EXPECT_EQ(dialog_.Take(), std::vector<double>{});
+}
+
+TEST_F(Progress, IsToldBeforeTheLineIsRestored) {
+  server_.files().Write("C:\\acl.dat", "");
+  EXPECT_EQ(Restore(Empty(999) + LineOf("C:\\a", 0, "wrong"),
+                    {.continue_on_error = true, .total_entries = 1000}),
+            kRestored);
+  EXPECT_EQ(dialog_.Take(), std::vector<double>{100.0});
+}
+
+TEST_F(Progress, GoesBeyondTheRangeWhenThereAreMoreLinesThanEntries) {
+  EXPECT_EQ(Restore(Empty(2000), {.total_entries = 500, .range = {0.0, 10.0}}), kRestored);
+  EXPECT_EQ(dialog_.Take(), (std::vector<double>{20.0, 40.0}));
+}
+
+TEST_F(Progress, IsNotFiniteWithoutEntries) {
+  EXPECT_EQ(Restore(Empty(1000) + LineOf("C:\\a", 0, kSddl), {.total_entries = 0}), kRestored);
+  const std::vector<double> percents = dialog_.Take();
+  ASSERT_EQ(percents.size(), 1U);
+  EXPECT_FALSE(std::isfinite(percents[0]));
+  EXPECT_TRUE(IsRestored("C:\\a"));
+}
+
+TEST_F(Progress, IsNoNumberWithoutEntriesAndWithoutASpan) {
+  EXPECT_EQ(Restore(Empty(1000), {.total_entries = 0, .range = {5.0, 0.0}}), kRestored);
+  const std::vector<double> percents = dialog_.Take();
+  ASSERT_EQ(percents.size(), 1U);
+  EXPECT_TRUE(std::isnan(percents[0]));
+}
+
+}  // namespace
+}  // namespace acl
