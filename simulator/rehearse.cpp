@@ -15,6 +15,8 @@
 #include "restore/messages.h"
 #include "simulator/model/server.h"
 #include "simulator/report.h"
+#include "simulator/report_descriptors.h"
+#include "simulator/report_junctions.h"
 #include "simulator/scenario.h"
 #include "ui/main_window.h"
 
@@ -28,7 +30,8 @@ constexpr int kWrongUsage = 2;
 constexpr std::string_view kHelp =
     "usage: rehearse [--scenario NAME|FILE] [--logs FOLDER] | --list | --help\n"
     "\n"
-    "Runs the restore program on a simulated server and reports the drive letters.\n"
+    "Runs the restore program on a simulated server and reports what is as on the source: drive\n"
+    "letters, junctions, security descriptors.\n"
     "\n"
     "  --scenario NAME  a shipped scenario, see --list; \"default\" without this option\n"
     "  --scenario FILE  a scenario file: the name ends with .json or holds a slash\n"
@@ -176,7 +179,8 @@ std::string ReasonOf(Server& server) {
 int Rehearse(const Options& options) {
   const Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
   Server server;
-  Build(scenario, server);
+  const std::vector<SourceVolume> sources = Build(scenario, server);
+  const std::vector<JunctionState> junctions = JunctionStates(sources);
   std::cout << scenario.title << "\n\n";
   ShowLog(server.files());
   const LPARAM result = RunProgram(server);
@@ -186,7 +190,9 @@ int Rehearse(const Options& options) {
   for (const ShownMessageBox& box : server.desktop().Boxes()) {
     std::cout << "message box [" << box.caption << "]: " << box.text << "\n";
   }
-  std::cout << LetterReport(GatherLetters(scenario, server));
+  std::cout << LetterReport(GatherLetters(scenario, server))
+            << JunctionReport(GatherJunctions(sources, junctions, server))
+            << DescriptorReport(GatherDescriptors(sources, server.security().domains()));
   if (!CopyLogs(server, options.logs)) return kRunFailed;
   if (result == 0) return kSuccess;
   std::cout << std::flush;

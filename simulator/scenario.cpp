@@ -37,8 +37,8 @@ std::vector<std::string> ReadLines(const JsonPlace& place) {
 }
 
 ScenarioVolume ReadVolume(const JsonPlace& place, Context& context) {
-  place.AllowKeys(
-      {"label", "file_system", "letter", "source_letter", "drive_type", "backup_info", "import"});
+  place.AllowKeys({"label", "file_system", "letter", "source_letter", "drive_type", "backup_info",
+                   "import", "source", "lost", "unreadable"});
   ScenarioVolume volume;
   if (const auto label = place.Find("label")) volume.label = label->Text();
   if (const auto name = place.Find("file_system")) volume.file_system = name->Text();
@@ -56,6 +56,19 @@ ScenarioVolume ReadVolume(const JsonPlace& place, Context& context) {
     if (!std::filesystem::is_directory(volume.import, error)) {
       import->Fail("a folder, found none at \"" + volume.import.string() + "\"");
     }
+  }
+  if (const auto source = place.Find("source")) {
+    if (!volume.source_letter) source->Fail("a source letter beside it");
+    volume.source = ReadSource(*source);
+  }
+  for (const char* const key : {"lost", "unreadable"}) {
+    if (const auto found = place.Find(key); found && !volume.source) {
+      found->Fail("a source beside it");
+    }
+  }
+  if (const auto lost = place.Find("lost")) volume.lost = ReadLosses(*lost);
+  if (const auto unreadable = place.Find("unreadable")) {
+    volume.unreadable = ReadUnreadable(*unreadable);
   }
   return volume;
 }

@@ -5,7 +5,8 @@
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
 //   partitions:    size, [number], [info] "System", "Boot" or "Hidden", [volume]
 //   volume:        [label], [file_system], [letter] now, [source_letter], [drive_type] "fixed" or
-//                  "removable", [backup_info] lines, [import] a host folder
+//                  "removable", [backup_info] lines, [import] a host folder, [source], [lost],
+//                  [unreadable]: see scenario_source.h
 //   tools:         name "diskpart", exit_code, [call] counted from 1, [output]
 //   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
 //   startup_links: [common], [program]; both are there unless said otherwise
@@ -22,6 +23,8 @@
 #include <vector>
 
 #include "simulator/model/calls.h"
+#include "simulator/scenario_source.h"
+#include "simulator/source_tree.h"
 
 namespace simulator {
 
@@ -39,8 +42,11 @@ struct ScenarioVolume {
   std::optional<char> letter;         // upper case
   std::optional<char> source_letter;  // upper case; none for a volume the source did not have
   UINT drive_type = DRIVE_FIXED;
-  std::optional<std::vector<std::string>> backup_info;  // its lines; no file when left out
+  std::optional<std::vector<std::string>> backup_info;  // its lines; else as the source has it
   std::filesystem::path import;                         // a host folder, or empty
+  std::optional<ScenarioSource> source;                 // only with a source letter
+  ScenarioLosses lost;
+  ScenarioUnreadable unreadable;
 };
 
 struct ScenarioPartition {
@@ -91,8 +97,10 @@ struct Scenario {
 // Throws ScenarioError. Folders to import are taken relative to the file's.
 Scenario ReadScenario(const std::filesystem::path& file);
 
-// Makes a fresh server the scenario's. Throws ScenarioError when a folder cannot be imported.
-void Build(const Scenario& scenario, Server& server);
+// Makes a fresh server the scenario's and tells what the source server had, in the order of the
+// disks. Throws ScenarioError when a folder cannot be imported, or when the source has a file in
+// place of a folder of the server.
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server);
 
 }  // namespace simulator
 

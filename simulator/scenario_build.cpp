@@ -4,7 +4,10 @@
 #include <memory>
 #include <utility>
 
+#include "simulator/model/node.h"
 #include "simulator/model/server.h"
+#include "simulator/model/well_known_sids.h"
+#include "simulator/prepare_folder.h"
 #include "simulator/scenario.h"
 #include "simulator/tools/diskpart.h"
 
@@ -36,6 +39,53 @@ void Import(const std::filesystem::path& folder, const Volume& volume, Files& fi
   }
 }
 
+// Only the system may read the file from now on.
+void Lock(const Volume& volume, const std::string& name, const Identity& identity) {
+  Ace full;
+  full.mask = FILE_ALL_ACCESS;
+  full.sid = kLocalSystem;
+  Descriptor locked;
+  locked.control = SE_DACL_PRESENT | SE_DACL_PROTECTED;
+  locked.owner = kLocalSystem;
+  locked.group = identity.primary_group;
+  locked.dacl = Acl{ACL_REVISION, {full}};
+  const std::shared_ptr<Node> folder = volume.root->Child(kPrepareFolder);
+  folder->Child(name)->security = std::make_shared<const Descriptor>(std::move(locked));
+}
+
+void WritePrepareFolder(const ScenarioVolume& description, const SourceVolume& source,
+                        Server& server) {
+  const ScenarioLosses& lost = description.lost;
+  if (lost.prepare_folder) return;
+  const auto write = [&](const std::string& name, std::string text, bool is_unreadable) {
+    server.files().WriteOn(*source.copy, std::string(kPrepareFolder) + "\\" + name,
+                           std::move(text));
+    if (is_unreadable) Lock(*source.copy, name, server.security().identity());
+  };
+  const char letter = source.letter;
+  if (!description.backup_info) write("backup_info", BackupInfo(letter, *source.root), false);
+  if (!lost.junction_list) {
+    write(JunctionListName(letter), JunctionList(letter, *source.root),
+          description.unreadable.junction_list);
+  }
+  if (!lost.acl_list) {
+    write(AclListName(letter), AclList(letter, *source.root, server.security().domains()),
+          description.unreadable.acl_list);
+  }
+}
+
+SourceVolume BuildSource(const ScenarioVolume& description, const std::shared_ptr<Volume>& copy,
+                         Server& server) {
+  const Identity& identity = server.security().identity();
+  SourceVolume source;
+  source.letter = *description.source_letter;
+  source.root = MakeSourceTree(*description.source, identity);
+  source.copy = copy;
+  CopyTree(*source.root, *description.source, description.lost, identity, copy->root);
+  WritePrepareFolder(description, source, server);
+  return source;
+}
+
 std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t size,
                                     Files& files) {
   // The bare server's own volume, with Windows and the program on it.
@@ -48,15 +98,16 @@ std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t 
   volume->free = size;
   if (description.letter && !is_system) files.Mount(*description.letter, volume);
   if (!description.import.empty()) Import(description.import, *volume, files);
-  if (description.backup_info) {
+  if (description.backup_info && !description.lost.prepare_folder) {
     std::string text;
     for (const std::string& line : *description.backup_info) text += line + "\r\n";
-    files.WriteOn(*volume, "vantoro_prepare\\backup_info", text);
+    files.WriteOn(*volume, std::string(kPrepareFolder) + "\\backup_info", text);
   }
   return volume;
 }
 
-void BuildDisks(const Scenario& scenario, Server& server) {
+std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
+  std::vector<SourceVolume> sources;
   int number = 0;
   for (const ScenarioDisk& description : scenario.disks) {
     Disk disk;
@@ -68,12 +119,18 @@ void BuildDisks(const Scenario& scenario, Server& server) {
     disk.gpt = description.gpt;
     if (disk.gpt) disk.id = "{00000000-0000-0000-0000-000000000000}";
     for (const ScenarioPartition& part : description.partitions) {
-      disk.partitions.push_back(
-          {part.number, part.size, part.info,
-           part.volume ? BuildVolume(*part.volume, part.size, server.files()) : nullptr});
+      std::shared_ptr<Volume> volume;
+      if (part.volume) {
+        volume = BuildVolume(*part.volume, part.size, server.files());
+        if (part.volume->source) {
+          sources.push_back(BuildSource(*part.volume, volume, server));
+        }
+      }
+      disk.partitions.push_back({part.number, part.size, part.info, std::move(volume)});
     }
     server.disks().push_back(std::move(disk));
   }
+  return sources;
 }
 
 // The tool, but for the calls that are to misbehave.
@@ -93,7 +150,7 @@ Program Misbehaving(Program real, std::vector<ScenarioTool> calls) {
 
 }  // namespace
 
-void Build(const Scenario& scenario, Server& server) {
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server) {
   System& system = server.system();
   system.major_version = scenario.major_version;
   system.minor_version = scenario.minor_version;
@@ -101,7 +158,7 @@ void Build(const Scenario& scenario, Server& server) {
   system.language = scenario.language;
   system.computer_name = scenario.computer_name;
 
-  BuildDisks(scenario, server);
+  std::vector<SourceVolume> sources = BuildDisks(scenario, server);
   server.processes().Install("diskpart", Misbehaving(DiskpartProgram(), scenario.tools));
 
   const std::string link = "\\vantoro_restore.exe.lnk";
@@ -114,6 +171,7 @@ void Build(const Scenario& scenario, Server& server) {
   for (const ScenarioFault& fault : scenario.faults) {
     server.calls().FailNext(fault.name, fault.error, fault.occurrence, fault.lasting);
   }
+  return sources;
 }
 
 }  // namespace simulator

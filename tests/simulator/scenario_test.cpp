@@ -1,9 +1,7 @@
 #include "simulator/scenario.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -11,6 +9,7 @@
 #include "simulator/report.h"
 #include "simulator/tools/diskpart.h"
 #include "support/simulated_child.h"
+#include "support/simulated_scenario_test.h"
 
 namespace simulator {
 namespace {
@@ -19,49 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr uint64_t kGB = uint64_t{1} << 30;
 
-// A folder that holds the scenario under test, scenario.json.
-class ScenarioTest : public testing::Test {
- protected:
-  ScenarioTest() { fs::create_directories(folder_); }
-  ~ScenarioTest() override {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
-  }
-
-  fs::path File() const { return folder_ / "scenario.json"; }
-
-  void WriteHostFile(const std::string& name, const std::string& text) {
-    fs::create_directories((folder_ / name).parent_path());
-    std::ofstream(folder_ / name, std::ios::binary) << text;
-  }
-
-  Scenario Read(const std::string& json) {
-    WriteHostFile("scenario.json", json);
-    return ReadScenario(File());
-  }
-
-  // A scenario of a system disk and this text behind it: ", {disk}".
-  static std::string WithDisks(const std::string& disks, const std::string& keys = "") {
-    return R"({"title": "t", "disks": [{"size": "127 GB", "partitions": [{"size": "126 GB",
-            "info": "Boot", "volume": {"letter": "C", "source_letter": "C"}}]})" +
-           disks + "]" + keys + "}";
-  }
-
-  // The message without the file's name in front.
-  std::string ErrorOf(const std::string& json) {
-    try {
-      Read(json);
-    } catch (const ScenarioError& error) {
-      const std::string text = error.what();
-      const std::string file = File().string();
-      return text.starts_with(file) ? text.substr(file.size()) : "other file: " + text;
-    }
-    return "no error";
-  }
-
-  const fs::path folder_ =
-      fs::path(testing::TempDir()) / ("scenario_test." + std::to_string(::getpid()));
-};
+using tests::ScenarioTest;
 
 TEST_F(ScenarioTest, ReadsEveryKey) {
   WriteHostFile("files/a.txt", "x");
@@ -352,20 +309,6 @@ TEST_F(ScenarioTest, SetsFaults) {
   EXPECT_EQ(server.calls().Enter("X", ""), 8u);
   EXPECT_EQ(server.calls().Enter("X", ""), std::nullopt);
 }
-
-class ShippedScenario : public testing::TestWithParam<const char*> {};
-
-TEST_P(ShippedScenario, BuildsAServer) {
-  const Scenario scenario =
-      ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / (GetParam() + std::string(".json")));
-  Server server;
-  Build(scenario, server);
-  EXPECT_FALSE(GatherLetters(scenario, server).empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(All, ShippedScenario,
-                         testing::Values("default", "letter_taken", "disk_without_volume",
-                                         "disk_without_backup_info", "letterless_disk"));
 
 TEST(GatherLetters, TellsLettersBeforeAndAfterAMove) {
   const Scenario scenario = ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / "default.json");

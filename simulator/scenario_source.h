@@ -1,0 +1,78 @@
+// What a volume held on the source server, and what its copy lost, as a scenario describes it. The
+// keys, those in brackets optional; paths start behind the root: "Data\Shares".
+//
+//   source:        [sddl] of the root, [folders], [files], [junctions]
+//   folders:       path, [sddl], [copy_sddl], [attributes], [folders] and [files]: how many to make
+//                  in it, the files spread over it and those folders
+//   files:         path, [sddl], [copy_sddl], [attributes]
+//   junctions:     path, target "D:\Data", [sddl], [attributes], [copy] "junction", "nothing",
+//                  "file" or "folder": what stands in its place on the copy
+//   attributes:    letters of "RHSATOI": read-only, hidden, system, archive, temporary, offline,
+//                  not indexed
+//   sddl:          the owner, group and lists that it gives; whatever it leaves out is inherited,
+//                  and so are the inherited entries of a list that is not protected
+//   copy_sddl:     the descriptor that stands on a copy that lost the source's; else all is
+//   inherited lost:          any of "descriptors", "junctions", "attributes", "prepare_folder",
+//                  "junction_list", "acl_list"; the first three unless it is given
+//   unreadable:    "junction_list", "acl_list": files that deny the administrator to read them
+#ifndef SIMULATOR_SCENARIO_SOURCE_H_
+#define SIMULATOR_SCENARIO_SOURCE_H_
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/model/descriptor.h"
+
+namespace simulator {
+
+class JsonPlace;
+
+struct ScenarioObject {
+  std::string path;
+  std::optional<Descriptor> given;       // what its text gives; the rest is inherited
+  std::optional<Descriptor> copy_given;  // likewise on the copy
+  DWORD attributes = 0;
+  int folders = 0;  // to make in it
+  int files = 0;
+};
+
+enum class JunctionCopy { kJunction, kNothing, kFile, kFolder };
+
+struct ScenarioJunction {
+  ScenarioObject object;
+  std::string target;
+  std::optional<JunctionCopy> copy;  // nothing is said: as all junctions
+};
+
+struct ScenarioSource {
+  std::optional<Descriptor> root_given;
+  std::vector<ScenarioObject> folders;
+  std::vector<ScenarioObject> files;
+  std::vector<ScenarioJunction> junctions;
+};
+
+struct ScenarioLosses {
+  bool descriptors = true;
+  bool junctions = true;
+  bool attributes = true;
+  bool prepare_folder = false;
+  bool junction_list = false;
+  bool acl_list = false;
+};
+
+struct ScenarioUnreadable {
+  bool junction_list = false;
+  bool acl_list = false;
+};
+
+// These throw ScenarioError.
+ScenarioSource ReadSource(const JsonPlace& place);
+ScenarioLosses ReadLosses(const JsonPlace& place);
+ScenarioUnreadable ReadUnreadable(const JsonPlace& place);
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_SCENARIO_SOURCE_H_

@@ -1,0 +1,271 @@
+// The whole run on every shipped scenario.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "acl/acl_util.h"
+#include "logger/b_logger.h"
+#include "restore/run.h"
+#include "simulator/model/server.h"
+#include "simulator/report.h"
+#include "simulator/report_descriptors.h"
+#include "simulator/report_junctions.h"
+#include "simulator/scenario.h"
+#include "support/simulated_descriptors.h"
+
+namespace restore {
+namespace {
+
+namespace fs = std::filesystem;
+using simulator::DescriptorOutcome;
+using simulator::JunctionState;
+using simulator::Scenario;
+using simulator::Server;
+using simulator::SourceVolume;
+
+// A server made from a scenario, and a process in which the program has not run yet.
+class WholeRun {
+ public:
+  explicit WholeRun(const std::string& name)
+      : scenario_(simulator::ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / (name + ".json"))),
+        sources_(simulator::Build(scenario_, server_)) {
+    acl::ACLUtil::privileges_enabled = false;
+  }
+  ~WholeRun() { acl::ACLUtil::privileges_enabled = false; }
+  WholeRun(const WholeRun&) = delete;
+  WholeRun& operator=(const WholeRun&) = delete;
+
+  int32_t Run() {
+    junctions_before_ = simulator::JunctionStates(sources_);
+    const HWND window = server_.desktop().CreateWindow();
+    logger::BLogger logger("vantoro_restore", "");
+    return RestoreWorker(logger, window, "", "");
+  }
+
+  // Without what is shown of each difference.
+  std::vector<std::string> ClosingLines() {
+    const std::string letters = simulator::LetterReport(GatherLetters(scenario_, server_));
+    const std::string descriptors = simulator::DescriptorReport(Descriptors());
+    return {
+        letters.substr(letters.rfind("letters: ")),
+        simulator::JunctionReport(simulator::GatherJunctions(sources_, junctions_before_, server_)),
+        descriptors.substr(0, descriptors.find('\n') + 1)};
+  }
+
+  DescriptorOutcome Descriptors() {
+    return simulator::GatherDescriptors(sources_, server_.security().domains());
+  }
+
+  // What the source had of each volume as it is now: attributes, descriptor, junction.
+  std::map<std::string, std::string> Copies() {
+    std::map<std::string, std::string> all;
+    for (const SourceVolume& volume : sources_) {
+      simulator::VisitTree(
+          volume.letter, *volume.root, [&](const std::string& path, const simulator::Node&) {
+            const auto* const node = simulator::FindNode(*volume.copy->root, path.substr(3));
+            if (node == nullptr) return;
+            all[path] = std::to_string(node->attributes) + " " + node->reparse_data + " " +
+                        tests::SddlOf(server_, path);
+          });
+    }
+    return all;
+  }
+
+  // How the files and folders that are there differ in their attributes from the source's.
+  std::vector<std::string> WrongAttributes() {
+    std::vector<std::string> wrong;
+    for (const SourceVolume& volume : sources_) {
+      simulator::VisitTree(
+          volume.letter, *volume.root, [&](const std::string& path, const simulator::Node& node) {
+            const auto* const found = simulator::FindNode(*volume.copy->root, path.substr(3));
+            if (found == nullptr || found->attributes == node.attributes) return;
+            wrong.push_back(path + " " + std::to_string(node.attributes) + " " +
+                            std::to_string(found->attributes));
+          });
+    }
+    return wrong;
+  }
+
+  Server& server() { return server_; }
+  const std::vector<SourceVolume>& sources() const { return sources_; }
+
+ private:
+  Server server_;
+  const Scenario scenario_;
+  const std::vector<SourceVolume> sources_;
+  std::vector<JunctionState> junctions_before_;
+};
+
+struct Expected {
+  const char* name;
+  int32_t result;
+  const char* letters;
+  const char* junctions;
+  const char* descriptors;
+};
+
+// Objects: C holds the root, Users, Users\Administrator and 46 files, 49 in all; Data with 38 files
+// makes 40 with its root, Departments with 58 files 60; with 57 files and a junction 60 as well. A
+// volume that is not restored has but its root and what inherits from it alone as on the source.
+constexpr Expected kExpected[] = {
+    {"default", 0, "5 of 5 right", "10 of 12 (1 target missing, 1 already there)",
+     "6,000 of 6,000"},
+    {"letter_taken", 1, "2 of 3 right", "0 of 0", "90 of 149"},
+    {"letterless_disk", 0, "2 of 2 right", "0 of 0", "89 of 89"},
+    {"disk_without_volume", 1, "1 of 3 right", "0 of 0", "51 of 149"},
+    {"disk_without_backup_info", 1, "1 of 3 right", "0 of 0", "51 of 149"},
+    {"deny_everyone_later", 0, "2 of 2 right", "0 of 0", "106 of 109"},
+    {"german_server", 0, "2 of 2 right", "0 of 0", "110 of 110"},
+    {"junction_list_missing", 1, "2 of 2 right", "0 of 1 (1 not made)", "50 of 109"},
+    {"junction_list_unreadable", 1, "2 of 2 right", "0 of 1 (1 not made)", "50 of 109"},
+    // The junction that was made inherits, as the source's did.
+    {"acl_list_missing", 1, "2 of 2 right", "1 of 1", "51 of 109"},
+    {"acl_list_unreadable", 1, "2 of 2 right", "1 of 1", "51 of 109"},
+};
+
+class ScenarioRun : public testing::TestWithParam<Expected> {};
+
+TEST_P(ScenarioRun, EndsAsItsTitleSays) {
+  const Expected& expected = GetParam();
+  WholeRun run(expected.name);
+  EXPECT_EQ(run.Run(), expected.result);
+  EXPECT_EQ(run.ClosingLines(),
+            (std::vector<std::string>{
+                std::string("letters: ") + expected.letters + "\n",
+                std::string("junctions: ") + expected.junctions + "\n",
+                std::string("descriptors: ") + expected.descriptors + " equal to the source\n"}));
+  EXPECT_TRUE(run.server().desktop().Boxes().empty());
+  EXPECT_TRUE(run.server().handles().OpenKinds().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, ScenarioRun, testing::ValuesIn(kExpected),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(ScenarioRuns, LeaveOutNoShippedScenario) {
+  std::set<std::string> shipped;
+  for (const auto& entry : fs::directory_iterator(VANTORO_SCENARIO_DIR)) {
+    shipped.insert(entry.path().stem().string());
+  }
+  std::set<std::string> run;
+  for (const Expected& expected : kExpected) run.insert(expected.name);
+  EXPECT_EQ(run, shipped);
+}
+
+TEST(DefaultRun, ComparesDescriptorsOfManyKinds) {
+  WholeRun run("default");
+  std::set<std::string> texts;
+  for (const auto& volume : run.sources()) {
+    simulator::VisitTree(volume.letter, *volume.root,
+                         [&](const std::string&, const simulator::Node& node) {
+                           texts.insert(simulator::DescriptorBytes(*node.security));
+                         });
+  }
+  EXPECT_GE(texts.size(), 40u);
+}
+
+TEST(DefaultRun, StartsFromACopyThatIsDifferentAlmostThroughout) {
+  WholeRun run("default");
+  EXPECT_GT(run.Descriptors().differences.size(), 5000u);
+  EXPECT_GT(run.WrongAttributes().size(), 10u);
+}
+
+TEST(DefaultRun, RestoresDescriptorsOfEveryKind) {
+  WholeRun run("default");
+  ASSERT_EQ(run.Run(), 0);
+  const std::string installer = "S-1-5-80-956008885-3418522649-1831038044-1853292631-2271478464";
+  const std::string jdoe = "S-1-5-21-3623811015-3361044348-30300820-1107";
+  const std::pair<std::string, std::string> expected[] = {
+      // Denies Everyone, inherits auditing.
+      {"C:\\Finance\\Payroll.xlsx",
+       "O:BAG:SYD:PAI(D;;FA;;;WD)(A;;FR;;;S-1-5-21-3623811015-3361044348-30300820-1133)"
+       "S:AI(AU;IDSAFA;DCLCRPCRSDWDWO;;;WD)"},
+      // Audits by entries of its own and by inherited ones.
+      {"C:\\Windows\\System32\\config\\SAM",
+       "O:BAG:SYD:PAI(A;;FA;;;SY)(A;;FA;;;BA)"
+       "S:AI(AU;SAFA;FA;;;WD)(AU;IDSAFA;DCLCSDWDWO;;;WD)"},
+      // Its owner is gone.
+      {"C:\\Users\\jdoe\\Größenübersicht für Jürgen.xlsx",
+       "O:" + jdoe + "G:S-1-5-21-3623811015-3361044348-30300820-513" +
+           "D:AI(A;ID;FA;;;SY)(A;ID;FA;;;BA)(A;ID;FA;;;" + jdoe + ")"},
+      {"C:\\inetpub\\wwwroot", "O:BAG:SYD:AI(A;OICI;0x1200a9;;;IS)(A;OICIID;FA;;;" + installer +
+                                   ")(A;OICIID;FA;;;SY)(A;OICIID;FA;;;BA)(A;OICIID;0x1200a9;;;BU)"
+                                   "(A;OICIIOID;GA;;;CO)"},
+      // A junction's own, not that of what it leads to.
+      {"C:\\Documents and Settings",
+       "O:SYG:SYD:PAI(D;;CC;;;WD)(A;;0x1200a9;;;WD)(A;;FA;;;SY)(A;;FA;;;BA)"},
+      // Denies a group on a later volume.
+      {"E:\\Departments\\Legal\\File 00001.dat",
+       "O:BAG:S-1-5-21-1801674531-1417001333-682003330-513D:AI(D;ID;FA;;;BG)(A;ID;FA;;;BA)"
+       "(A;ID;FA;;;SY)(A;ID;0x1301bf;;;S-1-5-21-3623811015-3361044348-30300820-1125)"},
+  };
+  for (const auto& [path, sddl] : expected) {
+    EXPECT_EQ(tests::SddlOf(run.server(), path), sddl) << path;
+  }
+}
+
+TEST(DefaultRun, RestoresAttributes) {
+  WholeRun run("default");
+  ASSERT_EQ(run.Run(), 0);
+  EXPECT_EQ(run.WrongAttributes(), std::vector<std::string>{"E:\\Old server 1040 16"});
+}
+
+TEST(DefaultRun, MakesTheJunctionForWhichAFileMadeRoom) {
+  WholeRun run("default");
+  ASSERT_EQ(run.Run(), 0);
+  EXPECT_EQ(run.server().files().JunctionTarget("E:\\Projects\\Current"),
+            "\\??\\E:\\Projects\\2024");
+}
+
+TEST(DefaultRun, SkipsTheVolumeWithoutAPrepareFolder) {
+  WholeRun run("default");
+  ASSERT_EQ(run.Run(), 0);
+  const std::string log = run.server()
+                              .files()
+                              .Read("C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log")
+                              .value_or("");
+  EXPECT_NE(log.find("Prepare Dir [s:\\vantoro_prepare\\] Not Exsit, Skip..."), std::string::npos);
+}
+
+TEST(DefaultRun, ChangesNothingASecondTime) {
+  WholeRun run("default");
+  ASSERT_EQ(run.Run(), 0);
+  const auto first = run.Copies();
+  // In the same process most privileges stay off, in another they are enabled again.
+  for (const bool same_process : {true, false}) {
+    if (!same_process) acl::ACLUtil::privileges_enabled = false;
+    EXPECT_EQ(run.Run(), 0);
+    EXPECT_EQ(run.ClosingLines(),
+              (std::vector<std::string>{"letters: 5 of 5 right\n",
+                                        "junctions: 0 of 12 (1 target missing, 11 already there)\n",
+                                        "descriptors: 6,000 of 6,000 equal to the source\n"}));
+    EXPECT_EQ(run.Copies(), first) << same_process;
+  }
+}
+
+TEST(LaterVolumeRun, LeavesWhatNeedsPrivileges) {
+  WholeRun run("deny_everyone_later");
+  ASSERT_EQ(run.Run(), 0);
+  const DescriptorOutcome outcome = run.Descriptors();
+  const std::string made = "G:S-1-5-21-1801674531-1417001333-682003330-513D:AI";
+  const std::string gone = "S-1-5-21-3623811015-3361044348-30300820-1107";
+  ASSERT_EQ(outcome.differences.size(), 3u);
+  EXPECT_EQ(outcome.differences[0].path, "D:\\Finance\\Audited.xlsx");
+  EXPECT_EQ(outcome.differences[0].wanted,
+            "O:BA" + made + "(A;ID;FA;;;BA)(A;ID;FA;;;SY)S:AI(AU;SAFA;FA;;;WD)");
+  EXPECT_EQ(outcome.differences[0].found, "O:BA" + made + "(A;ID;FA;;;BA)(A;ID;FA;;;SY)");
+  EXPECT_EQ(outcome.differences[1].path, "D:\\Finance\\Draft of Jane.docx");
+  EXPECT_EQ(outcome.differences[1].wanted,
+            "O:" + gone + made + "(A;ID;FA;;;BA)(A;ID;FA;;;SY)(A;ID;FA;;;" + gone + ")");
+  EXPECT_EQ(outcome.differences[1].found, "O:BA" + made + "(A;ID;FA;;;BA)(A;ID;FA;;;SY)");
+  EXPECT_EQ(outcome.differences[2].path, "D:\\Finance\\Payroll.xlsx");
+  EXPECT_EQ(outcome.differences[2].wanted, "O:BAG:SYD:PAI(D;;FA;;;WD)(A;;FR;;;BG)");
+  EXPECT_EQ(outcome.differences[2].found, "O:BAG:SYD:PAI(D;;FA;;;WD)");
+}
+
+}  // namespace
+}  // namespace restore
