@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <map>
@@ -18,9 +19,15 @@ std::vector<Ratio>& Ratios() {
   return ratios;
 }
 
+std::vector<HeapDifference>& HeapDifferences() {
+  static std::vector<HeapDifference> differences;
+  return differences;
+}
+
 namespace {
 
-// Keeps the time of every repetition, in nanoseconds of the clock that the benchmark chose.
+// Keeps the time of every repetition, in nanoseconds of the clock that the benchmark chose, and the
+// most heap that one needed.
 class Collector : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& /*context*/) override { return true; }
@@ -29,11 +36,17 @@ class Collector : public benchmark::BenchmarkReporter {
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
       times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+      const auto heap = run.counters.find(kHeapCounter);
+      if (heap != run.counters.end()) {
+        double& most = heap_[run.run_name.function_name];
+        most = std::max(most, heap->second.value);
+      }
       std::cerr << '.' << std::flush;
     }
   }
 
-  // 0 when that benchmark has not run.
+  // Both are 0 when that benchmark has not run.
+  double Heap(const std::string& name) { return heap_[name]; }
   double Median(const std::string& name) {
     std::vector<double>& times = times_[name];
     if (times.empty()) return 0;
@@ -44,6 +57,7 @@ class Collector : public benchmark::BenchmarkReporter {
 
  private:
   std::map<std::string, std::vector<double>> times_;
+  std::map<std::string, double> heap_;
 };
 
 std::string Text(const char* format, double number) {
@@ -69,7 +83,26 @@ void PrintRow(const std::vector<std::string>& cells) {
   std::cout << row << '\n';
 }
 
-// Whether every ratio stays within its bound.
+// Whether every difference stays within its bound.
+bool PrintHeapDifferences(Collector& collector) {
+  constexpr double kKibibyte = 1024;
+  bool within = true;
+  for (const HeapDifference& difference : HeapDifferences()) {
+    const double measured = collector.Heap(difference.measured);
+    const double reference = collector.Heap(difference.reference);
+    if (measured <= 0 || reference <= 0) continue;  // filtered out
+    const double apart = std::abs(measured - reference);
+    const bool passed = apart > difference.bound;
+    PrintRow({difference.what, Text("%.1f KiB", measured / kKibibyte),
+              Text("%.1f KiB", reference / kKibibyte),
+              Text("+-%.1f", apart / kKibibyte) + (passed ? "!" : ""),
+              Text("%.0f KiB", difference.bound / kKibibyte)});
+    if (passed) within = false;
+  }
+  return within;
+}
+
+// Whether everything stays within its bound.
 bool PrintTable(Collector& collector) {
   bool within = true;
   PrintRow({"measured", "program", "reference", "ratio", "bound"});
@@ -83,7 +116,7 @@ bool PrintTable(Collector& collector) {
               ratio.bound > 0 ? Text("%.2f", ratio.bound) : std::string("-")});
     if (passed) within = false;
   }
-  return within;
+  return PrintHeapDifferences(collector) && within;
 }
 
 }  // namespace
