@@ -106,6 +106,12 @@ TEST_F(RestoreACLFileTest, MakesTheAdministratorsOwnersOfWhatRefuses) {
   EXPECT_EQ(SddlOf("C:\\a"), kSddl);
 }
 
+TEST_F(RestoreACLFileTest, LooksTheAdministratorsUpByTheirName) {
+  EXPECT_EQ(RestoreAll(""), 0);
+  EXPECT_EQ(server_.calls().ArgumentsOf("LookupAccountNameA"),
+            Lines{"\"Administrators\", 4096, 4096"});
+}
+
 TEST_F(RestoreACLFileTest, HasNoFallbackOwnerOnAGermanServer) {
   server_.system().language = 1031;
   server_.calls().FailNext("SetNamedSecurityInfoA", ERROR_ACCESS_DENIED);

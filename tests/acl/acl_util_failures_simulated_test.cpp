@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "acl/acl_util.h"
-#include "common/privileges.h"
 #include "support/simulated_acl_engine.h"
 #include "support/simulated_progress.h"
 
@@ -184,6 +183,14 @@ TEST_F(ACLUtilFailure, OfTheSecondWriteIsTheFinalCode) {
   EXPECT_EQ(Report().back(), "ERROR writing SD to <C:\\a>: 1314");
 }
 
+TEST_F(ACLUtilFailure, OfTheSecondWriteLeavesTheObjectToTheAdministrators) {
+  server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
+  server_.calls().FailNext(kWrite, ERROR_PRIVILEGE_NOT_HELD, 3);
+  tests::Secure(server_, "C:\\a", "O:BUG:BUD:PAI(A;;FA;;;BU)");
+  EXPECT_EQ(RestoreBoth({}), kRestored);
+  EXPECT_EQ(SddlOf("C:\\a"), "O:BAG:BUD:PAI(A;;FA;;;BU)");
+}
+
 TEST_F(ACLUtilFailure, OfTheSecondWriteForWantOfAccessIsPassedOver) {
   server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED);
   server_.calls().FailNext(kWrite, ERROR_ACCESS_DENIED, 3);
@@ -228,105 +235,6 @@ TEST(ACLUtilFailures, OfAnyCallLeaveNothingBehind) {
   ACLUtil::privileges_enabled = false;
 }
 
-// Privileges.
-
-const std::vector<std::string> kPrivileges = {"SeBackupPrivilege", "SeRestorePrivilege",
-                                              "SeSecurityPrivilege", "SeTakeOwnershipPrivilege"};
-
-class Privileges : public ACLUtilFailure {
- protected:
-  std::vector<bool> Enabled() {
-    std::vector<bool> enabled;
-    for (const std::string& name : kPrivileges) {
-      enabled.push_back(server_.security().Enabled(name));
-    }
-    return enabled;
-  }
-
-  static Lines Quoted() {
-    Lines names;
-    for (const std::string& name : kPrivileges) names.push_back("\"" + name + "\"");
-    return names;
-  }
-};
-
-const std::vector<bool> kAllOn(4, true);
-const std::vector<bool> kAllOff(4, false);
-
-TEST_F(Privileges, AreOnFromTheFirstUseToTheEndOfTheObject) {
-  {
-    ACLUtil engine;
-    EXPECT_EQ(Enabled(), kAllOff);
-    EXPECT_EQ(engine.EnablePrivileges(), 0);
-    EXPECT_EQ(Enabled(), kAllOn);
-    EXPECT_EQ(server_.calls().ArgumentsOf("LookupPrivilegeValueA"), Quoted());
-  }
-  EXPECT_EQ(Enabled(), kAllOff);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
-}
-
-TEST_F(Privileges, AreEnabledOnceInAProcess) {
-  ACLUtil first;
-  EXPECT_EQ(first.EnablePrivileges(), 0);
-  const int calls = server_.calls().Count();
-  EXPECT_EQ(first.EnablePrivileges(), 0);
-  ACLUtil second;
-  EXPECT_EQ(second.EnablePrivileges(), 0);
-  EXPECT_EQ(server_.calls().Count(), calls);
-}
-
-TEST_F(Privileges, StayOffForLaterObjects) {
-  EXPECT_EQ(Restore(""), kRestored);
-  ACLUtil second;
-  EXPECT_EQ(second.EnablePrivileges(), 0);
-  EXPECT_EQ(Enabled(), kAllOff);
-}
-
-TEST_F(Privileges, AreDisabledByAnObjectThatNeverEnabledThem) {
-  ASSERT_TRUE(common::SwitchPrivilege("SeBackupPrivilege", true));
-  { const ACLUtil engine; }
-  EXPECT_EQ(Enabled(), kAllOff);
-  EXPECT_EQ(server_.calls().ArgumentsOf("LookupPrivilegeValueA").size(), 5U);
-}
-
-TEST_F(Privileges, AreEnabledForAFileThatIsMissing) {
-  EXPECT_EQ(RestoreFile("", {}), kNoInputFile);
-  EXPECT_TRUE(ACLUtil::privileges_enabled);
-}
-
-TEST_F(Privileges, ThatAreNotHeldAreReported) {
-  for (const std::string& name : kPrivileges) server_.security().Revoke(name);
-  EXPECT_EQ(Restore(""), kRestored);
-  EXPECT_EQ(
-      Report(),
-      (Lines{"Info: Privilege 'SeBackupPrivilege' could not be enabled. This can probably be "
-             "ignored.",
-             "Info: Privilege 'SeRestorePrivilege' could not be enabled. This can probably be "
-             "ignored.",
-             "Info: Privilege 'SeSecurityPrivilege' could not be enabled. This can probably be "
-             "ignored.",
-             "Info: Privilege 'SeTakeOwnershipPrivilege' could not be enabled. This can probably "
-             "be ignored.",
-             kDetected}));
-}
-
-class PrivilegeCall : public Privileges, public testing::WithParamInterface<const char*> {};
-
-TEST_P(PrivilegeCall, ThatFailsIsReportedAndTheOthersAreEnabled) {
-  server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED, 2);
-  ACLUtil engine;
-  engine.SetOutputStream(common::UniqueFile(::_fsopen("C:\\report.txt", "wb", _SH_DENYNO)));
-  EXPECT_EQ(engine.EnablePrivileges(), 0);
-  EXPECT_EQ(Enabled(), (std::vector<bool>{true, false, true, true}));
-  EXPECT_EQ(Report(), Lines{"Info: Privilege 'SeRestorePrivilege' could not be enabled. This can "
-                            "probably be ignored."});
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
-}
-
-INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeCall,
-                         testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
-
 // Progress.
 
 class Progress : public ACLUtilFailure {
@@ -348,10 +256,11 @@ TEST_F(Progress, IsNotToldBeforeTheThousandthLine) {
 }
 
 TEST_F(Progress, IsToldBeforeTheLineIsRestored) {
-  server_.files().Write("C:\\acl.dat", "");
-  EXPECT_EQ(Restore(Empty(999) + LineOf("C:\\a", 0, "wrong"),
-                    {.continue_on_error = true, .total_entries = 1000}),
-            kRestored);
+  std::string content;
+  for (int line = 1; line < 1000; ++line) content += LineOf("C:\\a", 0, "O:SY");
+  EXPECT_EQ(Restore(content + LineOf("C:\\a", 0, "wrong"),
+                    {.continue_on_error = false, .total_entries = 1000}),
+            kConvertFailed);
   EXPECT_EQ(dialog_.Take(), std::vector<double>{100.0});
 }
 

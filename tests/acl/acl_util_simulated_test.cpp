@@ -79,6 +79,11 @@ TEST_F(ACLUtilTest, SetsAttributesBeforeTheDescriptor) {
   EXPECT_EQ(Restore(LineOf("C:\\Data\\a.txt", kReadOnlyHidden, kSddl)), kRestored);
   EXPECT_EQ(AttributesOf("C:\\Data\\a.txt"), static_cast<DWORD>(kReadOnlyHidden));
   EXPECT_EQ(SddlOf("C:\\Data\\a.txt"), kSddl);
+  Lines names;
+  for (const simulator::TracedCall& call : server_.calls().Trace()) {
+    if (call.name.starts_with("Set")) names.push_back(call.name);
+  }
+  EXPECT_EQ(names, (Lines{"SetFileAttributesA", "SetNamedSecurityInfoA"}));
 }
 
 TEST_F(ACLUtilTest, LeavesAttributesOfZeroAlone) {
@@ -244,6 +249,13 @@ TEST_F(ACLUtilTest, Is34WhenTheFileCannotBeOpenedAgain) {
             kInputFileUnreadable);
 }
 
+// The report's own stream is opened first.
+TEST_F(ACLUtilTest, ReportsTheFileOnceItCouldBeOpened) {
+  server_.calls().FailNext("_open", EACCES, 3);
+  EXPECT_EQ(Restore(LineOf("C:\\Data\\a.txt", 0, kSddl)), kInputFileUnreadable);
+  EXPECT_EQ(Report(), Lines{kDetected});
+}
+
 TEST_F(ACLUtilTest, Is34WhenTheFileCannotBeReadToItsEnd) {
   server_.calls().FailNext("_read", EIO);
   EXPECT_EQ(Restore(LineOf("C:\\Data\\a.txt", 0, kSddl)), kInputFileUnreadable);
@@ -260,6 +272,12 @@ TEST_F(ACLUtilTest, ReportsNothingWithoutAStream) {
   EXPECT_EQ(Restore(LineOf("C:\\none", 0, kSddl), {.with_stream = false}), kRestored);
   EXPECT_FALSE(server_.files().Exists("C:\\report.txt"));
   EXPECT_EQ(server_.calls().ArgumentsOf("_write"), Lines{});
+}
+
+TEST_F(ACLUtilTest, ClosesTheReport) {
+  EXPECT_EQ(Restore(""), kRestored);
+  // The file, twice, and the report.
+  EXPECT_EQ(server_.calls().ArgumentsOf("_close").size(), 3U);
 }
 
 TEST_F(ACLUtilTest, FlushesEveryLineOfTheReport) {

@@ -69,6 +69,20 @@ TEST_F(RestoreJunctionsTest, ReplacesAFileInTheWay) {
   EXPECT_EQ(TargetOf("C:\\Link"), "\\??\\C:\\Target");
 }
 
+TEST_F(RestoreJunctionsTest, ReplacesWhatHasNoAttributesToRead) {
+  server_.files().Write("C:\\Link", "in the way");
+  server_.calls().FailNext("GetFileAttributesW", ERROR_ACCESS_DENIED);
+  EXPECT_EQ(Restore("C:\\Link;C:\\Target\r\n"),
+            "Source: C:\\Target; Junction: C:\\Link; Create Done!\r\n");
+  EXPECT_EQ(TargetOf("C:\\Link"), "\\??\\C:\\Target");
+}
+
+TEST_F(RestoreJunctionsTest, DeletesNothingWhenNothingIsInTheWay) {
+  EXPECT_EQ(Restore("C:\\Link;C:\\Target\r\n"),
+            "Source: C:\\Target; Junction: C:\\Link; Create Done!\r\n");
+  EXPECT_EQ(server_.calls().ArgumentsOf("DeleteFileA"), Lines{});
+}
+
 TEST_F(RestoreJunctionsTest, FailsAtAFileThatCannotBeDeleted) {
   server_.files().Write("C:\\Link", "in the way");
   server_.files().SetAttributes("C:\\Link", FILE_ATTRIBUTE_READONLY);

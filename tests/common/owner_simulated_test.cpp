@@ -27,6 +27,31 @@ TEST(UniqueHandle, ClosesItsHandleOnce) {
   EXPECT_EQ(server.calls().ArgumentsOf("CloseHandle").size(), 2u);
 }
 
+TEST(UniqueFileHandle, ClosesItsHandleOnce) {
+  simulator::Server server;
+  {
+    UniqueFileHandle folder(
+        ::CreateFileW(L"C:\\Windows", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                      FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    ASSERT_TRUE(folder);
+    EXPECT_EQ(server.handles().OpenKinds().size(), 1u);
+    const UniqueFileHandle moved(std::move(folder));
+  }
+  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_EQ(server.calls().ArgumentsOf("CloseHandle").size(), 1u);
+}
+
+TEST(UniqueFileHandle, ClosesNothingWhenTheFileCouldNotBeOpened) {
+  simulator::Server server;
+  {
+    const UniqueFileHandle folder(
+        ::CreateFileW(L"C:\\None", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                      FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    EXPECT_FALSE(folder);
+  }
+  EXPECT_TRUE(server.calls().ArgumentsOf("CloseHandle").empty());
+}
+
 TEST(UniqueLocal, FreesItsMemory) {
   simulator::Server server;
   const int before = simulator::LiveLocalBlocks();

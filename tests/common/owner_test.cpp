@@ -125,5 +125,17 @@ TEST_F(UniqueTest, PutEmptiesAndTakesWhatIsStoredThere) {
   ExpectGivenBack({3, 4});
 }
 
+// The two failure values of handles.
+
+TEST(UniqueHandle, IsEmptyWhenNull) {
+  EXPECT_EQ(UniqueHandle().get(), nullptr);
+  EXPECT_FALSE(UniqueHandle(nullptr));
+}
+
+TEST(UniqueFileHandle, IsEmptyWhenInvalid) {
+  EXPECT_EQ(UniqueFileHandle().get(), INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(UniqueFileHandle(INVALID_HANDLE_VALUE));
+}
+
 }  // namespace
 }  // namespace common

@@ -83,5 +83,88 @@ TEST(EnablePrivilege, PrintsNothing) {
   EXPECT_EQ(server.console().Text(), "");
 }
 
+// Switching, which tells whether the token holds the privilege.
+
+TEST(SwitchPrivilege, EnablesThePrivilegeAlone) {
+  simulator::Server server;
+  EXPECT_TRUE(SwitchPrivilege("SeSecurityPrivilege", true));
+  EXPECT_TRUE(server.security().Enabled("SeSecurityPrivilege"));
+  EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
+}
+
+TEST(SwitchPrivilege, DisablesThePrivilegeAlone) {
+  simulator::Server server;
+  ASSERT_TRUE(SwitchPrivilege("SeSecurityPrivilege", true));
+  ASSERT_TRUE(SwitchPrivilege("SeBackupPrivilege", true));
+  EXPECT_TRUE(SwitchPrivilege("SeSecurityPrivilege", false));
+  EXPECT_FALSE(server.security().Enabled("SeSecurityPrivilege"));
+  EXPECT_TRUE(server.security().Enabled("SeBackupPrivilege"));
+}
+
+TEST(SwitchPrivilege, DisablesAPrivilegeThatIsNotEnabled) {
+  simulator::Server server;
+  EXPECT_TRUE(SwitchPrivilege("SeBackupPrivilege", false));
+  EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
+}
+
+TEST(SwitchPrivilege, OpensTheTokenToAdjustAndQuery) {
+  simulator::Server server;
+  EXPECT_TRUE(SwitchPrivilege("SeBackupPrivilege", true));
+  const std::vector<std::string> arguments = server.calls().ArgumentsOf("OpenProcessToken");
+  ASSERT_EQ(arguments.size(), 1u);
+  EXPECT_TRUE(arguments[0].ends_with(", 40")) << arguments[0];
+}
+
+// The adjusting call itself succeeds.
+TEST(SwitchPrivilege, IsFalseForAPrivilegeThatTheTokenDoesNotHold) {
+  for (const bool enabled : {true, false}) {
+    simulator::Server server;
+    server.security().Revoke("SeBackupPrivilege");
+    EXPECT_FALSE(SwitchPrivilege("SeBackupPrivilege", enabled));
+    EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
+  }
+}
+
+TEST(SwitchPrivilege, IsFalseForAnUnknownName) {
+  simulator::Server server;
+  EXPECT_FALSE(SwitchPrivilege("SeNoSuchPrivilege", true));
+  EXPECT_TRUE(server.calls().ArgumentsOf("AdjustTokenPrivileges").empty());
+}
+
+class SwitchPrivilegeCall : public testing::TestWithParam<const char*> {};
+
+TEST_P(SwitchPrivilegeCall, ThatFailsMakesItFalseAndChangesNothing) {
+  simulator::Server server;
+  server.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
+  EXPECT_FALSE(SwitchPrivilege("SeBackupPrivilege", true));
+  EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
+}
+
+TEST_P(SwitchPrivilegeCall, ThatFailsLeavesNoTokenOpen) {
+  simulator::Server server;
+  server.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
+  EXPECT_FALSE(SwitchPrivilege("SeBackupPrivilege", true));
+  EXPECT_TRUE(server.handles().OpenKinds().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Calls, SwitchPrivilegeCall,
+                         testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
+                                         "AdjustTokenPrivileges"));
+
+TEST(SwitchPrivilege, LeavesNoTokenOpenHoweverItEnds) {
+  simulator::Server server;
+  server.security().Revoke("SeRestorePrivilege");
+  EXPECT_TRUE(SwitchPrivilege("SeBackupPrivilege", true));
+  EXPECT_FALSE(SwitchPrivilege("SeRestorePrivilege", true));
+  EXPECT_FALSE(SwitchPrivilege("SeNoSuchPrivilege", true));
+  EXPECT_TRUE(server.handles().OpenKinds().empty());
+}
+
+TEST(SwitchPrivilege, DoesNotLookAtTheResultOfClosingTheToken) {
+  simulator::Server server;
+  server.calls().FailNext("CloseHandle", ERROR_INVALID_HANDLE);
+  EXPECT_TRUE(SwitchPrivilege("SeBackupPrivilege", true));
+}
+
 }  // namespace
 }  // namespace common
