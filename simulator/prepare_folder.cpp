@@ -6,9 +6,6 @@
 namespace simulator {
 namespace {
 
-constexpr SECURITY_INFORMATION kSaved = OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION |
-                                        DACL_SECURITY_INFORMATION | SACL_SECURITY_INFORMATION;
-
 std::string ListName(std::string_view name, char letter) {
   return std::string(name) + "_" + NameKey(std::string(1, letter)) + ".dat";
 }
@@ -22,7 +19,7 @@ std::string AclList(char letter, const Node& root, const AccountDomains& domains
   std::string list;
   VisitTree(letter, root, [&list, &domains](const std::string& path, const Node& node) {
     list += "\"" + path + "\"," + std::to_string(node.attributes) + ",\"" +
-            SddlText(*node.security, domains, kSaved) + "\"\r\n";
+            SddlText(*node.security, domains) + "\"\r\n";
   });
   return list;
 }

@@ -14,9 +14,9 @@
 
 #include "restore/messages.h"
 #include "simulator/model/server.h"
-#include "simulator/report.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
+#include "simulator/report_letters.h"
 #include "simulator/scenario.h"
 #include "ui/main_window.h"
 

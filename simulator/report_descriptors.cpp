@@ -7,9 +7,6 @@ namespace simulator {
 namespace {
 
 constexpr size_t kMostShown = 10;
-constexpr SECURITY_INFORMATION kEverything =
-    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
-    SACL_SECURITY_INFORMATION | LABEL_SECURITY_INFORMATION;
 
 // Texts of descriptors; many nodes share one.
 class Texts {
@@ -18,7 +15,7 @@ class Texts {
 
   const std::string& Of(const std::shared_ptr<const Descriptor>& descriptor) {
     const auto [found, is_new] = texts_.try_emplace(descriptor);
-    if (is_new) found->second = SddlText(*descriptor, domains_, kEverything);
+    if (is_new) found->second = SddlText(*descriptor, domains_);
     return found->second;
   }
 
@@ -48,7 +45,7 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
     VisitTree(volume.letter, *volume.root, [&](const std::string& path, const Node& node) {
       ++outcome.objects;
       const std::string& wanted = texts.Of(node.security);
-      const Node* const found = FindNode(*volume.copy->root, path.substr(kRoot));
+      const Node* const found = volume.copy->root->Find(path.substr(kRoot));
       const std::string text = found == nullptr ? "" : texts.Of(found->security);
       if (text != wanted) outcome.differences.push_back({path, wanted, text});
     });

@@ -37,7 +37,7 @@ void VisitJunctions(const std::vector<SourceVolume>& sources,
 JunctionState StateOf(const SourceVolume& volume, const std::string& path,
                       const std::string& target) {
   constexpr size_t kRoot = 3;  // "C:\"
-  const Node* const node = FindNode(*volume.copy->root, path.substr(kRoot));
+  const Node* const node = volume.copy->root->Find(path.substr(kRoot));
   const std::string found = node == nullptr ? "" : JunctionTargetOf(*node);
   if (found.empty()) return JunctionState::kNone;
   return NameKey(found) == NameKey(target) ? JunctionState::kRight : JunctionState::kElsewhere;

@@ -32,7 +32,7 @@ std::string Joined(const std::vector<std::string>& names) {
 
 std::string ReadPath(const JsonPlace& place, bool is_folder, Paths& paths) {
   std::string path = place.Text();
-  const std::vector<std::string> names = ParsePath("\\" + path, "C:\\").names;
+  const std::vector<std::string> names = NamesBelowRoot(path);
   if (names.empty() || Joined(names) != path ||
       !std::all_of(names.begin(), names.end(), IsValidName)) {
     place.Fail("a path behind the root, such as \"Data\\\\Shares\"");

@@ -11,8 +11,8 @@
 //                  not indexed
 //   sddl:          the owner, group and lists that it gives; whatever it leaves out is inherited,
 //                  and so are the inherited entries of a list that is not protected
-//   copy_sddl:     the descriptor that stands on a copy that lost the source's; else all is
-//   inherited lost:          any of "descriptors", "junctions", "attributes", "prepare_folder",
+//   copy_sddl:     the descriptor on a copy that lost the source's; else all of it is inherited
+//   lost:          any of "descriptors", "junctions", "attributes", "prepare_folder",
 //                  "junction_list", "acl_list"; the first three unless it is given
 //   unreadable:    "junction_list", "acl_list": files that deny the administrator to read them
 #ifndef SIMULATOR_SCENARIO_SOURCE_H_

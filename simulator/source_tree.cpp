@@ -6,9 +6,10 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/model/inherited_security.h"
+#include "simulator/model/inheritance.h"
 #include "simulator/model/junction.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/shared_descriptors.h"
 #include "simulator/scenario.h"
 
 namespace simulator {
@@ -16,12 +17,6 @@ namespace {
 
 // Descriptors that nodes do not merely inherit, as far as they are given.
 using Given = std::map<const Node*, const Descriptor*>;
-
-constexpr std::string_view kNamespace = "\\??\\";
-
-std::vector<std::string> Names(std::string_view path) {
-  return ParsePath("\\" + std::string(path), "C:\\").names;
-}
 
 // The child of that name and kind, made when there is none.
 std::shared_ptr<Node> Child(Node& folder, const std::string& name, DWORD attributes) {
@@ -35,7 +30,7 @@ std::shared_ptr<Node> Child(Node& folder, const std::string& name, DWORD attribu
 
 // The node at that path, made with its parents where they are missing.
 std::shared_ptr<Node> Make(std::shared_ptr<Node> node, std::string_view path, DWORD attributes) {
-  const std::vector<std::string> names = Names(path);
+  const std::vector<std::string> names = NamesBelowRoot(path);
   for (size_t i = 0; i < names.size(); ++i) {
     const bool is_last = i + 1 == names.size();
     node = Child(*node, names[i], is_last ? attributes : FILE_ATTRIBUTE_DIRECTORY);
@@ -84,7 +79,7 @@ Descriptor Completed(const Descriptor& given, const Descriptor& inherited, const
 }
 
 // Gives what is below a folder the descriptors that it lacks.
-void Secure(const Node& folder, const Given& given, InheritedSecurity& inherited) {
+void Secure(const Node& folder, const Given& given, SharedDescriptors& inherited) {
   for (const auto& [key, child] : folder.children) {
     if (!child->security) {
       const bool is_folder = child->IsFolder();
@@ -96,11 +91,6 @@ void Secure(const Node& folder, const Given& given, InheritedSecurity& inherited
     }
     Secure(*child, given, inherited);
   }
-}
-
-void MarkAsJunction(Node& node, const std::string& target) {
-  node.attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
-  node.reparse_data = JunctionBuffer(target);
 }
 
 // All but junctions.
@@ -125,7 +115,7 @@ void CopyJunction(const ScenarioJunction& junction, const ScenarioLosses& lost, 
   if (!lost.descriptors) node->security = source.security;
   if (copy != JunctionCopy::kJunction) return;
   if (!lost.attributes) node->attributes = source.attributes;
-  MarkAsJunction(*node, junction.target);
+  node->MakeReparsePoint(JunctionBuffer(junction.target));
 }
 
 void Visit(const std::string& path, const Node& node,
@@ -138,7 +128,7 @@ void Visit(const std::string& path, const Node& node,
 }  // namespace
 
 std::shared_ptr<const Node> MakeSourceTree(const ScenarioSource& source, const Identity& identity) {
-  InheritedSecurity inherited(identity);
+  SharedDescriptors inherited(identity);
   const auto root = std::make_shared<Node>();
   root->attributes = FILE_ATTRIBUTE_DIRECTORY;
   root->security = inherited.OfRoot();
@@ -154,7 +144,7 @@ std::shared_ptr<const Node> MakeSourceTree(const ScenarioSource& source, const I
   for (const ScenarioObject& folder : source.folders) make(folder);
   for (const ScenarioObject& file : source.files) make(file);
   for (const ScenarioJunction& junction : source.junctions) {
-    MarkAsJunction(*make(junction.object), junction.target);
+    make(junction.object)->MakeReparsePoint(JunctionBuffer(junction.target));
   }
   // Last, so that what has a name of its own keeps it.
   for (const ScenarioObject& folder : source.folders) {
@@ -168,7 +158,7 @@ void CopyTree(const Node& source_root, const ScenarioSource& source, const Scena
               const Identity& identity, const std::shared_ptr<Node>& root) {
   CopyChildren(source_root, lost, *root);
   for (const ScenarioJunction& junction : source.junctions) {
-    CopyJunction(junction, lost, *FindNode(source_root, junction.object.path), root);
+    CopyJunction(junction, lost, *source_root.Find(junction.object.path), root);
   }
   Given given;
   for (const std::vector<ScenarioObject>* objects : {&source.folders, &source.files}) {
@@ -179,7 +169,7 @@ void CopyTree(const Node& source_root, const ScenarioSource& source, const Scena
       given.emplace(node.get(), &*object.copy_given);
     }
   }
-  InheritedSecurity inherited(identity);
+  SharedDescriptors inherited(identity);
   Secure(*root, given, inherited);
 }
 
@@ -188,19 +178,9 @@ void VisitTree(char letter, const Node& root,
   Visit(std::string(1, letter) + ":\\", root, visit);
 }
 
-const Node* FindNode(const Node& root, std::string_view path) {
-  const Node* node = &root;
-  for (const std::string& name : Names(path)) {
-    // The folder keeps the child alive.
-    node = node->Child(name).get();
-    if (node == nullptr) break;
-  }
-  return node;
-}
-
 std::string JunctionTargetOf(const Node& node) {
   std::string name = SubstituteName(node.reparse_data).value_or("");
-  return name.starts_with(kNamespace) ? name.substr(kNamespace.size()) : name;
+  return name.starts_with(kNtPrefix) ? name.substr(kNtPrefix.size()) : name;
 }
 
 }  // namespace simulator

@@ -35,9 +35,6 @@ void CopyTree(const Node& source_root, const ScenarioSource& source, const Scena
 void VisitTree(char letter, const Node& root,
                const std::function<void(const std::string& path, const Node& node)>& visit);
 
-// The node at that path behind the root; null when there is none. Junctions are not followed.
-const Node* FindNode(const Node& root, std::string_view path);
-
 // Where a junction leads: "D:\Data", or what it names otherwise; empty for what is no junction.
 std::string JunctionTargetOf(const Node& node);
 

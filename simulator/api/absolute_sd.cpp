@@ -1,11 +1,13 @@
 // Self-relative security descriptors turned into absolute ones.
 #include <windows.h>
 
-#include <cstddef>
 #include <cstring>
 #include <optional>
+#include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/api/security_parts.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/unsupported.h"
 
 using simulator::Call;
@@ -13,65 +15,48 @@ using simulator::Unsupported;
 
 namespace {
 
-struct Part {
-  const char* bytes = nullptr;  // null, of no size, when the descriptor lacks it
-  DWORD size = 0;
-};
-
+// Empty where the descriptor lacks the part.
 struct Parts {
-  Part owner;
-  Part group;
-  Part dacl;
-  Part sacl;
+  std::string_view owner;
+  std::string_view group;
+  std::string_view dacl;
+  std::string_view sacl;
 };
 
-template <typename Header>
-Header HeaderAt(const char* bytes, size_t size = sizeof(Header)) {
-  Header header{};
-  std::memcpy(&header, bytes, size);
-  return header;
+// Nothing for what is no SID.
+std::optional<std::string_view> SidAt(const char* descriptor, DWORD offset) {
+  if (offset == 0) return std::string_view();
+  const std::string_view sid = simulator::SidBytesAt(descriptor + offset);
+  return simulator::ReadSid(sid) ? std::optional(sid) : std::nullopt;
 }
 
-// Nothing for what is no SID. So below: the parts say how long they are, and nothing says where the
-// memory ends.
-std::optional<Part> SidAt(const char* descriptor, DWORD offset) {
-  constexpr size_t kFixed = offsetof(SID, SubAuthority);
-  if (offset == 0) return Part{};
-  const SID sid = HeaderAt<SID>(descriptor + offset, kFixed);
-  if (sid.Revision != SID_REVISION || sid.SubAuthorityCount > SID_MAX_SUB_AUTHORITIES) {
-    return std::nullopt;
-  }
-  const size_t size = kFixed + sid.SubAuthorityCount * sizeof(DWORD);
-  return Part{descriptor + offset, static_cast<DWORD>(size)};
-}
-
-std::optional<Part> AclAt(const char* descriptor, DWORD offset, bool present) {
-  if (offset == 0 || !present) return Part{};
-  const ACL acl = HeaderAt<ACL>(descriptor + offset);
-  if (acl.AclRevision < ACL_REVISION || acl.AclRevision > ACL_REVISION_DS ||
-      acl.AclSize < sizeof(ACL)) {
-    return std::nullopt;
-  }
-  return Part{descriptor + offset, acl.AclSize};
+// Nothing for what is no list; its entries are not looked at.
+std::optional<std::string_view> AclAt(const char* descriptor, DWORD offset, bool present) {
+  if (offset == 0 || !present) return std::string_view();
+  const std::string_view acl = simulator::AclBytesAt(descriptor + offset);
+  const auto revision = simulator::HeaderAt<ACL>(descriptor + offset).AclRevision;
+  const bool is_list =
+      revision >= ACL_REVISION && revision <= ACL_REVISION_DS && acl.size() >= sizeof(ACL);
+  return is_list ? std::optional(acl) : std::nullopt;
 }
 
 std::optional<Parts> PartsOf(const char* descriptor, const SECURITY_DESCRIPTOR_RELATIVE& header) {
   if (header.Revision != SECURITY_DESCRIPTOR_REVISION) return std::nullopt;
-  const std::optional<Part> owner = SidAt(descriptor, header.Owner);
-  const std::optional<Part> group = SidAt(descriptor, header.Group);
-  const std::optional<Part> dacl =
-      AclAt(descriptor, header.Dacl, (header.Control & SE_DACL_PRESENT) != 0);
-  const std::optional<Part> sacl =
-      AclAt(descriptor, header.Sacl, (header.Control & SE_SACL_PRESENT) != 0);
+  const auto owner = SidAt(descriptor, header.Owner);
+  const auto group = SidAt(descriptor, header.Group);
+  const auto dacl = AclAt(descriptor, header.Dacl, (header.Control & SE_DACL_PRESENT) != 0);
+  const auto sacl = AclAt(descriptor, header.Sacl, (header.Control & SE_SACL_PRESENT) != 0);
   if (!owner || !group || !dacl || !sacl) return std::nullopt;
   return Parts{*owner, *group, *dacl, *sacl};
 }
 
+DWORD SizeOf(std::string_view part) { return static_cast<DWORD>(part.size()); }
+
 template <typename Buffer>
-Buffer* Copied(const Part& part, Buffer* buffer) {
-  if (part.size == 0) return nullptr;
+Buffer* Copied(std::string_view part, Buffer* buffer) {
+  if (part.empty()) return nullptr;
   if (buffer == nullptr) Unsupported("MakeAbsoluteSD: no buffer");
-  std::memcpy(buffer, part.bytes, part.size);
+  std::memcpy(buffer, part.data(), part.size());
   return buffer;
 }
 
@@ -90,19 +75,19 @@ BOOL WINAPI MakeAbsoluteSD(PSECURITY_DESCRIPTOR self_relative, PSECURITY_DESCRIP
                   *primary_group_size);
   if (call.fails()) return FALSE;
   const char* const bytes = static_cast<const char*>(self_relative);
-  const auto header = HeaderAt<SECURITY_DESCRIPTOR_RELATIVE>(bytes);
+  const auto header = simulator::HeaderAt<SECURITY_DESCRIPTOR_RELATIVE>(bytes);
   if ((header.Control & SE_SELF_RELATIVE) == 0) return call.Done(ERROR_BAD_DESCRIPTOR_FORMAT);
   const std::optional<Parts> parts = PartsOf(bytes, header);
   if (!parts) return call.Done(ERROR_INVALID_SECURITY_DESCR);
 
-  if (*absolute_size < kAbsoluteSize || *dacl_size < parts->dacl.size ||
-      *sacl_size < parts->sacl.size || *owner_size < parts->owner.size ||
-      *primary_group_size < parts->group.size) {
+  if (*absolute_size < kAbsoluteSize || *dacl_size < SizeOf(parts->dacl) ||
+      *sacl_size < SizeOf(parts->sacl) || *owner_size < SizeOf(parts->owner) ||
+      *primary_group_size < SizeOf(parts->group)) {
     *absolute_size = kAbsoluteSize;
-    *dacl_size = parts->dacl.size;
-    *sacl_size = parts->sacl.size;
-    *owner_size = parts->owner.size;
-    *primary_group_size = parts->group.size;
+    *dacl_size = SizeOf(parts->dacl);
+    *sacl_size = SizeOf(parts->sacl);
+    *owner_size = SizeOf(parts->owner);
+    *primary_group_size = SizeOf(parts->group);
     return call.Done(ERROR_INSUFFICIENT_BUFFER);
   }
   if (absolute == nullptr) Unsupported("MakeAbsoluteSD: no buffer");

@@ -7,23 +7,14 @@
 #include <cstring>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/api/security_parts.h"
 #include "simulator/model/unsupported.h"
 
 using simulator::Call;
 using simulator::Unsupported;
-
-namespace {
-
-// A byte says how many parts follow; nothing says where the memory ends.
-DWORD LengthOf(const void* sid) {
-  SID header;
-  std::memcpy(&header, sid, offsetof(SID, SubAuthority));
-  return static_cast<DWORD>(offsetof(SID, SubAuthority) + header.SubAuthorityCount * sizeof(DWORD));
-}
-
-}  // namespace
 
 BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid, LPDWORD sid_size,
                                LPSTR domain_name, LPDWORD domain_name_size, PSID_NAME_USE use) {
@@ -55,16 +46,16 @@ BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid
 // Cannot fail, so it is neither numbered nor traced.
 DWORD WINAPI GetLengthSid(PSID sid) {
   if (sid == nullptr) Unsupported("GetLengthSid: no SID");
-  return LengthOf(sid);
+  return static_cast<DWORD>(simulator::SidBytesAt(sid).size());
 }
 
 BOOL WINAPI CopySid(DWORD size, PSID destination, PSID source) {
   if (source == nullptr) Unsupported("CopySid: no SID");
-  const DWORD length = LengthOf(source);
+  const std::string_view bytes = simulator::SidBytesAt(source);
   const Call call("CopySid", size);
   if (call.fails()) return FALSE;
-  if (size < length) return call.Done(ERROR_INSUFFICIENT_BUFFER);
+  if (size < bytes.size()) return call.Done(ERROR_INSUFFICIENT_BUFFER);
   if (destination == nullptr) Unsupported("CopySid: no buffer");
-  std::memcpy(destination, source, length);
+  std::memcpy(destination, bytes.data(), bytes.size());
   return call.Succeed(TRUE);
 }

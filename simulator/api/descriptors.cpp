@@ -3,13 +3,13 @@
 
 #include <sddl.h>
 
-#include <cstddef>
 #include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/api/security_parts.h"
 #include "simulator/model/descriptor.h"
 #include "simulator/model/local_heap.h"
 #include "simulator/model/sddl_text.h"
@@ -18,29 +18,22 @@
 using simulator::Acl;
 using simulator::Call;
 using simulator::Descriptor;
+using simulator::HeaderAt;
 using simulator::Sid;
 using simulator::Unsupported;
 
 namespace {
 
-template <typename Header>
-Header HeaderAt(const char* bytes) {
-  Header header;
-  std::memcpy(&header, bytes, sizeof(header));
-  return header;
-}
-
-// Parts in memory say themselves how long they are.
-bool ReadSidAt(const char* bytes, std::optional<Sid>* sid) {
-  if (bytes == nullptr) return true;
-  const size_t count = static_cast<BYTE>(bytes[offsetof(SID, SubAuthorityCount)]);
-  *sid = simulator::ReadSid({bytes, offsetof(SID, SubAuthority) + count * sizeof(DWORD)});
+// False when a part is there and not well-formed.
+bool ReadSidAt(const void* memory, std::optional<Sid>* sid) {
+  if (memory == nullptr) return true;
+  *sid = simulator::ReadSid(simulator::SidBytesAt(memory));
   return sid->has_value();
 }
 
-bool ReadAclAt(const char* bytes, std::optional<Acl>* acl) {
-  if (bytes == nullptr) return true;
-  *acl = simulator::ReadAcl({bytes, HeaderAt<ACL>(bytes).AclSize});
+bool ReadAclAt(const void* memory, std::optional<Acl>* acl) {
+  if (memory == nullptr) return true;
+  *acl = simulator::ReadAcl(simulator::AclBytesAt(memory));
   return acl->has_value();
 }
 
@@ -65,10 +58,9 @@ DWORD ReadDescriptorAt(const char* bytes, Descriptor* descriptor) {
   if (parts.Revision != SECURITY_DESCRIPTOR_REVISION) return ERROR_INVALID_SECURITY_DESCR;
   descriptor->control = parts.Control & static_cast<WORD>(~SE_SELF_RELATIVE);
   const auto list = [&parts](WORD present, PACL acl) {
-    return (parts.Control & present) != 0 ? reinterpret_cast<const char*>(acl) : nullptr;
+    return (parts.Control & present) != 0 ? acl : nullptr;
   };
-  if (!ReadSidAt(static_cast<const char*>(parts.Owner), &descriptor->owner) ||
-      !ReadSidAt(static_cast<const char*>(parts.Group), &descriptor->group)) {
+  if (!ReadSidAt(parts.Owner, &descriptor->owner) || !ReadSidAt(parts.Group, &descriptor->group)) {
     return ERROR_INVALID_SID;
   }
   if (!ReadAclAt(list(SE_DACL_PRESENT, parts.Dacl), &descriptor->dacl) ||
@@ -106,13 +98,10 @@ BOOL WINAPI ConvertSecurityDescriptorToStringSecurityDescriptorA(PSECURITY_DESCR
                                                                  DWORD revision,
                                                                  SECURITY_INFORMATION information,
                                                                  LPSTR* text, PULONG length) {
-  constexpr SECURITY_INFORMATION kHonoured =
-      OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
-      SACL_SECURITY_INFORMATION | LABEL_SECURITY_INFORMATION;
   const Call call("ConvertSecurityDescriptorToStringSecurityDescriptorA", descriptor, revision,
                   information);
   if (call.fails()) return FALSE;
-  if ((information & ~kHonoured) != 0) Unsupported("this security information as text");
+  if ((information & ~simulator::kAllParts) != 0) Unsupported("this security information as text");
   if (descriptor == nullptr || text == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   if (revision != SDDL_REVISION_1) return call.Done(ERROR_UNKNOWN_REVISION);
   Descriptor read;

@@ -3,12 +3,10 @@
 
 #include <aclapi.h>
 
-#include <cstddef>
-#include <cstring>
 #include <optional>
-#include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/api/security_parts.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
@@ -20,27 +18,15 @@ constexpr SECURITY_INFORMATION kHonoured =
     UNPROTECTED_DACL_SECURITY_INFORMATION | PROTECTED_SACL_SECURITY_INFORMATION |
     PROTECTED_DACL_SECURITY_INFORMATION;
 
-// A SID and a list say themselves how long they are.
-std::optional<Sid> SidAt(PSID sid) {
-  constexpr size_t kFixed = offsetof(SID, SubAuthority);
-  if (sid == nullptr) return std::nullopt;
-  const char* const bytes = static_cast<const char*>(sid);
-  const auto count = static_cast<unsigned char>(bytes[offsetof(SID, SubAuthorityCount)]);
-  if (count > SID_MAX_SUB_AUTHORITIES) return std::nullopt;
-  return ReadSid(std::string_view(bytes, kFixed + count * sizeof(DWORD)));
-}
-
-std::optional<Acl> AclAt(PACL acl) {
-  WORD size = 0;
-  const char* const bytes = reinterpret_cast<const char*>(acl);
-  std::memcpy(&size, bytes + offsetof(ACL, AclSize), sizeof(size));
-  return ReadAcl(std::string_view(bytes, size));
+// Nothing for null and for what is no SID.
+std::optional<Sid> ReadSidAt(PSID sid) {
+  return sid == nullptr ? std::nullopt : ReadSid(SidBytesAt(sid));
 }
 
 // Nothing stands for a null list.
 DWORD ReadList(PACL given, std::optional<Acl>* list) {
   if (given == nullptr) return ERROR_SUCCESS;
-  *list = AclAt(given);
+  *list = ReadAcl(AclBytesAt(given));
   return *list ? ERROR_SUCCESS : ERROR_INVALID_ACL;
 }
 
@@ -67,13 +53,15 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
   simulator::SecurityChange change;
   change.information = information;
   DWORD error = ERROR_SUCCESS;
-  if ((information & OWNER_SECURITY_INFORMATION) != 0) change.owner = simulator::SidAt(owner);
-  if ((information & GROUP_SECURITY_INFORMATION) != 0) change.group = simulator::SidAt(group);
+  if ((information & OWNER_SECURITY_INFORMATION) != 0)
+    change.parts.owner = simulator::ReadSidAt(owner);
+  if ((information & GROUP_SECURITY_INFORMATION) != 0)
+    change.parts.group = simulator::ReadSidAt(group);
   if ((information & DACL_SECURITY_INFORMATION) != 0) {
-    error = simulator::ReadList(dacl, &change.dacl);
+    error = simulator::ReadList(dacl, &change.parts.dacl);
   }
   if (error == ERROR_SUCCESS && (information & SACL_SECURITY_INFORMATION) != 0) {
-    error = simulator::ReadList(sacl, &change.sacl);
+    error = simulator::ReadList(sacl, &change.parts.sacl);
   }
   if (error == ERROR_SUCCESS) {
     error = call.server().files().SetSecurity(object_name, change);

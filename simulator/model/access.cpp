@@ -32,11 +32,9 @@ bool Holds(const Identity& identity, const Sid& sid) {
   return identity.user == sid || identity.groups.contains(sid);
 }
 
-bool SpeaksTo(const Ace& ace, Effect effect, const Descriptor& descriptor,
-              const Identity& identity) {
+bool SpeaksTo(const Ace& ace, const Descriptor& descriptor, const Identity& identity) {
   if (ace.sid == kOwnerRights && !descriptor.owner) return false;
-  const Sid& sid = ace.sid == kOwnerRights ? *descriptor.owner : ace.sid;
-  return Holds(identity, sid) || (effect == Effect::kDenies && identity.deny_only.contains(sid));
+  return Holds(identity, ace.sid == kOwnerRights ? *descriptor.owner : ace.sid);
 }
 
 bool LimitsOwner(const Ace& ace) {
@@ -55,7 +53,7 @@ bool Grants(const Descriptor& descriptor, const Identity& identity, ACCESS_MASK 
   }
   for (const Ace& ace : aces) {
     const Effect effect = EffectOf(ace);
-    if (effect == Effect::kNone || !SpeaksTo(ace, effect, descriptor, identity)) continue;
+    if (effect == Effect::kNone || !SpeaksTo(ace, descriptor, identity)) continue;
     const ACCESS_MASK mask = MapGeneric(ace.mask);
     if (effect == Effect::kAllows) {
       missing &= ~mask;

@@ -1,15 +1,14 @@
 #include "simulator/model/accounts.h"
 
 #include "simulator/model/path_name.h"
-#include "simulator/model/unsupported.h"
 #include "simulator/model/well_known_sids.h"
 
 namespace simulator {
 namespace {
 
-constexpr LANGID kGerman = 1031;
-constexpr LANGID kEnglish = 1033;
-constexpr LANGID kChinese = 2052;
+// Primary languages, the low bits of a LANGID.
+constexpr WORD kPrimaryBits = 0x3FF;
+constexpr WORD kGerman = 0x07;
 
 enum class Domain { kNone, kBuiltin, kNtAuthority, kServer };
 
@@ -44,16 +43,35 @@ const KnownAccount kAccounts[] = {
     {{"Guest", "Gast"}, Domain::kServer, SidTypeUser, {0, {501}}},
 };
 
+struct LanguageName {
+  WORD language;
+  const char* name;
+};
+
+constexpr LanguageName kAdministratorsNames[] = {
+    {0x06, "Administratorer"},       // Danish
+    {0x0A, "Administradores"},       // Spanish
+    {0x0B, "Järjestelmänvalvojat"},  // Finnish
+    {0x0C, "Administrateurs"},       // French
+    {0x0E, "Rendszergazdák"},        // Hungarian
+    {0x14, "Administratorer"},       // Norwegian
+    {0x15, "Administratorzy"},       // Polish
+    {0x16, "Administradores"},       // Portuguese
+    {0x19, "Администраторы"},        // Russian
+    {0x1D, "Administratörer"},       // Swedish
+};
+
 std::string InLanguage(const Names& names, LANGID language) {
-  switch (language) {
-    case kEnglish:
-    case kChinese:  // keeps the English names
-      return names.english;
-    case kGerman:
-      return names.german;
-    default:
-      Unsupported("account names in the language " + std::to_string(language));
+  return (language & kPrimaryBits) == kGerman ? names.german : names.english;
+}
+
+std::string NameOf(const KnownAccount& known, LANGID language) {
+  if (known.sid == kAdministrators) {
+    for (const LanguageName& other : kAdministratorsNames) {
+      if (other.language == (language & kPrimaryBits)) return other.name;
+    }
   }
+  return InLanguage(known.names, language);
 }
 
 std::string DomainName(Domain domain, const System& system) {
@@ -84,7 +102,7 @@ std::optional<Account> FindAccount(std::string_view name, const System& system,
   const std::string wanted = NameKey(name);
   for (const KnownAccount& known : kAccounts) {
     const std::string domain = DomainName(known.domain, system);
-    const std::string alone = NameKey(InLanguage(known.names, system.language));
+    const std::string alone = NameKey(NameOf(known, system.language));
     std::string full = NameKey(domain);
     full.append("\\").append(alone);
     if (wanted == alone || (!domain.empty() && wanted == full)) {

@@ -20,9 +20,9 @@ struct Account {
 };
 
 // A name as the server's language has it, whatever its case, alone or behind its domain:
-// "Administrators", "BUILTIN\Administrators". A name in another language is none. Aborts on a
-// server in a language whose names are not known: they are for English, German and Simplified
-// Chinese.
+// "Administrators", "BUILTIN\Administrators". A name in another language is none. All names are
+// known in English and German, the one of the Administrators in other languages that have their
+// own; whatever is not known is taken for the English name, which many languages keep.
 std::optional<Account> FindAccount(std::string_view name, const System& system,
                                    const AccountDomains& domains);
 

@@ -19,7 +19,7 @@ struct Sid {
   uint64_t authority = 0;       // 48 bits
   std::vector<uint32_t> parts;  // the sub-authorities, at most SID_MAX_SUB_AUTHORITIES
 
-  auto operator<=>(const Sid&) const = default;
+  auto operator<=>(const Sid&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
 // As it lies in memory: the first three groups little-endian.

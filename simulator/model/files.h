@@ -19,10 +19,9 @@
 #include <tuple>
 #include <vector>
 
-#include "simulator/model/access.h"
 #include "simulator/model/descriptor.h"
-#include "simulator/model/inherited_security.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/shared_descriptors.h"
 #include "simulator/model/volume.h"
 
 namespace simulator {
@@ -51,13 +50,11 @@ struct HandleMode {
   bool open_reparse_point = false;
 };
 
-// What SetNamedSecurityInfo sets. Only the parts that `information` names count.
+// What SetNamedSecurityInfo sets. Only the parts that `information` names count, and no control
+// word; a list that is not there is a null one.
 struct SecurityChange {
   SECURITY_INFORMATION information = 0;
-  std::optional<Sid> owner;
-  std::optional<Sid> group;
-  std::optional<Acl> dacl;  // a null list without
-  std::optional<Acl> sacl;
+  Descriptor parts;
 };
 
 class Files {
@@ -158,8 +155,8 @@ class Files {
   bool May(const Place& place, ACCESS_MASK wanted, Intent intent) const;
   bool May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Intent intent) const;
   DWORD CheckChange(const Place& place, const SecurityChange& change) const;
-  using Passed = std::map<std::tuple<InheritedSecurity::Shared, InheritedSecurity::Shared, bool>,
-                          InheritedSecurity::Shared>;
+  using Passed = std::map<std::tuple<SharedDescriptors::Shared, SharedDescriptors::Shared, bool>,
+                          SharedDescriptors::Shared>;
   void PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
               Passed* passed);
 
@@ -172,7 +169,7 @@ class Files {
   friend class OpenFile;
 
   const Security& security_;
-  InheritedSecurity inherited_;
+  SharedDescriptors inherited_;
   const std::shared_ptr<Shared> shared_;
   std::string current_folder_ = "C:\\Windows\\system32";
   std::vector<std::shared_ptr<Volume>> volumes_;

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "simulator/model/files.h"
+#include "simulator/model/hold.h"
 #include "simulator/model/junction.h"
 #include "simulator/model/node.h"
 #include "simulator/model/open_file.h"
@@ -188,8 +189,7 @@ DWORD Files::SetReparsePoint(const OpenNode& node, std::string_view buffer) {
     return ERROR_REPARSE_TAG_MISMATCH;
   }
   if (!held.children.empty()) return ERROR_DIR_NOT_EMPTY;
-  held.reparse_data = buffer;
-  held.attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  held.MakeReparsePoint(std::string(buffer));
   return ERROR_SUCCESS;
 }
 

@@ -8,21 +8,6 @@
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
-namespace {
-
-std::vector<std::string> NamesBelowRoot(std::string_view path) {
-  return ParsePath("\\" + std::string(path), "C:\\").names;
-}
-
-std::shared_ptr<Node> FindBelow(const Volume& volume, const std::vector<std::string>& names) {
-  std::shared_ptr<Node> node = volume.root;
-  for (const std::string& name : names) {
-    node = node ? node->Child(name) : nullptr;
-  }
-  return node;
-}
-
-}  // namespace
 
 // The node with that path, made with all its parents where they are missing.
 std::shared_ptr<Node> Files::MakeBelow(const Volume& volume, const std::vector<std::string>& names,
@@ -78,8 +63,8 @@ std::optional<std::string> Files::Read(std::string_view path) const {
 
 std::optional<std::string> Files::ReadOn(const Volume& volume, std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
-  const std::shared_ptr<Node> node = FindBelow(volume, NamesBelowRoot(path));
-  if (!node || node->IsFolder()) return std::nullopt;
+  const Node* const node = volume.root->Find(path);
+  if (node == nullptr || node->IsFolder()) return std::nullopt;
   return node->bytes;
 }
 
@@ -128,8 +113,7 @@ void Files::MakeJunction(std::string_view path, std::string_view target) {
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_DIRECTORY);
   if (!node.children.empty()) Unsupported("a junction in place of a folder that is not empty");
-  node.reparse_data = JunctionBuffer(target);
-  node.attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  node.MakeReparsePoint(JunctionBuffer(target));
 }
 
 std::optional<std::string> Files::JunctionTarget(std::string_view path) const {

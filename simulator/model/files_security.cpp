@@ -1,11 +1,13 @@
 // Who may do what to a file, and how its descriptor changes.
-#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "simulator/model/files.h"
-#include "simulator/model/list_change.h"
+#include "simulator/model/inheritance.h"
+#include "simulator/model/list_kind.h"
 #include "simulator/model/node.h"
 #include "simulator/model/security.h"
+#include "simulator/model/stored_list.h"
 
 namespace simulator {
 namespace {
@@ -26,11 +28,20 @@ bool AsksBoth(const SecurityChange& change, SECURITY_INFORMATION parts) {
   return (change.information & parts) == parts;
 }
 
-// Inherited entries and split ones may make a list longer than any can be.
-bool Fits(const Descriptor& descriptor) {
-  return (!descriptor.dacl || AclSize(*descriptor.dacl) <= kLargestAcl) &&
-         (!descriptor.sacl || AclSize(*descriptor.sacl) <= kLargestAcl);
+// Inherited entries and split ones may make a list longer than any can be. Few lists are so long
+// that they must be laid out to tell.
+bool Fits(const std::optional<Acl>& acl) {
+  constexpr size_t kLargestSid =
+      offsetof(SID, SubAuthority) + SID_MAX_SUB_AUTHORITIES * sizeof(DWORD);
+  constexpr size_t kLargestPlainAce =
+      sizeof(ACE_HEADER) + 2 * sizeof(DWORD) + 2 * sizeof(Guid) + kLargestSid;
+  if (!acl) return true;
+  size_t most = sizeof(ACL);
+  for (const Ace& ace : acl->aces) most += kLargestPlainAce + ace.data.size();
+  return most <= kLargestAcl || AclSize(*acl) <= kLargestAcl;
 }
+
+bool Fits(const Descriptor& descriptor) { return Fits(descriptor.dacl) && Fits(descriptor.sacl); }
 
 }  // namespace
 
@@ -76,14 +87,15 @@ DWORD Files::CheckChange(const Place& place, const SecurityChange& change) const
 
   if (!Asks(change, OWNER_SECURITY_INFORMATION)) return ERROR_SUCCESS;
   const Identity& identity = security_.identity();
-  const bool may_own = change.owner == identity.user || identity.may_own.contains(*change.owner) ||
+  const bool may_own = change.parts.owner == identity.user ||
+                       identity.may_own.contains(*change.parts.owner) ||
                        security_.Enabled(SE_RESTORE_NAME);
   return may_own ? ERROR_SUCCESS : ERROR_INVALID_OWNER;
 }
 
 DWORD Files::SetSecurity(std::string_view path, const SecurityChange& change) {
-  if ((Asks(change, OWNER_SECURITY_INFORMATION) && !change.owner) ||
-      (Asks(change, GROUP_SECURITY_INFORMATION) && !change.group) ||
+  if ((Asks(change, OWNER_SECURITY_INFORMATION) && !change.parts.owner) ||
+      (Asks(change, GROUP_SECURITY_INFORMATION) && !change.parts.group) ||
       AsksBoth(change,
                PROTECTED_DACL_SECURITY_INFORMATION | UNPROTECTED_DACL_SECURITY_INFORMATION) ||
       AsksBoth(change,
@@ -98,15 +110,15 @@ DWORD Files::SetSecurity(std::string_view path, const SecurityChange& change) {
   // For a file system without descriptors the I/O manager says that all went well.
   if (!place.volume->KeepsNtfsData()) return ERROR_SUCCESS;
 
-  const InheritedSecurity::Shared before = place.node->security;
+  const SharedDescriptors::Shared before = place.node->security;
   Descriptor after = *before;
-  if (Asks(change, OWNER_SECURITY_INFORMATION)) after.owner = change.owner;
-  if (Asks(change, GROUP_SECURITY_INFORMATION)) after.group = change.group;
+  if (Asks(change, OWNER_SECURITY_INFORMATION)) after.owner = change.parts.owner;
+  if (Asks(change, GROUP_SECURITY_INFORMATION)) after.group = change.parts.group;
   const bool is_folder = place.node->IsFolder();
-  for (const ListKind& kind : {kDaclKind, kSaclKind}) {
+  for (const ListKind& kind : kListKinds) {
     if (!Asks(change, kind.set)) continue;
-    SetList(kind, change.information, change.*kind.changed, is_folder, &after);
-    if (place.parent) InheritList(kind, *place.parent->security, is_folder, &after);
+    StoreList(kind, change.information, change.parts.*kind.list, is_folder, &after);
+    if (place.parent) Reinherit(kind, *place.parent->security, is_folder, &after);
   }
   if (!Fits(after)) return ERROR_INVALID_ACL;
   place.node->security = std::make_shared<const Descriptor>(std::move(after));
@@ -129,21 +141,21 @@ void Files::PassOn(const Place& folder, const Descriptor& before, SECURITY_INFOR
     place.parent = folder.node;
     place.node = child;
     const bool is_folder = child->IsFolder();
-    InheritedSecurity::Shared& made =
+    SharedDescriptors::Shared& made =
         (*passed)[{child->security, folder.node->security, is_folder}];
     if (!made) {
       Descriptor after = *child->security;
-      for (const ListKind& kind : {kDaclKind, kSaclKind}) {
+      for (const ListKind& kind : kListKinds) {
         if ((lists & kind.set) == 0) continue;
         MarkInherited(kind, before, is_folder, &after);
-        InheritList(kind, *folder.node->security, is_folder, &after);
+        Reinherit(kind, *folder.node->security, is_folder, &after);
       }
       made = after == *child->security || !Fits(after)
                  ? child->security
                  : std::make_shared<const Descriptor>(std::move(after));
     }
     if (made == child->security || !May(place, WRITE_DAC, Intent::kBackup)) continue;
-    const InheritedSecurity::Shared child_before = std::exchange(child->security, made);
+    const SharedDescriptors::Shared child_before = std::exchange(child->security, made);
     if (is_folder) PassOn(place, *child_before, lists, passed);
   }
 }

@@ -1,8 +1,9 @@
-// What children get from their parents.
-// https://learn.microsoft.com/windows/win32/secauthz/ace-inheritance-rules
-#include <algorithm>
+#include "simulator/model/inheritance.h"
 
-#include "simulator/model/access.h"
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "simulator/model/well_known_sids.h"
 
 namespace simulator {
@@ -13,15 +14,6 @@ constexpr BYTE kInheritFlags =
 
 BYTE With(BYTE flags, int more) { return static_cast<BYTE>(flags | more); }
 BYTE Without(BYTE flags, int fewer) { return static_cast<BYTE>(flags & ~fewer); }
-
-// The bits of one of the two lists in a descriptor's control word.
-struct ListControl {
-  SECURITY_DESCRIPTOR_CONTROL present;
-  SECURITY_DESCRIPTOR_CONTROL auto_inherited;
-  SECURITY_DESCRIPTOR_CONTROL is_protected;
-};
-constexpr ListControl kDacl = {SE_DACL_PRESENT, SE_DACL_AUTO_INHERITED, SE_DACL_PROTECTED};
-constexpr ListControl kSacl = {SE_SACL_PRESENT, SE_SACL_AUTO_INHERITED, SE_SACL_PROTECTED};
 
 struct Child {
   bool is_folder;
@@ -86,31 +78,14 @@ Ace FullAccess(const Sid& sid) {
   return ace;
 }
 
-void InheritList(const ListControl& bits, const std::optional<Acl>& parent,
-                 SECURITY_DESCRIPTOR_CONTROL parent_control, Child child, std::optional<Acl>* list,
-                 SECURITY_DESCRIPTOR_CONTROL* control) {
-  const bool automatic = (parent_control & bits.auto_inherited) != 0;
+void InheritList(const ListKind& kind, const Descriptor& parent, Child child, Descriptor* made) {
+  const bool automatic = (parent.control & kind.auto_inherited) != 0;
   child.mark = automatic ? INHERITED_ACE : 0;
-  Acl inherited = InheritedAcl(parent, child);
+  Acl inherited = InheritedAcl(parent.*kind.list, child);
   if (inherited.aces.empty()) return;
-  *list = std::move(inherited);
-  *control |= bits.present;
-  if (automatic) *control |= bits.auto_inherited;
-}
-
-// A null list stays null.
-void ReinheritList(const ListControl& bits, const std::optional<Acl>& parent, const Child& child,
-                   std::optional<Acl>* list, SECURITY_DESCRIPTOR_CONTROL* control) {
-  const bool is_present = (*control & bits.present) != 0;
-  if ((*control & bits.is_protected) != 0 || (is_present && !*list)) return;
-  Acl inherited = InheritedAcl(parent, child);
-  if (!is_present && inherited.aces.empty()) return;
-  Acl made = is_present ? std::move(**list) : Acl{};
-  std::erase_if(made.aces, [](const Ace& ace) { return (ace.flags & INHERITED_ACE) != 0; });
-  made.aces.insert(made.aces.end(), inherited.aces.begin(), inherited.aces.end());
-  made.revision = std::max(made.revision, inherited.revision);
-  *list = std::move(made);
-  *control |= bits.present | bits.auto_inherited;
+  made->*kind.list = std::move(inherited);
+  made->control |= kind.present;
+  if (automatic) made->control |= kind.auto_inherited;
 }
 
 }  // namespace
@@ -120,8 +95,7 @@ Descriptor InheritedDescriptor(const Descriptor& parent, bool is_folder, const I
   made.owner = creator.default_owner;
   made.group = creator.primary_group;
   const Child child = {is_folder, made.owner, made.group, 0};
-  InheritList(kDacl, parent.dacl, parent.control, child, &made.dacl, &made.control);
-  InheritList(kSacl, parent.sacl, parent.control, child, &made.sacl, &made.control);
+  for (const ListKind& kind : kListKinds) InheritList(kind, parent, child, &made);
   if (!made.dacl) {
     made.control |= SE_DACL_PRESENT;
     made.dacl = Acl{ACL_REVISION, {FullAccess(creator.default_owner), FullAccess(kLocalSystem)}};
@@ -129,12 +103,38 @@ Descriptor InheritedDescriptor(const Descriptor& parent, bool is_folder, const I
   return made;
 }
 
+void Reinherit(const ListKind& kind, const Descriptor& parent, bool is_folder, Descriptor* own) {
+  std::optional<Acl>& list = own->*kind.list;
+  const bool is_present = (own->control & kind.present) != 0;
+  if ((own->control & kind.is_protected) != 0 || (is_present && !list)) return;
+  const Child child = {is_folder, own->owner, own->group, INHERITED_ACE};
+  Acl inherited = InheritedAcl(parent.*kind.list, child);
+  if (!is_present && inherited.aces.empty()) return;
+  Acl made = is_present ? std::move(*list) : Acl{};
+  std::erase_if(made.aces, [](const Ace& ace) { return (ace.flags & INHERITED_ACE) != 0; });
+  made.aces.insert(made.aces.end(), inherited.aces.begin(), inherited.aces.end());
+  made.revision = std::max(made.revision, inherited.revision);
+  list = std::move(made);
+  own->control |= kind.present | kind.auto_inherited;
+}
+
 Descriptor Reinherited(const Descriptor& own, const Descriptor& parent, bool is_folder) {
   Descriptor made = own;
-  const Child child = {is_folder, own.owner, own.group, INHERITED_ACE};
-  ReinheritList(kDacl, parent.dacl, child, &made.dacl, &made.control);
-  ReinheritList(kSacl, parent.sacl, child, &made.sacl, &made.control);
+  for (const ListKind& kind : kListKinds) Reinherit(kind, parent, is_folder, &made);
   return made;
+}
+
+void MarkInherited(const ListKind& kind, const Descriptor& parent, bool is_folder,
+                   Descriptor* own) {
+  std::optional<Acl>& list = own->*kind.list;
+  if (!list || (own->control & kind.auto_inherited) != 0) return;
+  const Child child = {is_folder, own->owner, own->group, INHERITED_ACE};
+  const std::vector<Ace> inherited = InheritedAcl(parent.*kind.list, child).aces;
+  for (Ace& ace : list->aces) {
+    Ace marked = ace;
+    marked.flags = With(marked.flags, INHERITED_ACE);
+    if (std::find(inherited.begin(), inherited.end(), marked) != inherited.end()) ace = marked;
+  }
 }
 
 }  // namespace simulator

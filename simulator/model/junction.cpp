@@ -1,9 +1,9 @@
 #include "simulator/model/junction.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 
+#include "simulator/model/path_name.h"
 #include "simulator/model/unsupported.h"
 #include "simulator/model/utf8.h"
 
@@ -24,7 +24,7 @@ struct Names {
 };
 
 constexpr size_t kNamesOffset = sizeof(Header) + sizeof(Names);
-constexpr size_t kLargestBuffer{MAXIMUM_REPARSE_DATA_BUFFER_SIZE};
+constexpr auto kLargestBuffer = static_cast<size_t>(MAXIMUM_REPARSE_DATA_BUFFER_SIZE);
 constexpr size_t kUnit = sizeof(char16_t);  // names are UTF-16, whatever a WCHAR is on this host
 constexpr DWORD kFirstTag = 2;              // those before are reserved
 
@@ -45,43 +45,10 @@ bool HasJunctionLayout(std::string_view buffer) {
          names.print_offset == names.substitute_length + kUnit;
 }
 
-bool IsHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool IsLowSurrogate(wchar_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-constexpr uint32_t kFirstPair = 0x10000;
-
-std::u16string Utf16FromUtf8(std::string_view text) {
-  std::u16string units;
-  for (const wchar_t character : WideFromUtf8(text)) {
-    const auto code = static_cast<char32_t>(character);
-    if (code >= kFirstPair) {
-      units += static_cast<char16_t>(0xD800 + ((code - kFirstPair) >> 10));
-      units += static_cast<char16_t>(0xDC00 + ((code - kFirstPair) & 0x3FF));
-    } else {
-      units += static_cast<char16_t>(code);
-    }
-  }
-  return units;
-}
-
-std::string Utf8FromUtf16(std::u16string_view units) {
-  std::wstring text;
-  for (const char16_t unit : units) {
-    const auto low = static_cast<wchar_t>(unit);
-    if (!text.empty() && IsHighSurrogate(text.back()) && IsLowSurrogate(low)) {
-      const uint32_t high = static_cast<uint32_t>(text.back()) - 0xD800;
-      text.back() = static_cast<wchar_t>(kFirstPair + (high << 10) + (unit - 0xDC00u));
-    } else {
-      text += low;
-    }
-  }
-  return Utf8FromWide(text);
-}
-
 }  // namespace
 
 std::string JunctionBuffer(std::string_view target) {
-  const std::u16string name = Utf16FromUtf8("\\??\\" + std::string(target));
+  const std::u16string name = Utf16FromUtf8(std::string(kNtPrefix) + std::string(target));
   const size_t size = name.size() * kUnit;
   const size_t data_length = sizeof(Names) + size + 2 * kUnit;
   if (sizeof(Header) + data_length > kLargestBuffer) {

@@ -34,7 +34,7 @@ struct Node {
   // Nodes share one that is the same.
   std::shared_ptr<const Descriptor> security;
   // The buffer of a reparse point as it was set, see junction.h; empty when the node is none.
-  // FILE_ATTRIBUTE_REPARSE_POINT goes with it.
+  // FILE_ATTRIBUTE_REPARSE_POINT goes with it: MakeReparsePoint sets both.
   std::string reparse_data;
   std::map<std::string, std::shared_ptr<Node>> children;  // of a folder, by NameKey
   Sharing sharing;
@@ -43,8 +43,13 @@ struct Node {
 
   // Null when there is none.
   std::shared_ptr<Node> Child(std::string_view child) const;
+  // What lies at that path behind this folder, "Data\a.txt"; null when nothing does. Junctions are
+  // not followed.
+  const Node* Find(std::string_view path) const;
   // Makes one, without a descriptor; there is none of that name yet.
   std::shared_ptr<Node> AddChild(std::string_view child, DWORD child_attributes);
+
+  void MakeReparsePoint(std::string buffer);
 };
 
 }  // namespace simulator

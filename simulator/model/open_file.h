@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "simulator/model/files.h"
-#include "simulator/model/open_node.h"
+#include "simulator/model/hold.h"
 
 namespace simulator {
 

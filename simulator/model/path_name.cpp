@@ -9,7 +9,6 @@ namespace {
 
 constexpr size_t kLongestName = 255;            // UTF-16 units
 constexpr size_t kLongestVerbatimPath = 32767;  // UTF-16 units
-constexpr std::string_view kNtPrefix = "\\??\\";
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
@@ -141,6 +140,10 @@ PathName ParsePath(std::string_view path, std::string_view current_directory) {
   parsed.ends_in_separator = AppendNames(rest, 0, parsed.names);
   parsed.length = LengthOf(parsed);
   return parsed;
+}
+
+std::vector<std::string> NamesBelowRoot(std::string_view path) {
+  return ParsePath("\\" + std::string(path), "C:\\").names;
 }
 
 PathName ParseNtPath(std::string_view path) {

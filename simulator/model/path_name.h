@@ -16,9 +16,8 @@ struct PathName {
   char letter = 0;                 // upper case; no letter when the path names no drive: '{'
   std::vector<std::string> names;  // below the root; empty for the root itself
   bool ends_in_separator = false;
-  size_t length = 0;  // of the full path, in UTF-16 units; 0 for the empty path and for blanks
-  bool verbatim =
-      false;  // names are as they were given, whatever they are; no MAX_PATH bounds them
+  size_t length = 0;      // of the full path, in UTF-16 units; 0 for the empty path and for blanks
+  bool verbatim = false;  // names are as they came, whatever they are; no MAX_PATH bounds them
 };
 
 // The full path. Both slashes separate, several count as one; "." and ".." are resolved, never
@@ -29,6 +28,12 @@ struct PathName {
 // Behind "\\?\" the path is verbatim: only backslashes separate, and nothing is resolved or lost.
 // No server answers to a network path, and there is no device but the drives: "\\.\x".
 PathName ParsePath(std::string_view path, std::string_view current_directory);
+
+// The names of a path that starts behind a root: "Data\a.txt".
+std::vector<std::string> NamesBelowRoot(std::string_view path);
+
+// What a drive's name begins with among those of the system's own.
+inline constexpr std::string_view kNtPrefix = "\\??\\";
 
 // The verbatim path "\??\C:\Data" that a junction holds. What does not begin with "\??\" is
 // ERROR_INVALID_REPARSE_DATA.

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstddef>
 #include <optional>
 #include <string_view>
-#include <system_error>
 
 #include "simulator/model/sddl_attribute.h"
 #include "simulator/model/sddl_condition.h"
+#include "simulator/model/sddl_guid.h"
 #include "simulator/model/sddl_rights.h"
 #include "simulator/model/sddl_sids.h"
 #include "simulator/model/unsupported.h"
@@ -81,50 +79,6 @@ void TakeFlags(SddlCursor& text, BYTE* flags) {
   };
   while (std::any_of(kFlags.begin(), kFlags.end(), take_one)) {
   }
-}
-
-// The number of hexadecimal digits in each group, and where the group's bytes lie.
-struct Group {
-  size_t digits;
-  std::array<size_t, 8> bytes;
-};
-constexpr auto kGroups = std::to_array<Group>({
-    {8, {3, 2, 1, 0}},
-    {4, {5, 4}},
-    {4, {7, 6}},
-    {4, {8, 9}},
-    {12, {10, 11, 12, 13, 14, 15}},
-});
-
-// Takes a GUID, or nothing at all before the next separator.
-bool TakeGuid(SddlCursor& text, std::optional<Guid>* guid) {
-  if (text.Peek() == ';') return true;
-  guid->emplace();
-  for (const Group& group : kGroups) {
-    if (&group != kGroups.begin() && !text.Take("-")) return false;
-    for (size_t i = 0; i < group.digits / 2; ++i) {
-      const std::string_view digits = text.Take(2);
-      const char* const end = digits.data() + digits.size();
-      const auto [rest, error] = std::from_chars(digits.data(), end, (**guid)[group.bytes[i]], 16);
-      if (digits.size() != 2 || error != std::errc() || rest != end) return false;
-    }
-  }
-  return true;
-}
-
-std::string GuidText(const std::optional<Guid>& guid) {
-  if (!guid) return "";
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  std::string text;
-  for (const Group& group : kGroups) {
-    if (!text.empty()) text += '-';
-    for (size_t i = 0; i < group.digits / 2; ++i) {
-      const BYTE byte = (*guid)[group.bytes[i]];
-      text += kDigits[byte >> 4];
-      text += kDigits[byte & 0xF];
-    }
-  }
-  return text;
 }
 
 // What follows the SID of a conditional entry or of a resource attribute.

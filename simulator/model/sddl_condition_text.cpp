@@ -49,9 +49,7 @@ std::string NameText(const std::string& name, bool is_claim) {
     if (is_claim ? condition::IsNameCharacter(c) : condition::IsSimpleNameCharacter(c)) {
       text << c;
     } else {
-      constexpr std::string_view kDigits = "0123456789abcdef";
-      const auto byte = static_cast<BYTE>(c);
-      text << "%00" << kDigits[byte >> 4] << kDigits[byte & 0xF];
+      text << "%00" << HexByteText(static_cast<uint8_t>(c));
     }
   }
   return text.str();

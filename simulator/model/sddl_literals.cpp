@@ -9,20 +9,6 @@
 #include "simulator/model/utf8.h"
 
 namespace simulator {
-namespace {
-
-bool IsHighSurrogate(uint32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool IsLowSurrogate(uint32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-std::optional<uint8_t> HexByte(std::string_view digits) {
-  uint8_t byte = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [rest, error] = std::from_chars(digits.data(), end, byte, 16);
-  if (digits.size() != 2 || error != std::errc() || rest != end) return std::nullopt;
-  return byte;
-}
-
-}  // namespace
 
 bool SddlInteger::FitsSigned() const {
   return magnitude <= uint64_t{INT64_MAX} + (sign == '-' ? 1 : 0);
@@ -56,13 +42,22 @@ std::optional<std::string> TakeQuoted(SddlCursor& text) {
   return std::string(quoted);
 }
 
+std::optional<uint8_t> TakeHexByte(SddlCursor& text) {
+  const std::string_view digits = text.rest().substr(0, 2);
+  const char* const last = digits.data() + digits.size();
+  uint8_t byte = 0;
+  const auto [end, error] = std::from_chars(digits.data(), last, byte, 16);
+  if (digits.size() != 2 || error != std::errc() || end != last) return std::nullopt;
+  text.Take(digits.size());
+  return byte;
+}
+
 std::optional<std::string> TakeOctets(SddlCursor& text) {
   SddlCursor ahead = text;
   if (!ahead.Take("#")) return std::nullopt;
   std::string bytes;
-  while (const std::optional<uint8_t> byte = HexByte(ahead.rest().substr(0, 2))) {
+  while (const std::optional<uint8_t> byte = TakeHexByte(ahead)) {
     bytes += static_cast<char>(*byte);
-    ahead.Take(2);
   }
   text = ahead;
   return bytes;
@@ -77,44 +72,28 @@ std::string IntegerText(const SddlInteger& integer) {
   return text.str();
 }
 
-std::string OctetsText(std::string_view bytes) {
+std::string HexByteText(uint8_t byte) {
   constexpr std::string_view kDigits = "0123456789abcdef";
+  return {kDigits[byte >> 4], kDigits[byte & 0xF]};
+}
+
+std::string OctetsText(std::string_view bytes) {
   std::string text = "#";
-  for (const char c : bytes) {
-    const auto byte = static_cast<uint8_t>(c);
-    text += kDigits[byte >> 4];
-    text += kDigits[byte & 0xF];
-  }
+  for (const char c : bytes) text += HexByteText(static_cast<uint8_t>(c));
   return text;
 }
 
 std::string Utf16Bytes(std::string_view utf8) {
   std::string bytes;
-  for (const wchar_t character : WideFromUtf8(utf8)) {
-    const auto value = static_cast<uint32_t>(character);  // NOLINT(*-signed-char*,cert-str34-c)
-    if (value > 0xFFFF) {
-      AppendNumber(static_cast<uint16_t>(0xD800 + ((value - 0x10000) >> 10)), bytes);
-      AppendNumber(static_cast<uint16_t>(0xDC00 + ((value - 0x10000) & 0x3FF)), bytes);
-    } else {
-      AppendNumber(static_cast<uint16_t>(value), bytes);
-    }
-  }
+  for (const char16_t unit : Utf16FromUtf8(utf8)) AppendNumber(uint16_t{unit}, bytes);
   return bytes;
 }
 
 std::string Utf8FromUtf16Bytes(std::string_view bytes) {
-  std::wstring wide;
+  std::u16string units;
   ByteReader reader(bytes);
-  while (reader.rest().size() >= sizeof(uint16_t)) {
-    uint32_t value = reader.Take<uint16_t>();
-    const uint32_t low = ByteReader(reader.rest()).Take<uint16_t>();
-    if (IsHighSurrogate(value) && IsLowSurrogate(low)) {
-      reader.Take<uint16_t>();
-      value = 0x10000 + ((value - 0xD800) << 10 | (low - 0xDC00));
-    }
-    wide += static_cast<wchar_t>(value);
-  }
-  return Utf8FromWide(wide);
+  while (reader.rest().size() >= sizeof(char16_t)) units += reader.Take<char16_t>();
+  return Utf8FromUtf16(units);
 }
 
 }  // namespace simulator

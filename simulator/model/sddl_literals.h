@@ -24,9 +24,11 @@ struct SddlInteger {
 std::optional<SddlInteger> TakeInteger(SddlCursor& text);  // "-12", "0x1F", "017"
 std::optional<std::string> TakeQuoted(SddlCursor& text);   // "\"VP\"", without the quotes
 std::optional<std::string> TakeOctets(SddlCursor& text);   // "#01ff", as bytes
+std::optional<uint8_t> TakeHexByte(SddlCursor& text);      // "1f"
 
 std::string IntegerText(const SddlInteger& integer);
 std::string OctetsText(std::string_view bytes);
+std::string HexByteText(uint8_t byte);
 
 // UTF-16, little-endian.
 std::string Utf16Bytes(std::string_view utf8);

@@ -1,8 +1,8 @@
 #include "simulator/model/sddl_text.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "simulator/model/list_kind.h"
 #include "simulator/model/sddl_ace.h"
 #include "simulator/model/sddl_cursor.h"
 #include "simulator/model/sddl_sids.h"
@@ -11,18 +11,6 @@ namespace simulator {
 namespace {
 
 constexpr std::string_view kNullList = "NO_ACCESS_CONTROL";
-
-// The bits of a list in SECURITY_DESCRIPTOR_CONTROL.
-struct ListBits {
-  SECURITY_DESCRIPTOR_CONTROL present;
-  SECURITY_DESCRIPTOR_CONTROL is_protected;
-  SECURITY_DESCRIPTOR_CONTROL inherit_req;
-  SECURITY_DESCRIPTOR_CONTROL inherited;
-};
-constexpr ListBits kDacl{SE_DACL_PRESENT, SE_DACL_PROTECTED, SE_DACL_AUTO_INHERIT_REQ,
-                         SE_DACL_AUTO_INHERITED};
-constexpr ListBits kSacl{SE_SACL_PRESENT, SE_SACL_PROTECTED, SE_SACL_AUTO_INHERIT_REQ,
-                         SE_SACL_AUTO_INHERITED};
 
 class DescriptorReader {
  public:
@@ -44,8 +32,8 @@ class DescriptorReader {
   DWORD ReadPart() {
     if (text_.Take("O:")) return ReadSidPart(&descriptor_.owner);
     if (text_.Take("G:")) return ReadSidPart(&descriptor_.group);
-    if (text_.Take("D:")) return ReadList(kDacl, &descriptor_.dacl);
-    if (text_.Take("S:")) return ReadList(kSacl, &descriptor_.sacl);
+    if (text_.Take("D:")) return ReadList(kDaclKind);
+    if (text_.Take("S:")) return ReadList(kSaclKind);
     return ERROR_INVALID_PARAMETER;
   }
 
@@ -55,12 +43,12 @@ class DescriptorReader {
     return TakeSid(text_, domains_, &part->emplace());
   }
 
-  DWORD ReadList(const ListBits& bits, std::optional<Acl>* part) {
-    if ((descriptor_.control & bits.present) != 0) return ERROR_INVALID_PARAMETER;
-    Set(bits.present);
+  DWORD ReadList(const ListKind& kind) {
+    if ((descriptor_.control & kind.present) != 0) return ERROR_INVALID_PARAMETER;
+    Set(kind.present);
     text_.SkipBlanks();
     bool is_null = false;
-    while (TakeFlag(bits, &is_null)) text_.SkipBlanks();
+    while (TakeFlag(kind, &is_null)) text_.SkipBlanks();
     Acl list;
     while (text_.Peek() == '(') {
       Ace ace;
@@ -72,18 +60,18 @@ class DescriptorReader {
     }
     if (is_null) return list.aces.empty() ? ERROR_SUCCESS : ERROR_INVALID_ACL;
     if (AclSize(list) > kLargestAcl) return ERROR_INVALID_ACL;
-    *part = std::move(list);
+    descriptor_.*kind.list = std::move(list);
     return ERROR_SUCCESS;
   }
 
-  bool TakeFlag(const ListBits& bits, bool* is_null) {
+  bool TakeFlag(const ListKind& kind, bool* is_null) {
     if (text_.Take(kNullList)) {
       *is_null = true;
       return true;
     }
-    if (text_.Take("P")) return Set(bits.is_protected);
-    if (text_.Take("AR")) return Set(bits.inherit_req);
-    return text_.Take("AI") && Set(bits.inherited);
+    if (text_.Take("P")) return Set(kind.is_protected);
+    if (text_.Take("AR")) return Set(kind.inherit_req);
+    return text_.Take("AI") && Set(kind.auto_inherited);
   }
 
   bool Set(SECURITY_DESCRIPTOR_CONTROL bit) {
@@ -96,16 +84,15 @@ class DescriptorReader {
   Descriptor descriptor_;
 };
 
-bool IsLabel(const Ace& ace) { return ace.type == SYSTEM_MANDATORY_LABEL_ACE_TYPE; }
-
-std::string ListText(std::string_view name, const ListBits& bits,
-                     SECURITY_DESCRIPTOR_CONTROL control, const std::optional<Acl>& list,
+std::string ListText(std::string_view name, const ListKind& kind, const Descriptor& descriptor,
                      const AccountDomains& domains) {
-  if ((control & bits.present) == 0) return "";
+  const SECURITY_DESCRIPTOR_CONTROL control = descriptor.control;
+  if ((control & kind.present) == 0) return "";
   std::string text(name);
-  if ((control & bits.is_protected) != 0) text += "P";
-  if ((control & bits.inherit_req) != 0) text += "AR";
-  if ((control & bits.inherited) != 0) text += "AI";
+  if ((control & kind.is_protected) != 0) text += "P";
+  if ((control & kind.inherit_req) != 0) text += "AR";
+  if ((control & kind.auto_inherited) != 0) text += "AI";
+  const std::optional<Acl>& list = descriptor.*kind.list;
   if (!list) return text.append(kNullList);
   for (const Ace& ace : list->aces) text += AceText(ace, domains);
   return text;
@@ -127,14 +114,10 @@ std::string SddlText(const Descriptor& descriptor, const AccountDomains& domains
     text += "G:" + ShortSidText(*descriptor.group, domains);
   }
   if ((information & DACL_SECURITY_INFORMATION) != 0) {
-    text += ListText("D:", kDacl, descriptor.control, descriptor.dacl, domains);
+    text += ListText("D:", kDaclKind, descriptor, domains);
   }
   if ((information & SACL_SECURITY_INFORMATION) != 0) {
-    text += ListText("S:", kSacl, descriptor.control, descriptor.sacl, domains);
-  } else if ((information & LABEL_SECURITY_INFORMATION) != 0 && descriptor.sacl) {
-    Acl labels = *descriptor.sacl;
-    std::erase_if(labels.aces, [](const Ace& ace) { return !IsLabel(ace); });
-    text += ListText("S:", kSacl, descriptor.control, labels, domains);
+    text += ListText("S:", kSaclKind, descriptor, domains);
   }
   return text;
 }

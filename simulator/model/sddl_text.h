@@ -22,10 +22,14 @@ struct AccountDomains {
 // A system error code; `descriptor` is set when it is ERROR_SUCCESS.
 DWORD ParseSddl(std::string_view text, const AccountDomains& domains, Descriptor* descriptor);
 
+inline constexpr SECURITY_INFORMATION kAllParts =
+    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
+    SACL_SECURITY_INFORMATION;
+
 // The parts that `information` asks for and the descriptor has, as Windows prints them: "O:", "G:",
 // "D:", "S:" in that order, aliases and named rights where there are any.
 std::string SddlText(const Descriptor& descriptor, const AccountDomains& domains,
-                     SECURITY_INFORMATION information);
+                     SECURITY_INFORMATION information = kAllParts);
 
 // "BA" or "S-1-5-32-544". Nothing for what is no SID.
 std::optional<Sid> ParseSid(std::string_view text, const AccountDomains& domains);

@@ -6,6 +6,9 @@ namespace simulator {
 namespace {
 
 constexpr wchar_t kReplacement = 0xFFFD;
+constexpr uint32_t kFirstPair = 0x10000;  // what takes two units of UTF-16 begins here
+constexpr uint32_t kHighSurrogate = 0xD800;
+constexpr uint32_t kLowSurrogate = 0xDC00;
 
 struct Range {
   uint8_t low;
@@ -59,7 +62,26 @@ wchar_t TakeCharacter(std::string_view& text) {
   return static_cast<wchar_t>(value);
 }
 
+// Takes a unit, or a pair of surrogates, off the front.
+uint32_t TakeCharacter(std::u16string_view& text) {
+  const auto is_surrogate = [&text](size_t i, uint32_t first) {
+    return i < text.size() && text[i] >= first && text[i] < first + 0x400;
+  };
+  uint32_t value = text.front();
+  size_t taken = 1;
+  if (is_surrogate(0, kHighSurrogate) && is_surrogate(1, kLowSurrogate)) {
+    value = kFirstPair + ((value - kHighSurrogate) << 10) + (text[1] - kLowSurrogate);
+    taken = 2;
+  }
+  text.remove_prefix(taken);
+  return value;
+}
+
+// A surrogate, and what lies beyond U+10FFFF, is no character.
 void AppendCharacter(uint32_t value, std::string& text) {
+  if ((value >= kHighSurrogate && value < 0xE000) || value > 0x10FFFF) {
+    value = static_cast<uint32_t>(kReplacement);
+  }
   const auto append = [&text](uint32_t byte) { text += static_cast<char>(byte); };
   const auto follow = [&append, value](int shift) { append(0x80 | (value >> shift & 0x3F)); };
   if (value < 0x80) {
@@ -93,15 +115,34 @@ std::string Utf8FromWide(std::wstring_view text) {
   utf8.reserve(text.size());
   for (const wchar_t unit : text) {
     const auto value = static_cast<uint32_t>(unit);  // NOLINT(*-signed-char*,cert-str34-c): no char
-    const bool is_character = value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
-    AppendCharacter(is_character ? value : static_cast<uint32_t>(kReplacement), utf8);
+    AppendCharacter(value, utf8);
   }
+  return utf8;
+}
+
+std::u16string Utf16FromUtf8(std::string_view text) {
+  std::u16string units;
+  while (!text.empty()) {
+    const auto value = static_cast<uint32_t>(TakeCharacter(text));
+    if (value < kFirstPair) {
+      units += static_cast<char16_t>(value);
+    } else {
+      units += static_cast<char16_t>(kHighSurrogate + ((value - kFirstPair) >> 10));
+      units += static_cast<char16_t>(kLowSurrogate + ((value - kFirstPair) & 0x3FF));
+    }
+  }
+  return units;
+}
+
+std::string Utf8FromUtf16(std::u16string_view text) {
+  std::string utf8;
+  while (!text.empty()) AppendCharacter(TakeCharacter(text), utf8);
   return utf8;
 }
 
 size_t Utf16Length(std::string_view utf8) {
   size_t units = 0;
-  while (!utf8.empty()) units += TakeCharacter(utf8) > 0xFFFF ? 2 : 1;
+  while (!utf8.empty()) units += TakeCharacter(utf8) >= static_cast<wchar_t>(kFirstPair) ? 2 : 1;
   return units;
 }
 

@@ -12,14 +12,12 @@ namespace {
 
 const Sid kMe{5, {21, 1, 2, 3, 1001}};
 const Sid kTeam{5, {21, 1, 2, 3, 2001}};
-const Sid kOldTeam{5, {21, 1, 2, 3, 2002}};  // only denies
 const Sid kStranger{5, {21, 1, 2, 3, 1002}};
 
 Identity Me() {
   Identity me;
   me.user = kMe;
   me.groups = {kTeam, kEveryone};
-  me.deny_only = {kOldTeam};
   return me;
 }
 
@@ -80,12 +78,6 @@ TEST(Grants, WhatIsAllowedBeforeItIsDenied) {
   EXPECT_TRUE(GrantsMe({Allow(FILE_READ_DATA, kMe), Deny(FILE_READ_DATA, kMe)}, FILE_READ_DATA));
 }
 
-TEST(Grants, NothingByAGroupThatOnlyDenies) {
-  EXPECT_FALSE(GrantsMe({Allow(FILE_READ_DATA, kOldTeam)}, FILE_READ_DATA));
-  EXPECT_FALSE(
-      GrantsMe({Deny(FILE_READ_DATA, kOldTeam), Allow(FILE_READ_DATA, kMe)}, FILE_READ_DATA));
-}
-
 TEST(Grants, PassesOverEntriesForChildrenOnly) {
   EXPECT_FALSE(GrantsMe({Allow(FILE_READ_DATA, kMe, OBJECT_INHERIT_ACE | INHERIT_ONLY_ACE)},
                         FILE_READ_DATA));
@@ -106,7 +98,6 @@ TEST(Grants, TheOwnerTheRightToChangeTheList) {
   EXPECT_TRUE(GrantsMe({Deny(FILE_ALL_ACCESS, kMe)}, WRITE_DAC, kMe));
   EXPECT_FALSE(GrantsMe({}, WRITE_OWNER, kMe));
   EXPECT_FALSE(GrantsMe({}, READ_CONTROL));
-  EXPECT_FALSE(GrantsMe({}, READ_CONTROL, kOldTeam));
 }
 
 TEST(Grants, TheOwnerOnlyWhatAnEntryForOwnersSays) {

@@ -37,10 +37,7 @@ class SetSecurity : public testing::Test {
     EXPECT_EQ(ParseSddl(sddl, server_.security().domains(), &descriptor), DWORD{ERROR_SUCCESS});
     SecurityChange change;
     change.information = information;
-    change.owner = descriptor.owner;
-    change.group = descriptor.group;
-    change.dacl = descriptor.dacl;
-    change.sacl = descriptor.sacl;
+    change.parts = descriptor;
     return files_.SetSecurity(path, change);
   }
   std::string SddlOf(const std::string& path) { return tests::SddlOf(server_, path); }
@@ -281,11 +278,11 @@ TEST_F(SetSecurity, RefusesAListThatGrowsBeyondWhatAnyCanHold) {
   Enable(SE_RESTORE_NAME);
   SecurityChange change;
   change.information = kDacl | kUnprotect;
-  change.dacl.emplace();
+  Acl& dacl = change.parts.dacl.emplace();
   Ace ace;
   ace.mask = FILE_ALL_ACCESS;
   ace.sid = server_.security().identity().default_owner;  // an entry of 24 bytes
-  change.dacl->aces.assign((kLargestAcl - sizeof(ACL)) / 24, ace);
+  dacl.aces.assign((kLargestAcl - sizeof(ACL)) / 24, ace);
   EXPECT_EQ(files_.SetSecurity("C:\\folder\\a.txt", change), DWORD{ERROR_INVALID_ACL});
   change.information = kDacl | kProtect;
   EXPECT_EQ(files_.SetSecurity("C:\\folder\\a.txt", change), DWORD{ERROR_SUCCESS});

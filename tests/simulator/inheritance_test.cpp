@@ -1,9 +1,10 @@
+#include "simulator/model/inheritance.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "simulator/model/access.h"
 #include "simulator/model/well_known_sids.h"
 
 namespace simulator {

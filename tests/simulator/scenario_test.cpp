@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "simulator/model/server.h"
-#include "simulator/report.h"
+#include "simulator/report_letters.h"
 #include "simulator/tools/diskpart.h"
 #include "support/simulated_child.h"
 #include "support/simulated_scenario_test.h"

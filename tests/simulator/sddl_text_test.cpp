@@ -200,10 +200,5 @@ TEST(ParseSddl, TakesAnyDamageWithoutHarm) {
   }
 }
 
-TEST(SddlText, PrintsLabelsAlone) {
-  const Descriptor descriptor = Parsed("S:AI(ML;;NW;;;HI)(AU;SA;FA;;;WD)");
-  EXPECT_EQ(SddlText(descriptor, kAlone, LABEL_SECURITY_INFORMATION), "S:AI(ML;;NW;;;HI)");
-}
-
 }  // namespace
 }  // namespace simulator

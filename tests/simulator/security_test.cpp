@@ -119,7 +119,6 @@ TEST_F(SecurityTest, SpeaksForTheServersOwnAdministrator) {
   EXPECT_TRUE(identity.groups.contains(simulator::kAdministrators));
   EXPECT_TRUE(identity.groups.contains(identity.primary_group));
   EXPECT_FALSE(identity.groups.contains(user));
-  EXPECT_TRUE(identity.deny_only.empty());
 }
 
 TEST_F(SecurityTest, IsInNoDomainUnlessItJoinsOne) {

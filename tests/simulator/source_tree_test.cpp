@@ -26,7 +26,7 @@ class SourceTreeTest : public tests::ScenarioTest {
   void Make(const std::string& keys) { sources_ = Build(Read(WithVolume(keys)), server_); }
 
   const Node& At(const std::string& path) {
-    const Node* const node = FindNode(*sources_.at(0).root, path);
+    const Node* const node = sources_.at(0).root->Find(path);
     if (node == nullptr) throw std::out_of_range(path);
     return *node;
   }

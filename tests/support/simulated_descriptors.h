@@ -16,10 +16,7 @@ namespace tests {
 inline std::string SddlOf(simulator::Server& server, const std::string& path) {
   const std::optional<simulator::Descriptor> descriptor = server.files().DescriptorOf(path);
   if (!descriptor) return "none";
-  return simulator::SddlText(*descriptor, server.security().domains(),
-                             OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION |
-                                 DACL_SECURITY_INFORMATION | SACL_SECURITY_INFORMATION |
-                                 LABEL_SECURITY_INFORMATION);
+  return simulator::SddlText(*descriptor, server.security().domains());
 }
 
 // Puts the descriptor there, whatever the rights.

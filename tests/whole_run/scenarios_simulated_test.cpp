@@ -12,9 +12,9 @@
 #include "logger/b_logger.h"
 #include "restore/run.h"
 #include "simulator/model/server.h"
-#include "simulator/report.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
+#include "simulator/report_letters.h"
 #include "simulator/scenario.h"
 #include "support/simulated_descriptors.h"
 
@@ -65,13 +65,13 @@ class WholeRun {
   std::map<std::string, std::string> Copies() {
     std::map<std::string, std::string> all;
     for (const SourceVolume& volume : sources_) {
-      simulator::VisitTree(
-          volume.letter, *volume.root, [&](const std::string& path, const simulator::Node&) {
-            const auto* const node = simulator::FindNode(*volume.copy->root, path.substr(3));
-            if (node == nullptr) return;
-            all[path] = std::to_string(node->attributes) + " " + node->reparse_data + " " +
-                        tests::SddlOf(server_, path);
-          });
+      simulator::VisitTree(volume.letter, *volume.root,
+                           [&](const std::string& path, const simulator::Node&) {
+                             const auto* const node = volume.copy->root->Find(path.substr(3));
+                             if (node == nullptr) return;
+                             all[path] = std::to_string(node->attributes) + " " +
+                                         node->reparse_data + " " + tests::SddlOf(server_, path);
+                           });
     }
     return all;
   }
@@ -80,13 +80,13 @@ class WholeRun {
   std::vector<std::string> WrongAttributes() {
     std::vector<std::string> wrong;
     for (const SourceVolume& volume : sources_) {
-      simulator::VisitTree(
-          volume.letter, *volume.root, [&](const std::string& path, const simulator::Node& node) {
-            const auto* const found = simulator::FindNode(*volume.copy->root, path.substr(3));
-            if (found == nullptr || found->attributes == node.attributes) return;
-            wrong.push_back(path + " " + std::to_string(node.attributes) + " " +
-                            std::to_string(found->attributes));
-          });
+      simulator::VisitTree(volume.letter, *volume.root,
+                           [&](const std::string& path, const simulator::Node& node) {
+                             const auto* const found = volume.copy->root->Find(path.substr(3));
+                             if (found == nullptr || found->attributes == node.attributes) return;
+                             wrong.push_back(path + " " + std::to_string(node.attributes) + " " +
+                                             std::to_string(found->attributes));
+                           });
     }
     return wrong;
   }

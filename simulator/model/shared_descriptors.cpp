@@ -1,7 +1,8 @@
-#include "simulator/model/inherited_security.h"
+#include "simulator/model/shared_descriptors.h"
 
 #include <utility>
 
+#include "simulator/model/inheritance.h"
 #include "simulator/model/node.h"
 #include "simulator/model/well_known_sids.h"
 
@@ -43,10 +44,10 @@ Descriptor RootDescriptor() {
 
 }  // namespace
 
-InheritedSecurity::InheritedSecurity(const Identity& creator)
+SharedDescriptors::SharedDescriptors(const Identity& creator)
     : creator_(creator), root_(std::make_shared<const Descriptor>(RootDescriptor())) {}
 
-InheritedSecurity::Shared InheritedSecurity::Below(const Shared& parent, bool is_folder) {
+SharedDescriptors::Shared SharedDescriptors::Below(const Shared& parent, bool is_folder) {
   if (children_.size() >= kMostParents && children_.count(parent) == 0) children_.clear();
   Shared& child = children_[parent].at(is_folder ? 1 : 0);
   if (!child) {
@@ -55,7 +56,7 @@ InheritedSecurity::Shared InheritedSecurity::Below(const Shared& parent, bool is
   return child;
 }
 
-void InheritedSecurity::Complete(Node& node, const Shared& missing) {
+void SharedDescriptors::Complete(Node& node, const Shared& missing) {
   if (!node.security) node.security = missing;
   for (const auto& [key, child] : node.children) {
     Complete(*child, Below(node.security, child->IsFolder()));

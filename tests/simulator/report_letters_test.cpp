@@ -1,4 +1,4 @@
-#include "simulator/report.h"
+#include "simulator/report_letters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Descriptors that nodes get from their parents, one object for all that get the same.
-#ifndef SIMULATOR_MODEL_INHERITED_SECURITY_H_
-#define SIMULATOR_MODEL_INHERITED_SECURITY_H_
+#ifndef SIMULATOR_MODEL_SHARED_DESCRIPTORS_H_
+#define SIMULATOR_MODEL_SHARED_DESCRIPTORS_H_
 
 #include <array>
 #include <map>
@@ -14,12 +14,12 @@ namespace simulator {
 struct Node;
 
 // Not thread-safe.
-class InheritedSecurity {
+class SharedDescriptors {
  public:
   using Shared = std::shared_ptr<const Descriptor>;
 
   // `creator` makes all nodes; it outlives this.
-  explicit InheritedSecurity(const Identity& creator);
+  explicit SharedDescriptors(const Identity& creator);
 
   // Of a volume's root as Windows formats NTFS.
   const Shared& OfRoot() const { return root_; }
@@ -40,4 +40,4 @@ class InheritedSecurity {
 
 }  // namespace simulator
 
-#endif  // SIMULATOR_MODEL_INHERITED_SECURITY_H_
+#endif  // SIMULATOR_MODEL_SHARED_DESCRIPTORS_H_

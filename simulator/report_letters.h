@@ -1,6 +1,6 @@
 // What a rehearsal tells about the drive letters.
-#ifndef SIMULATOR_REPORT_H_
-#define SIMULATOR_REPORT_H_
+#ifndef SIMULATOR_REPORT_LETTERS_H_
+#define SIMULATOR_REPORT_LETTERS_H_
 
 #include <cstdint>
 #include <optional>
@@ -32,4 +32,4 @@ std::string LetterReport(const std::vector<VolumeLetters>& volumes);
 
 }  // namespace simulator
 
-#endif  // SIMULATOR_REPORT_H_
+#endif  // SIMULATOR_REPORT_LETTERS_H_

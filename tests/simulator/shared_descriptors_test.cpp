@@ -1,5 +1,5 @@
 // The descriptors that new files and added volumes get.
-#include "simulator/model/inherited_security.h"
+#include "simulator/model/shared_descriptors.h"
 
 #include <gtest/gtest.h>
 

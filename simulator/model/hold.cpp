@@ -1,4 +1,4 @@
-#include "simulator/model/open_node.h"
+#include "simulator/model/hold.h"
 
 #include <utility>
 
