@@ -66,6 +66,7 @@ inline constexpr char kLastYear[] =
     "Wine converts times beyond the year 3000, where the runtime of Windows ends";
 
 // The system.
+inline constexpr char kReparseMessages[] = "Wine has no texts for the codes of reparse points";
 inline constexpr char kSystemMessages[] = "Wine has texts of its own for system error codes";
 inline constexpr char kCutModuleFileName[] =
     "Wine leaves a path that is cut without a terminator, as Windows XP and Server 2003 do";
