@@ -121,7 +121,7 @@ void WriteBare(Entry& entry) {
 
 bool RunBare(BackupServer& server) {
   acl::ACLUtil privileges;
-  privileges.EnablePrivileges();
+  static_cast<void>(privileges.EnablePrivileges());
   std::FILE* const file = ::_fsopen(kFile, "rt", _SH_DENYNO);
   if (file == nullptr) return false;
   std::array<char, 4096> block{};

@@ -19,11 +19,12 @@ bool Allocate(common::UniqueLocal<Part>& part, DWORD size) {
 
 }  // namespace
 
-DWORD AbsoluteDescriptor::Build(const std::string& sddl) {
+bool AbsoluteDescriptor::Build(const std::string& sddl, DWORD& error) {
   common::UniqueLocal<void> relative;
   if (!::ConvertStringSecurityDescriptorToSecurityDescriptorA(sddl.c_str(), SDDL_REVISION_1,
                                                               relative.put(), nullptr)) {
-    return ::GetLastError();
+    error = ::GetLastError();
+    return false;
   }
 
   DWORD descriptor_size = 0;
@@ -33,8 +34,8 @@ DWORD AbsoluteDescriptor::Build(const std::string& sddl) {
   DWORD group_size = 0;
   ::MakeAbsoluteSD(relative.get(), nullptr, &descriptor_size, nullptr, &dacl_size, nullptr,
                    &sacl_size, nullptr, &owner_size, nullptr, &group_size);
-  const DWORD size_error = ::GetLastError();
-  if (size_error != ERROR_INSUFFICIENT_BUFFER) return size_error;
+  error = ::GetLastError();
+  if (error != ERROR_INSUFFICIENT_BUFFER) return false;
 
   if (!Allocate(descriptor_, descriptor_size) || !Allocate(dacl_, dacl_size) ||
       !Allocate(sacl_, sacl_size) || !Allocate(owner_, owner_size) ||
@@ -42,9 +43,10 @@ DWORD AbsoluteDescriptor::Build(const std::string& sddl) {
       !::MakeAbsoluteSD(relative.get(), descriptor_.get(), &descriptor_size, dacl_.get(),
                         &dacl_size, sacl_.get(), &sacl_size, owner_.get(), &owner_size,
                         group_.get(), &group_size)) {
-    return ::GetLastError();
+    error = ::GetLastError();
+    return false;
   }
-  return ERROR_SUCCESS;
+  return true;
 }
 
 }  // namespace acl

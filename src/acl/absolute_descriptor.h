@@ -15,9 +15,10 @@ namespace acl {
 // everybody.
 class AbsoluteDescriptor {
  public:
-  // From SDDL, revision 1. Returns a system error code and has no parts unless it is ERROR_SUCCESS.
+  // From SDDL, revision 1. On failure the parts are not to be used, and `error` is the code of the
+  // call that failed.
   // https://learn.microsoft.com/windows/win32/api/securitybaseapi/nf-securitybaseapi-makeabsolutesd
-  [[nodiscard]] DWORD Build(const std::string& sddl);
+  [[nodiscard]] bool Build(const std::string& sddl, DWORD& error);
 
   PSID owner() const { return owner_.get(); }
   PSID group() const { return group_.get(); }

@@ -74,6 +74,8 @@ int32_t ACLUtil::RestoreFromFile(bool restore_attributes, uint32_t total_entries
                                                   static_cast<double>(total_entries) *
                                                   progress.span);
     }
+    // What a failing read leaves in the buffer is no line.
+    if (std::ferror(file.get()) != 0) break;
     const AclBackupRecord record = ParseAclLine(line.data());
     if (restore_attributes && record.Attributes != 0) {
       ::SetFileAttributesA(record.Path.c_str(), static_cast<DWORD>(record.Attributes));
@@ -88,10 +90,10 @@ int32_t ACLUtil::RestoreFromFile(bool restore_attributes, uint32_t total_entries
 int32_t ACLUtil::RestoreLine(const AclBackupRecord& record) {
   Report({"Restoring ACL of: <", record.Path, ">"});
   AbsoluteDescriptor descriptor;
-  const DWORD build_error = descriptor.Build(record.Sddl);
-  if (build_error != ERROR_SUCCESS) {
+  DWORD error = ERROR_SUCCESS;
+  if (!descriptor.Build(record.Sddl, error)) {
     if (!continue_on_error_) return kConvertFailed;
-    Report({"ERROR: Restoring ACL of <", record.Path, ">: ", Signed(build_error)});
+    Report({"ERROR: Restoring ACL of <", record.Path, ">: ", Signed(error)});
     return kRestored;
   }
 
@@ -101,7 +103,7 @@ int32_t ACLUtil::RestoreLine(const AclBackupRecord& record) {
     return SetSecurity(path, information, descriptor.owner(), descriptor.group(), descriptor.dacl(),
                        descriptor.sacl());
   };
-  DWORD error = write_all();
+  error = write_all();
   if (error == ERROR_SUCCESS) return kRestored;
 
   // A line that is refused at first has failed, also when it succeeds after the owner is replaced.

@@ -27,24 +27,25 @@ struct ProgressRange {
   double span;  // what the whole file stands for
 };
 
-// One thread at a time. Handles one file at a time; the object may go at any time between.
+// One thread at a time.
 class ACLUtil {
  public:
   ACLUtil() = default;
   ACLUtil(const ACLUtil&) = delete;
   ACLUtil& operator=(const ACLUtil&) = delete;
-  // Disables the privileges that EnablePrivileges enabled. They stay off for the rest of the
-  // process: later objects find `privileges_enabled` set and do not enable them again.
+  // Disables the privileges that EnablePrivileges enables, whoever enabled them. They stay off for
+  // the rest of the process: later objects find `privileges_enabled` set.
   virtual ~ACLUtil();
 
   // Enables, once in a process, the privileges by which an administrator writes descriptors of
   // objects that deny him access: backup, restore, security, take ownership. One that cannot be
   // enabled is reported and done without. Always 0.
-  int32_t EnablePrivileges();
+  [[nodiscard]] int32_t EnablePrivileges();
 
   // Restores every line of the input file: attributes, if they are asked for, then the descriptor.
-  // A line that fails is reported; unless errors are passed over it ends the run, but for a write
-  // that fails with ERROR_ACCESS_DENIED or ERROR_FILE_NOT_FOUND. At every thousandth line the
+  // A line that fails is reported and passed over. Unless errors are passed over it ends the run: a
+  // descriptor that cannot be converted without a word in the report, one that cannot be written
+  // unless the code is ERROR_ACCESS_DENIED or ERROR_FILE_NOT_FOUND. At every thousandth line the
   // progress within `progress` is told to the dialog, as that line's share of `total_entries`;
   // without entries it is not a finite number.
   [[nodiscard]] int32_t RestoreFromFile(bool restore_attributes, uint32_t total_entries,
@@ -56,8 +57,7 @@ class ACLUtil {
   void SetInputFile(const std::string& path) { input_file_ = path; }
   // Who becomes the owner of what refuses its descriptor, so that it can be tried once more.
   void SetAdminSid(common::UniqueLocal<void> sid) { admin_sid_ = std::move(sid); }
-  // Whether a line whose descriptor can be neither converted nor written is passed over; true at
-  // first.
+  // Whether a line whose descriptor cannot be converted or written is passed over; true at first.
   void SetContinueOnError(bool continue_on_error) { continue_on_error_ = continue_on_error; }
   // Receives the report, a line for everything that is tried and for what fails; each ends with
   // CR LF and is flushed. None at first.

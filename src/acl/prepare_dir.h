@@ -14,10 +14,10 @@ namespace acl {
 // backslash and takes the place of the prepare folder in the root; empty for that one. A volume
 // without the folder is none of ours.
 //
-// 0 when the folder is missing or all was restored, else the result of the stage that failed: a
-// volume whose junctions cannot be read gets no descriptors either. Adds to `progress`, which the
-// dialog is told, 0.2 of `share` for the junctions and then the whole of `share` for the
-// descriptors: 1.2 of it in all.
+// 0 when the folder is missing or both lists were read to their ends, else the result of the stage
+// that failed: a volume whose junctions cannot be read gets no descriptors either. Adds to
+// `progress`, which the dialog is told, 0.2 of `share` for the junctions and then the whole of
+// `share` for the descriptors: 1.2 of it in all.
 [[nodiscard]] int32_t RestorePrepareDir(logger::Logger& logger, double& progress, double share,
                                         const std::string& volume_root,
                                         const std::string& prepare_dir);

@@ -29,7 +29,7 @@ enum class RestoreState : WPARAM {
 
 struct ProgressRecord {
   std::string stage;  // empty when ReportProgress posts it
-  double percent;     // 0.0 to 100.0 in normal use, but more is possible
+  double percent;     // 0.0 to 100.0 in normal use; may be more, infinite or no number
 };
 
 // Narrow text in the ANSI code page, always terminated.

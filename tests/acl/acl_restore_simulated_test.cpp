@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "acl/acl_restore.h"
 #include "support/recording_logger.h"
 #include "support/simulated_acl_engine.h"
+#include "support/simulated_events.h"
 #include "support/simulated_progress.h"
 
 namespace acl {
@@ -36,6 +38,22 @@ TEST_F(RestoreACLFileTest, LogsItsOneStage) {
             (Lines{"Info: ACLRestore (Stage 0/1)...", "Info: ACLRestore (Stage 1/1) Done.",
                    "Info: ACLRestore Done."}));
   EXPECT_EQ(SddlOf("C:\\a"), kSddl);
+}
+
+TEST_F(RestoreACLFileTest, TakesItsStepsInOrder) {
+  server_.files().Write(kFile, "");
+  tests::EventLogger logger(server_);
+  EXPECT_EQ(RestoreACLFile(logger, "C:\\", kFile, 1, range_), 0);
+  Lines events = logger.Events();
+  const std::set<std::string> calls = {"LookupAccountNameA", "AdjustTokenPrivileges",
+                                       "PostMessageA"};
+  std::erase_if(events, [&calls](const std::string& event) {
+    return event.find(' ') == std::string::npos && !calls.contains(event);
+  });
+  const std::string adjust = "AdjustTokenPrivileges";
+  EXPECT_EQ(events, (Lines{"LookupAccountNameA", "Info: ACLRestore (Stage 0/1)...", adjust, adjust,
+                           adjust, adjust, "PostMessageA", "Info: ACLRestore (Stage 1/1) Done.",
+                           "Info: ACLRestore Done.", adjust, adjust, adjust, adjust}));
 }
 
 TEST_F(RestoreACLFileTest, LogsAFailureInBetween) {

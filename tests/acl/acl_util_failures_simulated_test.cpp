@@ -54,6 +54,16 @@ TEST_P(Conversion, FailureIsReportedAndPassedOver) {
   EXPECT_TRUE(IsRestored("C:\\b"));
 }
 
+TEST_P(Conversion, FailureWithoutACodeWritesNothing) {
+  FailFirst(ERROR_SUCCESS);
+  const std::string before = SddlOf("C:\\a");
+  EXPECT_EQ(RestoreBoth({.with_administrators = false}), kRestored);
+  EXPECT_EQ(SddlOf("C:\\a"), before);
+  EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\a>",
+                             "ERROR: Restoring ACL of <C:\\a>: 0", "Restoring ACL of: <C:\\b>"}));
+  EXPECT_TRUE(IsRestored("C:\\b"));
+}
+
 TEST_P(Conversion, FailureEndsTheRunWith27WhenErrorsCount) {
   FailFirst(ERROR_NOT_ENOUGH_MEMORY);
   EXPECT_EQ(RestoreBoth({.continue_on_error = false, .with_administrators = false}),

@@ -63,7 +63,6 @@ TEST_F(ACLUtilTest, MakesAnUnprotectedListInheritAgain) {
   EXPECT_EQ(SddlOf("C:\\Data\\a.txt"), "O:BAG:SYD:AI(A;;FX;;;WD)(A;ID;FA;;;BA)(A;ID;FR;;;BU)");
 }
 
-// The call has this shape, whatever lies in the descriptor.
 TEST_F(ACLUtilTest, NamesTheObjectAsItStandsInTheFile) {
   EXPECT_EQ(Restore(LineOf("c:/data\\A.TXT", 0, kSddl)), kRestored);
   const Lines calls = server_.calls().ArgumentsOf("SetNamedSecurityInfoA");
@@ -108,6 +107,16 @@ TEST_F(ACLUtilTest, WritesTheDescriptorAlsoWhenAttributesCannotBeSet) {
   EXPECT_EQ(Report(), (Lines{kDetected, "Restoring ACL of: <C:\\Data\\a.txt>"}));
 }
 
+TEST_F(ACLUtilTest, SetsAttributesThoughTheDescriptorIsWrong) {
+  for (const bool continue_on_error : {true, false}) {
+    const std::string path = continue_on_error ? "C:\\Data\\a.txt" : "C:\\Data\\b.txt";
+    EXPECT_EQ(Restore(LineOf(path, FILE_ATTRIBUTE_HIDDEN, "wrong"),
+                      {.continue_on_error = continue_on_error}),
+              continue_on_error ? kRestored : kConvertFailed);
+    EXPECT_EQ(AttributesOf(path), static_cast<DWORD>(FILE_ATTRIBUTE_HIDDEN));
+  }
+}
+
 // Lines of all kinds; what follows them is still restored.
 
 TEST_F(ACLUtilTest, SplitsALongLineBehind8189Characters) {
@@ -144,6 +153,15 @@ TEST_F(ACLUtilTest, ReadsALastLineWithoutLineEnd) {
 TEST_F(ACLUtilTest, RestoresNothingFromAnEmptyFile) {
   EXPECT_EQ(Restore(""), kRestored);
   EXPECT_EQ(Report(), Lines{kDetected});
+}
+
+TEST_F(ACLUtilTest, TakesAnEmptyLineForAnEntryWithoutAPath) {
+  EXPECT_EQ(Restore("\r\n" + LineOf("C:\\Data\\a.txt", 0, kSddl)), kRestored);
+  const Lines report = Report();
+  ASSERT_EQ(report.size(), 4U);
+  EXPECT_EQ(report[1], "Restoring ACL of: <>");
+  EXPECT_TRUE(report[2].starts_with("ERROR writing SD to <>: ")) << report[2];
+  EXPECT_EQ(SddlOf("C:\\Data\\a.txt"), kSddl);
 }
 
 TEST_F(ACLUtilTest, TakesAUtf16FileForAnsiText) {
@@ -203,7 +221,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{"DevicePath", "\"\\\\.\\PhysicalDrive0\",0,\"O:BA\""},
         BadLine{"VolumePath", "\"\\\\?\\Volume{0-0}\\a\",0,\"O:BA\""},
         BadLine{"Stream", "\"C:\\Data\\a.txt:b\",0,\"O:BA\""},
-        // These name lists that the text does not have: no list is worse than a null one.
+        // These seem to name parts that the text does not have; a null list would grant everything.
         BadLine{"DaclInAnAttributeName", "\"C:\\Data\\a.txt\",0,\"S:(RA;;;;;WD;(\"D:\",TI,0,1))\""},
         BadLine{"OwnerInAnAttributeName",
                 "\"C:\\Data\\a.txt\",0,\"S:(RA;;;;;WD;(\"O:\",TI,0,1))\""},

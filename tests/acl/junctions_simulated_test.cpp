@@ -264,6 +264,26 @@ TEST_F(RestoreJunctionsTest, IsMinus1WhenTheReportCannotBeOpened) {
   EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
 }
 
+// The stream reads several blocks; what came of the line that the failing one cuts is no line.
+TEST_F(RestoreJunctionsTest, UsesNoLineThatAReadErrorCuts) {
+  std::string list;
+  for (int i = 1000; i < 3000; ++i) list += "C:\\Link" + std::to_string(i) + ";C:\\Target\r\n";
+  server_.files().Write(kList, list);
+  server_.calls().FailNext("_read", EIO, 2);
+  EXPECT_EQ(RestoreJunctionsFromFile(L"C:\\junctions.dat", L""), -1);
+  const Lines targets = server_.calls().ArgumentsOf("_access");
+  EXPECT_GT(targets.size(), 10U);
+  EXPECT_LT(targets.size(), 2000U);
+  for (const std::string& target : targets) EXPECT_EQ(target, "\"C:\\Target\", 0");
+}
+
+TEST_F(RestoreJunctionsTest, CannotPutAJunctionInPlaceOfItsOwnList) {
+  const std::string list = std::string(kList) + ";C:\\Target\r\n";
+  EXPECT_EQ(Restore(list),
+            std::string("Source: C:\\Target; Junction: ") + kList + "; Create Failed!\r\n");
+  EXPECT_EQ(server_.files().Read(kList), list);
+}
+
 TEST_F(RestoreJunctionsTest, IsMinus1WhenTheListCannotBeReadToItsEnd) {
   server_.files().Write(kList, "C:\\Link;C:\\Target\r\n");
   server_.calls().FailNext("_read", EIO);
@@ -347,11 +367,37 @@ TEST_F(CreateJunctionTest, TakesASystemNameAsItIs) {
   EXPECT_EQ(server_.calls().ArgumentsOf("GetFileAttributesW"), Lines{});
 }
 
-TEST_F(CreateJunctionTest, RefusesATargetThatIsTooLong) {
+TEST_F(CreateJunctionTest, TakesAnythingBehindABackslashAndAQuestionMarkAsItIs) {
+  server_.files().MakeDirectories("C:\\Link");
+  static_cast<void>(CreateJunction(L"C:\\Link", L"\\?x"));
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetFullPathNameW"), Lines{});
+  EXPECT_EQ(server_.calls().ArgumentsOf("DeviceIoControl").size(), 1U);
+}
+
+TEST_F(CreateJunctionTest, ResolvesAVerbatimTarget) {
+  server_.files().MakeDirectories("C:\\Link");
+  static_cast<void>(CreateJunction(L"C:\\Link", L"\\\\?\\C:\\Target"));
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetFullPathNameW").size(), 1U);
+}
+
+TEST_F(CreateJunctionTest, RefusesAFullPathThatIsTooLong) {
   server_.files().MakeDirectories("C:\\Link");
   EXPECT_FALSE(CreateJunction(L"C:\\Link", L"C:\\" + std::wstring(1021, L'a')));
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetFileAttributesW"), Lines{});
+}
+
+TEST_F(CreateJunctionTest, RefusesASubstituteNameThatIsTooLong) {
+  server_.files().MakeDirectories("C:\\Link");
   EXPECT_FALSE(CreateJunction(L"C:\\Link", L"\\??\\C:\\" + std::wstring(20'000, L'a')));
+  EXPECT_EQ(server_.calls().ArgumentsOf("CreateFileW"), Lines{});
   EXPECT_EQ(TargetOf("C:\\Link"), "no junction");
+}
+
+TEST_F(CreateJunctionTest, AsksNoFurtherWithoutAFullPath) {
+  server_.files().MakeDirectories("C:\\Link");
+  server_.calls().FailNext("GetFullPathNameW", ERROR_INVALID_NAME);
+  EXPECT_FALSE(CreateJunction(L"C:\\Link", L"C:\\Target"));
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetFileAttributesW"), Lines{});
 }
 
 class FailingStep : public JunctionTest, public testing::WithParamInterface<const char*> {};

@@ -57,7 +57,7 @@ class AclEngineTest : public testing::Test {
     }
     if (options.with_administrators) {
       common::UniqueLocal<void> sid;
-      acl::GetAccountSid("Administrators", sid);
+      EXPECT_EQ(acl::GetAccountSid("Administrators", sid), 0);
       engine.SetAdminSid(std::move(sid));
     }
     return engine.RestoreFromFile(options.restore_attributes, options.total_entries, options.range);
