@@ -123,7 +123,7 @@ std::string Utf8FromWide(std::wstring_view text) {
 std::u16string Utf16FromUtf8(std::string_view text) {
   std::u16string units;
   while (!text.empty()) {
-    const auto value = static_cast<uint32_t>(TakeCharacter(text));
+    const auto value = static_cast<char32_t>(TakeCharacter(text));
     if (value < kFirstPair) {
       units += static_cast<char16_t>(value);
     } else {

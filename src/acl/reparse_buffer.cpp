@@ -10,7 +10,7 @@ constexpr uint32_t kMountPointTag = 0xA0000003;
 constexpr size_t kHeaderSize = 8;  // tag, data length, reserved
 constexpr size_t kNamesSize = 8;   // offset and length of both names
 constexpr size_t kTerminatorSize = 2;
-constexpr size_t kMaximumSize = 16 * 1024;
+constexpr size_t kMaximumSize = 16384;
 
 void Append16(std::vector<unsigned char>& bytes, size_t value) {
   bytes.push_back(static_cast<unsigned char>(value & 0xFF));
@@ -23,7 +23,7 @@ std::vector<unsigned char> Utf16Bytes(std::wstring_view text) {
   std::vector<unsigned char> bytes;
   bytes.reserve(2 * text.size());
   for (const wchar_t unit : text) {
-    const auto code = static_cast<uint32_t>(unit);
+    const auto code = static_cast<char32_t>(unit);
     if (code < kFirstBehind16Bits) {
       Append16(bytes, code);
     } else {
