@@ -5,15 +5,18 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/junction.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/sddl_text.h"
 #include "simulator/model/security.h"
+#include "simulator/model/utf8.h"
 #include "simulator/scenario_json.h"
 
 namespace simulator {
 namespace {
 
 constexpr int kMostMade = 1'000'000;
+constexpr size_t kLongestPath = 32'767 - 3;  // UTF-16 units behind "C:\"
 
 // The paths read so far, by NameKey.
 struct Paths {
@@ -32,6 +35,9 @@ std::string Joined(const std::vector<std::string>& names) {
 
 std::string ReadPath(const JsonPlace& place, bool is_folder, Paths& paths) {
   std::string path = place.Text();
+  if (Utf16Length(path) > kLongestPath) {
+    place.Fail("a path of at most " + std::to_string(kLongestPath) + " characters");
+  }
   const std::vector<std::string> names = NamesBelowRoot(path);
   if (names.empty() || Joined(names) != path ||
       !std::all_of(names.begin(), names.end(), IsValidName)) {
@@ -124,7 +130,11 @@ ScenarioJunction ReadJunction(const JsonPlace& place, Paths& paths) {
   ScenarioJunction junction;
   junction.object =
       ReadObject(place, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT, 0, paths);
-  junction.target = place.At("target").Line();
+  const JsonPlace target = place.At("target");
+  junction.target = target.Line();
+  if (Utf16Length(junction.target) > kLongestJunctionTarget) {
+    target.Fail("a target of at most " + std::to_string(kLongestJunctionTarget) + " characters");
+  }
   if (const auto copy = place.Find("copy")) {
     const auto* const found =
         std::find_if(std::begin(kCopies), std::end(kCopies),

@@ -114,6 +114,9 @@ void CopyJunction(const ScenarioJunction& junction, const ScenarioLosses& lost, 
   const std::shared_ptr<Node> node = Make(root, junction.object.path, kind);
   if (!lost.descriptors) node->security = source.security;
   if (copy != JunctionCopy::kJunction) return;
+  if (!node->children.empty()) {
+    throw ScenarioError(junction.object.path + ": expected a junction where the copy has no files");
+  }
   if (!lost.attributes) node->attributes = source.attributes;
   node->MakeReparsePoint(JunctionBuffer(junction.target));
 }

@@ -188,7 +188,8 @@ DWORD Files::SetReparsePoint(const OpenNode& node, std::string_view buffer) {
   if (!held.reparse_data.empty() && ReparseTag(held.reparse_data) != ReparseTag(buffer)) {
     return ERROR_REPARSE_TAG_MISMATCH;
   }
-  if (!held.children.empty()) return ERROR_DIR_NOT_EMPTY;
+  // A root always holds the file system's own files.
+  if (!held.children.empty() || &held == node.On().root.get()) return ERROR_DIR_NOT_EMPTY;
   held.MakeReparsePoint(std::string(buffer));
   return ERROR_SUCCESS;
 }

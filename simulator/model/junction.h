@@ -12,6 +12,9 @@
 
 namespace simulator {
 
+// The longest target, in UTF-16 units, whose buffer the system takes.
+inline constexpr size_t kLongestJunctionTarget = 8178;
+
 // The buffer of a junction to a full path such as "D:\Data": substitute name "\??\D:\Data", empty
 // print name.
 std::string JunctionBuffer(std::string_view target);

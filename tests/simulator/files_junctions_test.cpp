@@ -171,6 +171,13 @@ TEST_F(SimulatedJunctions, AreNotMadeOfFoldersThatHoldSomething) {
   EXPECT_EQ(files_.JunctionTarget("D:\\Data"), std::nullopt);
 }
 
+TEST_F(SimulatedJunctions, AreNotMadeOfRoots) {
+  files_.Mount('E', files_.AddVolume({}));
+  const auto root = OpenFolder("E:\\", true);
+  EXPECT_EQ(files_.SetReparsePoint(*root, JunctionBuffer("C:\\")), DWORD{ERROR_DIR_NOT_EMPTY});
+  EXPECT_EQ(AttributesOf("E:\\"), DWORD{FILE_ATTRIBUTE_DIRECTORY});
+}
+
 TEST_F(SimulatedJunctions, AreNotMadeOfFiles) {
   const auto file = OpenFolder("D:\\Data\\a.txt", true);
   EXPECT_EQ(files_.SetReparsePoint(*file, JunctionBuffer("C:\\")), DWORD{ERROR_DIRECTORY});

@@ -43,6 +43,12 @@ TEST(Junction, TakesAHalfPairForNoCharacter) {
   EXPECT_EQ(SubstituteName(Buffer(kJunctionTag, names)), "\xEF\xBF\xBD");
 }
 
+TEST(Junction, FillsTheWholeBufferWithTheLongestTarget) {
+  const std::string buffer = JunctionBuffer(std::string(kLongestJunctionTarget, 'a'));
+  EXPECT_EQ(buffer.size(), size_t{MAXIMUM_REPARSE_DATA_BUFFER_SIZE});
+  EXPECT_EQ(CheckReparseBuffer(buffer), DWORD{ERROR_SUCCESS});
+}
+
 TEST(ReparseBuffer, IsFineAsAJunction) {
   EXPECT_EQ(CheckReparseBuffer(Buffer(kJunctionTag, kNames)), DWORD{ERROR_SUCCESS});
 }

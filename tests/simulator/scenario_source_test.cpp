@@ -109,6 +109,23 @@ TEST_F(ScenarioSourceTest, NamesAWrongPath) {
   }
 }
 
+TEST_F(ScenarioSourceTest, NamesAPathThatIsTooLong) {
+  const std::string path(32'765, 'a');
+  EXPECT_EQ(ErrorOfVolume(R"("source": {"folders": [{"path": ")" + path + "\"}]}"),
+            "/source/folders/0/path: expected a path of at most 32764 characters");
+}
+
+TEST_F(ScenarioSourceTest, TakesTargetsOfJunctionsThatFitInAReparsePoint) {
+  const auto error_of = [this](size_t length) {
+    const std::string target = "D:/" + std::string(length - 3, 'a');
+    return ErrorOfVolume(R"("source": {"junctions": [{"path": "j", "target": ")" + target +
+                         "\"}]}");
+  };
+  EXPECT_EQ(error_of(8178), "elsewhere: no error");
+  EXPECT_EQ(error_of(8179),
+            "/source/junctions/0/target: expected a target of at most 8178 characters");
+}
+
 TEST_F(ScenarioSourceTest, NamesAPathThatComesTwice) {
   EXPECT_EQ(ErrorOfVolume(R"("source": {"folders": [{"path": "a"}], "files": [{"path": "A"}]})"),
             "/source/files/0/path: expected a path that comes once");

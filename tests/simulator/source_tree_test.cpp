@@ -194,5 +194,45 @@ TEST_F(SourceTreeTest, NamesAFileInPlaceOfAFolderOfTheServer) {
   }
 }
 
+struct InTheWay {
+  const char* source;
+  const char* error;
+};
+
+class SourceInTheWay : public SourceTreeTest, public testing::WithParamInterface<InTheWay> {};
+
+TEST_P(SourceInTheWay, IsNamed) {
+  const Scenario scenario = Read(R"({"title": "t", "disks": [{"size": "127 GB", "partitions": [
+      {"size": "126 GB", "volume": {"letter": "C", "source_letter": "C", "lost": [],
+       "source": {)" + std::string(GetParam().source) +
+                                 "}}}]}]}");
+  try {
+    Build(scenario, server_);
+    FAIL();
+  } catch (const ScenarioError& error) {
+    EXPECT_STREQ(error.what(), GetParam().error);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SourceInTheWay,
+    testing::Values(
+        InTheWay{
+            R"("files": [{"path": "vantoro_prepare"}])",
+            "vantoro_prepare\\backup_info: expected to be a file below folders, all with valid "
+            "names"},
+        InTheWay{R"("folders": [{"path": "vantoro_prepare\\juncbackup_c.dat"}])",
+                 "vantoro_prepare\\juncbackup_c.dat: expected to be a file below folders, all with "
+                 "valid names"},
+        InTheWay{
+            R"("junctions": [{"path": "vantoro_prepare", "target": "D:\\"}])",
+            "vantoro_prepare\\backup_info: expected to be a file below folders, all with valid "
+            "names"},
+        InTheWay{R"("folders": [{"path": "vantoro_restore\\vantoro_restore.exe.lnk"}])",
+                 "vantoro_restore\\vantoro_restore.exe.lnk: expected to be a file below folders, "
+                 "all with valid names"},
+        InTheWay{R"("junctions": [{"path": "ProgramData", "target": "D:\\"}])",
+                 "ProgramData: expected a junction where the copy has no files"}));
+
 }  // namespace
 }  // namespace simulator
