@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "simulator/model/unsupported.h"
+#include "simulator/model/windows_boot.h"
 
 namespace simulator {
 namespace {
@@ -27,6 +28,7 @@ Server::Server() : processes_(*this) {
   files_.MakeDirectories(system_.temp_directory);
   files_.MakeDirectories(system_.common_startup_directory);
   files_.Write(system_.program_path, "");
+  boot_ = HealthyBoot();
 }
 
 Server::~Server() {

@@ -11,6 +11,7 @@
 
 #include <vector>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/calls.h"
 #include "simulator/model/clock.h"
 #include "simulator/model/console.h"
@@ -43,6 +44,7 @@ class Server {
   Handles& handles() { return handles_; }
   Files& files() { return files_; }
   std::vector<Disk>& disks() { return disks_; }  // set before the program runs
+  Boot& boot() { return boot_; }
   Security& security() { return security_; }
   Console& console() { return console_; }
   Desktop& desktop() { return desktop_; }
@@ -57,6 +59,7 @@ class Server {
   Security security_;
   Files files_{security_};
   std::vector<Disk> disks_;
+  Boot boot_;
   Console console_;
   Desktop desktop_;
   // Last, so that they end first: what runs in them uses all of the above.

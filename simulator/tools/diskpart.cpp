@@ -57,7 +57,8 @@ bool Session::Execute(const DiskpartCommand& command) {
       return true;
     case DiskpartVerb::kListDisk:
       output_ += DiskListing(server_.disks(),
-                             disk_ == nullptr ? std::nullopt : std::optional(disk_->number));
+                             disk_ == nullptr ? std::nullopt : std::optional(disk_->number),
+                             server_.system());
       return true;
     case DiskpartVerb::kSelectDisk:
       return SelectDisk(command.number);
@@ -116,7 +117,8 @@ bool Session::DetailDisk() {
   if (disk_ == nullptr) {
     return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
   }
-  output_ += DiskDetail(server_.disks(), *disk_, SelectedVolume(), server_.files());
+  output_ +=
+      DiskDetail(server_.disks(), *disk_, SelectedVolume(), server_.files(), server_.system());
   return true;
 }
 
@@ -179,9 +181,7 @@ DWORD Main(Server& server, ChildProcess& child) {
     child.WriteOutput(banner + "\r\nError opening script file: " + arguments[2] + "\r\n");
     return kNoScript;
   }
-  const ToolResult result = RunDiskpart(*script, server);
-  child.WriteOutput(result.output);
-  return result.exit_code;
+  return Finish(RunDiskpart(*script, server), child);
 }
 
 }  // namespace

@@ -7,21 +7,14 @@
 #ifndef SIMULATOR_TOOLS_DISKPART_H_
 #define SIMULATOR_TOOLS_DISKPART_H_
 
-#include <windows.h>
-
-#include <string>
 #include <string_view>
 
 #include "simulator/model/processes.h"
+#include "simulator/tools/tool_result.h"
 
 namespace simulator {
 
 class Server;
-
-struct ToolResult {
-  std::string output;
-  DWORD exit_code;
-};
 
 // Runs the commands of a script (lines end with CR LF, LF, or further CRs before them) until one
 // fails. Exit code 0, or 5 when a command is unknown, its arguments are wrong, or what it needs is

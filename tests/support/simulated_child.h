@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/tool_result.h"
 
 namespace tests {
 

@@ -1,0 +1,109 @@
+#include "simulator/tools/bcdboot.h"
+
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+#include "simulator/model/path_name.h"
+#include "simulator/model/server.h"
+#include "simulator/model/windows_boot.h"
+
+namespace simulator {
+namespace {
+
+struct Options {
+  std::string source;
+  std::string drive;
+  std::string locale;
+};
+
+std::optional<Options> ReadOptions(const std::vector<std::string>& arguments) {
+  if (arguments.size() != 5) return std::nullopt;
+  Options options;
+  options.source = arguments[0];
+  for (size_t i = 1; i < arguments.size(); i += 2) {
+    const std::string option = NameKey(arguments[i]);
+    if (option == "/s") options.drive = arguments[i + 1];
+    if (option == "/l") options.locale = arguments[i + 1];
+  }
+  if (options.drive.empty() || options.locale.empty()) return std::nullopt;
+  return options;
+}
+
+char UpperLetter(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+// "C:"; nothing when no volume has the letter.
+std::optional<std::string> MountedDrive(const std::string& drive, const Files& files) {
+  if (drive.size() != 2 || drive[1] != ':' || !files.VolumeAt(drive[0])) return std::nullopt;
+  return std::string{UpperLetter(drive[0]), ':'};
+}
+
+// "C:\Windows"; nothing when it is no folder of a drive.
+std::optional<std::string> WindowsFolder(const std::string& source, const Files& files) {
+  DWORD attributes = 0;
+  if (files.Attributes(source, &attributes) != ERROR_SUCCESS) return std::nullopt;
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return std::nullopt;
+  std::string folder = files.FullPath(source);
+  if (folder.size() < 3 || folder[1] != ':') return std::nullopt;
+  folder[0] = UpperLetter(folder[0]);
+  return folder;
+}
+
+std::string Guid(unsigned int number) {
+  std::array<char, 39> text{};
+  std::snprintf(text.data(), text.size(), "{%08x-4f2c-11ee-b962-806e6f6e6963}", number);
+  return text.data();
+}
+
+// A loader and, numbered next to it, what it resumes by.
+BootEntry NewLoader(const BootStore& store, const InstalledWindows& windows) {
+  unsigned int number = 1;
+  while (store.Find(Guid(number)) != nullptr) number += 2;
+  return WindowsLoader(windows, Guid(number), Guid(number + 1));
+}
+
+// The entry without references to any other in the store.
+BootEntry Alone(BootStore store, const std::string& identifier) {
+  const std::vector<BootEntry> entries = store.entries;
+  for (const BootEntry& entry : entries) {
+    if (entry.identifier != identifier) store.Remove(entry.identifier);
+  }
+  return store.entries.front();
+}
+
+BootEntry LoaderToKeep(const Boot& boot, const InstalledWindows& windows) {
+  if (boot.store.Find(boot.current) == nullptr) return NewLoader(boot.store, windows);
+  BootEntry loader = Alone(boot.store, boot.current);
+  loader.Set("locale", {windows.locale});
+  return loader;
+}
+
+ToolResult Failure() { return {"Failure when attempting to copy boot files.\r\n", 1}; }
+
+DWORD Main(Server& server, ChildProcess& child) {
+  std::vector<std::string> arguments = child.Arguments();
+  arguments.erase(arguments.begin());
+  return Finish(RunBcdboot(arguments, server), child);
+}
+
+}  // namespace
+
+ToolResult RunBcdboot(const std::vector<std::string>& arguments, Server& server) {
+  const std::optional<Options> options = ReadOptions(arguments);
+  if (!options) return Failure();
+  const std::optional<std::string> drive = MountedDrive(options->drive, server.files());
+  const std::optional<std::string> folder = WindowsFolder(options->source, server.files());
+  if (!drive || !folder) return Failure();
+
+  Boot& boot = server.boot();
+  BootEntry loader = LoaderToKeep(boot, {*folder, "Windows Server", options->locale});
+  boot.store.entries = {WindowsManager(*drive, loader), std::move(loader)};
+  return {"Boot files successfully created.\r\n", 0};
+}
+
+Program BcdbootProgram() { return Main; }
+
+}  // namespace simulator

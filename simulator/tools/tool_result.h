@@ -1,0 +1,24 @@
+// What a simulated tool has to say at its end.
+#ifndef SIMULATOR_TOOLS_TOOL_RESULT_H_
+#define SIMULATOR_TOOLS_TOOL_RESULT_H_
+
+#include <windows.h>
+
+#include <string>
+
+namespace simulator {
+
+class ChildProcess;
+
+struct ToolResult {
+  std::string output;
+  DWORD exit_code = 0;
+  std::string error_output = {};
+};
+
+// Writes the output, then the error output, and tells the exit code.
+DWORD Finish(const ToolResult& result, ChildProcess& child);
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_TOOLS_TOOL_RESULT_H_

@@ -1,0 +1,147 @@
+#include "simulator/tools/bcdboot.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "simulator/model/server.h"
+#include "support/simulated_child.h"
+
+namespace simulator {
+namespace {
+
+constexpr char kSuccess[] = "Boot files successfully created.\r\n";
+constexpr char kFailure[] = "Failure when attempting to copy boot files.\r\n";
+constexpr char kOther[] = "{aaaaaaaa-0000-0000-0000-00000000000f}";
+
+class Bcdboot : public testing::Test {
+ protected:
+  void ExpectSuccess(const std::vector<std::string>& arguments) {
+    const ToolResult result = RunBcdboot(arguments, server_);
+    EXPECT_EQ(result.output, kSuccess);
+    EXPECT_EQ(result.exit_code, 0u);
+  }
+
+  void ExpectFailure(const std::vector<std::string>& arguments) {
+    const BootStore before = store_;
+    const ToolResult result = RunBcdboot(arguments, server_);
+    EXPECT_EQ(result.output, kFailure);
+    EXPECT_EQ(result.exit_code, 1u);
+    EXPECT_EQ(store_, before);
+  }
+
+  Server server_;
+  BootStore& store_ = server_.boot().store;
+  const std::string current_ = server_.boot().current;
+};
+
+TEST_F(Bcdboot, GivesAHealthyStoreTheLocale) {
+  BootStore expected = store_;
+  for (BootEntry& entry : expected.entries) entry.Set("locale", {"zh-CN"});
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "zh-CN"});
+  EXPECT_EQ(store_, expected);
+}
+
+TEST_F(Bcdboot, KeepsWhatTheLoaderOfTheRunningWindowsSays) {
+  store_.Find(current_)->Set("description", {"Mine"});
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "en-US"});
+  ASSERT_NE(store_.Find(current_), nullptr);
+  EXPECT_EQ(store_.Find(current_)->Value("description"), "Mine");
+}
+
+TEST_F(Bcdboot, LeavesTheRunningWindowsAloneToDisplay) {
+  store_.entries.push_back({BootEntryType::kLoader, kOther, {}});
+  BootEntry& manager = *store_.Find("{bootmgr}");
+  manager.Set("default", {kOther});
+  manager.Set("displayorder", {kOther, current_});
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "en-US"});
+  ASSERT_EQ(store_.entries.size(), 2u);
+  EXPECT_EQ(store_.entries[0].Value("default"), current_);
+  EXPECT_EQ(store_.entries[0].Value("displayorder"), current_);
+  EXPECT_EQ(store_.entries[1].identifier, current_);
+}
+
+TEST_F(Bcdboot, LeavesNoReferenceToALoaderThatGoes) {
+  store_.entries.push_back({BootEntryType::kLoader, kOther, {}});
+  store_.Find(current_)->Set("recoverysequence", {kOther});
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "en-US"});
+  EXPECT_EQ(store_.Find(current_)->Value("recoverysequence"), "");
+}
+
+TEST_F(Bcdboot, MakesTheManagerAnewOnTheDrive) {
+  server_.files().Mount('S', server_.files().AddVolume({}));
+  BootStore expected = store_;
+  expected.Find("{bootmgr}")->Set("device", {"partition=S:"});
+  store_.entries.erase(store_.entries.begin());
+  ExpectSuccess({"C:\\Windows", "/s", "s:", "/l", "en-US"});
+  EXPECT_EQ(store_, expected);
+}
+
+TEST_F(Bcdboot, MakesALoaderWhereTheRunningWindowsHasNone) {
+  store_.entries.clear();
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "de-DE"});
+  ASSERT_EQ(store_.entries.size(), 2u);
+  const BootEntry& manager = store_.entries[0];
+  const BootEntry& loader = store_.entries[1];
+  EXPECT_NE(loader.identifier, current_);
+  EXPECT_EQ(loader.Value("osdevice"), "partition=C:");
+  EXPECT_EQ(loader.Value("path"), "\\Windows\\system32\\winload.exe");
+  EXPECT_EQ(loader.Value("locale"), "de-DE");
+  EXPECT_EQ(manager.Value("default"), loader.identifier);
+  EXPECT_EQ(manager.Value("displayorder"), loader.identifier);
+  EXPECT_EQ(manager.Value("resumeobject"), loader.Value("resumeobject"));
+  EXPECT_EQ(manager.Value("locale"), "de-DE");
+}
+
+TEST_F(Bcdboot, GivesEachNewLoaderAnIdentifierOfItsOwn) {
+  server_.boot().current = "";
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "en-US"});
+  const BootEntry first = store_.entries.at(1);
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "en-US"});
+  ASSERT_EQ(store_.entries.size(), 2u);
+  EXPECT_NE(store_.entries[1].identifier, first.identifier);
+  EXPECT_NE(store_.entries[1].identifier, first.Value("resumeobject"));
+}
+
+TEST_F(Bcdboot, TakesItsSwitchesInAnyOrderAndCase) {
+  ExpectSuccess({"c:\\Windows", "/L", "de-DE", "/S", "C:"});
+  EXPECT_EQ(store_.Find(current_)->Value("locale"), "de-DE");
+}
+
+class BcdbootRefuses : public Bcdboot,
+                       public testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(BcdbootRefuses, AndLeavesTheStoreAsItIs) { ExpectFailure(GetParam()); }
+
+using Arguments = std::vector<std::string>;
+
+INSTANTIATE_TEST_SUITE_P(Arguments, BcdbootRefuses,
+                         testing::Values(Arguments{}, Arguments{"c:\\Windows"},
+                                         Arguments{"c:\\Windows", "/s", "c:"},
+                                         Arguments{"c:\\Windows", "/s", "c:", "/l"},
+                                         Arguments{"c:\\Windows", "/s", "c:", "/l", ""},
+                                         Arguments{"c:\\Windows", "/s", "c:", "/s", "c:"},
+                                         Arguments{"c:\\Windows", "/s", "c:", "/x", "en-US"},
+                                         Arguments{"c:\\Windows", "/s", "c:", "/l", "en-US", "/v"},
+                                         Arguments{"c:\\Windows", "/s", "x:", "/l", "en-US"},
+                                         Arguments{"c:\\Windows", "/s", "c", "/l", "en-US"},
+                                         Arguments{"c:\\Windows", "/s", "::", "/l", "en-US"},
+                                         Arguments{"c:\\Windows", "/s", "cc", "/l", "en-US"},
+                                         Arguments{"\\\\?\\c:\\Windows", "/s", "c:", "/l", "en-US"},
+                                         Arguments{":\\Windows", "/s", ":", "/l", "en-US"},
+                                         Arguments{"c:\\Winnt", "/s", "c:", "/l", "en-US"},
+                                         Arguments{"x:\\Windows", "/s", "c:", "/l", "en-US"},
+                                         Arguments{"", "/s", "c:", "/l", "en-US"},
+                                         Arguments{"c:\\vantoro_restore\\vantoro_restore.exe", "/s",
+                                                   "c:", "/l", "en-US"}));
+
+TEST_F(Bcdboot, RunsAsAProgram) {
+  server_.processes().Install("bcdboot", BcdbootProgram());
+  EXPECT_EQ(tests::RunChild("bcdboot c:\\Windows /s c: /l zh-CN").output, kSuccess);
+  EXPECT_EQ(store_.Find(current_)->Value("locale"), "zh-CN");
+  EXPECT_EQ(tests::RunChild("bcdboot c:\\Winnt /s c: /l zh-CN").exit_code, 1u);
+}
+
+}  // namespace
+}  // namespace simulator
