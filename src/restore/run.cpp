@@ -101,6 +101,13 @@ int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& vol
     return 1;
   }
 
+  logger.InfoOut("Restore BCD Begin...");
+  if (RestoreBCDBoot(logger)) {
+    logger.InfoOut("Restore BCD Done!");
+  } else {
+    logger.WarnOut("Restore BCD Error.");
+  }
+
   logger.InfoOut("Restore Disks Begin...");
   if (RestoreDisks(logger)) {
     logger.InfoOut("Restore Disks Done!");

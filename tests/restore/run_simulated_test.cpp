@@ -8,6 +8,7 @@
 #include "acl/acl_util.h"
 #include "restore/run.h"
 #include "simulator/model/server.h"
+#include "support/simulated_boot_tools.h"
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
 #include "support/simulated_progress.h"
@@ -17,7 +18,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// A server without a disk that the disk tool lists.
+// A server without a disk that the disk tool lists, whose boot configuration is in order.
 class RestoreWorkerTest : public testing::Test {
  protected:
   RestoreWorkerTest() { acl::ACLUtil::privileges_enabled = false; }
@@ -39,6 +40,7 @@ class RestoreWorkerTest : public testing::Test {
   simulator::Server server_;
   const HWND window_ = server_.desktop().CreateWindow();
   tests::EventLogger logger_{server_};
+  tests::BootTools boot_tools_{server_};
   tests::ScriptedDiskpart diskpart_{server_,
                                     [](const std::string&) { return tests::DiskpartReply{}; }};
 };
@@ -53,13 +55,19 @@ const Lines kPrivilege = {"OpenProcessToken", "LookupPrivilegeValueA", "AdjustTo
                           "CloseHandle"};
 
 TEST_F(RestoreWorkerTest, DoesEverythingInThisOrder) {
-  server_.calls().FailNext("GetTempPathA", ERROR_ACCESS_DENIED);  // a short disk stage
+  // Short stages.
+  server_.calls().FailNext("GetVersionExA", ERROR_NOT_SUPPORTED);
+  server_.calls().FailNext("GetTempPathA", ERROR_ACCESS_DENIED);
   EXPECT_EQ(Run(), 0);
   EXPECT_EQ(
       logger_.Events(),
       Together({{"Info: Modify Privilege..."},
                 kPrivilege,
                 kPrivilege,
+                {"InfoOut: Restore BCD Begin...", "GetVersionExA",
+                 "ErrorOut: WinUtil::GetOSPlatform GetVersionExA Failed: Last Error: [50] The "
+                 "request is not supported.\r\n",
+                 "Warn: RestoreBCDBoot Get BCD Boot Info Failed.", "WarnOut: Restore BCD Error."},
                 {"InfoOut: Restore Disks Begin...", "GetTempPathA", "_open",
                  "ErrorOut: WinUtil::RunScript Create EnumDiskpartInfos  Step1 Failed.",
                  "Error: WinUtil::EnumDiskpartInfos getdiskinfo Failed. code=1",
@@ -76,7 +84,8 @@ TEST_F(RestoreWorkerTest, DoesEverythingInThisOrder) {
 TEST_F(RestoreWorkerTest, LogsASuccessfulRun) {
   EXPECT_EQ(Run(), 0);
   EXPECT_EQ(logger_.LinesAboveDebug(),
-            (Lines{"Info: Modify Privilege...", "InfoOut: Restore Disks Begin...",
+            (Lines{"Info: Modify Privilege...", "InfoOut: Restore BCD Begin...",
+                   "InfoOut: Restore BCD Done!", "InfoOut: Restore Disks Begin...",
                    "InfoOut: Restore Disks Done!", "InfoOut: Vantoro Restore Begin...\n",
                    "InfoOut: Restore [c:\\]...",
                    "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",
@@ -306,7 +315,20 @@ TEST_F(Volumes, LoseTheirPrivilegesBehindTheFirst) {
   EXPECT_FALSE(server_.security().Enabled("SeRestorePrivilege"));
 }
 
-// The disk stage.
+// The boot and the disk stage.
+
+TEST_F(RestoreWorkerTest, OnlyLogsThatTheBootStageFailed) {
+  boot_tools_.Fail("bcdedit", 1);
+  EXPECT_EQ(Run(), 0);
+  const Lines lines = logger_.LinesAboveDebug();
+  ASSERT_GE(lines.size(), 6U);
+  EXPECT_EQ(Lines(lines.begin() + 1, lines.begin() + 6),
+            (Lines{"InfoOut: Restore BCD Begin...",
+                   "Error: WinUtil::GetBCDBootInfo getbcdinfo Failed, code=1",
+                   "Warn: RestoreBCDBoot Get BCD Boot Info Failed.", "WarnOut: Restore BCD Error.",
+                   "InfoOut: Restore Disks Begin..."}));
+  EXPECT_EQ(LastLine(), "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!");
+}
 
 TEST_F(RestoreWorkerTest, OnlyLogsThatTheDiskStageFailed) {
   server_.processes().Uninstall("diskpart");

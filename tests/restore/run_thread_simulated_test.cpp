@@ -10,6 +10,7 @@
 #include "restore/messages.h"
 #include "restore/run.h"
 #include "simulator/model/server.h"
+#include "support/simulated_boot_tools.h"
 #include "support/simulated_events.h"
 
 namespace restore {
@@ -47,6 +48,7 @@ class RestoreThread : public testing::Test {
 
   simulator::Server server_;
   const HWND window_ = server_.desktop().CreateWindow();
+  tests::BootTools boot_tools_{server_};
   tests::EventLogger logger_{server_};
 };
 
@@ -85,6 +87,7 @@ TEST_F(RestoreThread, LogsTheWholeRun) {
   EXPECT_EQ(Run(), 0U);
   EXPECT_EQ(logger_.LinesAboveDebug(),
             (Lines{"InfoOut: Vantoro Restore Begin...", "Info: Modify Privilege...",
+                   "InfoOut: Restore BCD Begin...", "InfoOut: Restore BCD Done!",
                    "InfoOut: Restore Disks Begin...", "InfoOut: Restore Disks Done!",
                    "InfoOut: Vantoro Restore Begin...\n", "InfoOut: Restore [c:\\]...",
                    "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",

@@ -15,6 +15,7 @@
 #include "simulator/model/local_heap.h"
 #include "simulator/model/server.h"
 #include "simulator/tools/diskpart.h"
+#include "support/simulated_boot_tools.h"
 #include "support/deliberate_leak.h"
 #include "ui/main_window.h"
 
@@ -94,6 +95,7 @@ class StartRestore : public testing::Test {
   }
 
   mutable simulator::Server server_;
+  tests::BootTools boot_tools_{server_};
   const HWND window_ = server_.desktop().CreateWindow();
   std::unique_ptr<MainWindow> main_window_ = std::make_unique<MainWindow>(window_);
 };
@@ -120,6 +122,8 @@ TEST_F(StartRestore, RunsTheWholeRestoreIntoItsLog) {
                     "[Info]  Vantoro Restore Begin",
                     "[Info]  Vantoro Restore Begin...",
                     "[Info]  Modify Privilege...",
+                    "[Info]  Restore BCD Begin...",
+                    "[Info]  Restore BCD Done!",
                     "[Info]  Restore Disks Begin...",
                     "[Info]  RestoreDisks Remove Disk 1 Letter Successfully!",
                     "[Info]  RestoreDisks Remove Disk 2 Letter Successfully!",

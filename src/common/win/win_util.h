@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "common/win/bcd_output.h"
 #include "common/win/diskpart_output.h"
+#include "common/win/platform_cache.h"
 #include "logger/logger.h"
 
 namespace common::win {
@@ -24,6 +26,9 @@ class WinUtil {
   WinUtil(std::string base_folder, std::string second, std::string third);
 
   virtual void SetLogger(logger::Logger* logger);
+
+  // The locale that a rebuilt boot manager has unless its entries name another: "en-us".
+  const std::string& DefaultLocale() const { return default_locale_; }
 
   // "Windows Server 2003", "... 2008", "... 2012" or "... 2016", by the version that Windows
   // reports to this process; whether it is a server is not looked at. False, with `name` empty,
@@ -72,7 +77,30 @@ class WinUtil {
   // Takes the letter of partition 1, or 2, of a disk away.
   [[nodiscard]] bool RemoveDiskLetter(uint32_t disk, bool second_partition);
 
+  // The boot configuration store, through bcdedit and bcdboot. On Windows Server 2003, which has
+  // neither, nothing is run and all of these are true. False, with the reason logged, when the
+  // platform cannot be told, the tool fails, or, here, its listing lacks what `info` holds; `info`
+  // comes in empty and is worth nothing then.
+  // https://learn.microsoft.com/windows-server/administration/windows-commands/bcdedit
+  [[nodiscard]] bool GetBCDBootInfo(BCDBootInfo& info);
+
+  // Writes the whole store to a file.
+  [[nodiscard]] bool ExportBCDBoot(const std::string& path);
+
+  // Replaces the whole store by what such a file holds.
+  [[nodiscard]] bool ImportBCDBoot(const std::string& path);
+
+  // Deletes one entry. The identifier goes onto the command line as it stands.
+  [[nodiscard]] bool DeleteBCDBootOSLoader(const std::string& identifier);
+
+  // Makes the boot files and the store on the system drive anew, in a locale such as "zh-CN".
+  // https://learn.microsoft.com/windows-hardware/manufacture/desktop/bcdboot-command-line-options-techref-di
+  [[nodiscard]] bool RemakeBCDBoot(const std::string& locale);
+
  private:
+  // Asks for the platform once in a process for each operation; false when it cannot be told.
+  bool FindPlatform(BootOperation operation, bool& has_boot_tools);
+
   // The path of the script file written, empty when it could not be.
   std::string CreateScriptFile(const std::string& operation, const std::string& script);
 

@@ -1,0 +1,86 @@
+// The boot configuration store, inspected and edited through the system's own tools.
+#include "common/locations.h"
+#include "common/win/platform_cache.h"
+#include "common/win/win_util.h"
+
+namespace common::win {
+
+bool WinUtil::FindPlatform(BootOperation operation, bool& has_boot_tools) {
+  std::string& platform = CachedPlatform(operation);
+  if (platform == kPlatformUnknown && !GetOSPlatform(platform)) {
+    platform = kPlatformUnknown;
+    return false;
+  }
+  has_boot_tools = platform != platform_names_[0];
+  return true;
+}
+
+bool WinUtil::GetBCDBootInfo(BCDBootInfo& info) {
+  bool has_boot_tools = false;
+  if (!FindPlatform(BootOperation::kInspect, has_boot_tools)) return false;
+  if (!has_boot_tools) return true;
+  std::string output;
+  const DWORD code = ExecCommandWithResults("", "bcdedit", output);
+  if (code != 0) {
+    logger_->Error("WinUtil::GetBCDBootInfo getbcdinfo Failed, code=%d", static_cast<int>(code));
+    return false;
+  }
+  const std::string failure = ParseBootConfiguration(output, default_locale_, info);
+  if (failure.empty()) return true;
+  logger_->Error("%s", failure.c_str());
+  return false;
+}
+
+bool WinUtil::ExportBCDBoot(const std::string& path) {
+  bool has_boot_tools = false;
+  if (!FindPlatform(BootOperation::kExport, has_boot_tools)) return false;
+  if (!has_boot_tools) return true;
+  std::string output;
+  const DWORD code = ExecCommandWithResults("", "bcdedit /export \"" + path + "\"", output);
+  if (code == 0) return true;
+  logger_->Error("WinUtil::ExportBCDBoot export %s Failed, code=%d", path.c_str(),
+                 static_cast<int>(code));
+  return false;
+}
+
+bool WinUtil::ImportBCDBoot(const std::string& path) {
+  bool has_boot_tools = false;
+  if (!FindPlatform(BootOperation::kImport, has_boot_tools)) return false;
+  if (!has_boot_tools) return true;
+  std::string output;
+  const DWORD code = ExecCommandWithResults("", "bcdedit /import \"" + path + "\"", output);
+  if (code == 0) return true;
+  logger_->Error("WinUtil::ImportBCDBoot import %s Failed, code=%d", path.c_str(),
+                 static_cast<int>(code));
+  return false;
+}
+
+bool WinUtil::DeleteBCDBootOSLoader(const std::string& identifier) {
+  bool has_boot_tools = false;
+  if (!FindPlatform(BootOperation::kDelete, has_boot_tools)) return false;
+  if (!has_boot_tools) return true;
+  std::string output;
+  const DWORD code = ExecCommandWithResults("", "bcdedit /delete " + identifier, output);
+  if (code == 0) return true;
+  logger_->Error("WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier.c_str(),
+                 static_cast<int>(code));
+  return false;
+}
+
+bool WinUtil::RemakeBCDBoot(const std::string& locale) {
+  bool has_boot_tools = false;
+  if (!FindPlatform(BootOperation::kRemake, has_boot_tools)) return false;
+  if (!has_boot_tools) return true;
+  // A drive that is not known leaves the colon alone: the tool then refuses and is not half told.
+  const int letter = GetSystemDriveLetter();
+  const std::string drive = (letter != 0 ? std::string(1, static_cast<char>(letter)) : "") + ":";
+  std::string output;
+  const DWORD code = ExecCommandWithResults(
+      "", "bcdboot " + drive + "\\Windows /s " + drive + " /l " + locale, output);
+  if (code == 0) return true;
+  logger_->Error("WinUtil::RemakeBCDBoot bcdboot %s %s Failed, code=%d", drive.c_str(),
+                 locale.c_str(), static_cast<int>(code));
+  return false;
+}
+
+}  // namespace common::win

@@ -1,0 +1,64 @@
+// bcdedit and bcdboot whose answers a test writes down.
+#ifndef TESTS_SUPPORT_SIMULATED_BOOT_TOOLS_H_
+#define TESTS_SUPPORT_SIMULATED_BOOT_TOOLS_H_
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "common/win/platform_cache.h"
+#include "simulator/model/server.h"
+
+namespace tests {
+
+// As in a process that has not asked for the platform yet.
+inline void ForgetPlatforms() {
+  using common::win::BootOperation;
+  for (const BootOperation operation :
+       {BootOperation::kInspect, BootOperation::kExport, BootOperation::kImport,
+        BootOperation::kDelete, BootOperation::kRemake}) {
+    common::win::CachedPlatform(operation) = common::win::kPlatformUnknown;
+  }
+}
+
+// Both are installed and end well; the listing is that of a server with nothing to repair.
+class BootTools {
+ public:
+  explicit BootTools(simulator::Server& server) {
+    ForgetPlatforms();
+    List(
+        "default  {current}\r\nlocale  en-US\r\ndisplayorder  {current}\r\n"
+        "toolsdisplayorder  {memdiag}\r\n");
+    for (const char* const name : {"bcdedit", "bcdboot"}) {
+      server.processes().Install(
+          name, [replies = replies_](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
+            const auto found = replies->find(child.CommandLine());
+            if (found == replies->end()) return 0;
+            child.WriteOutput(found->second.output);
+            return found->second.exit_code;
+          });
+    }
+  }
+  ~BootTools() { ForgetPlatforms(); }
+  BootTools(const BootTools&) = delete;
+  BootTools& operator=(const BootTools&) = delete;
+
+  // Before the tools run.
+  void List(const std::string& listing) { (*replies_)["bcdedit"] = {0, listing}; }
+  void Fail(const std::string& command_line, DWORD exit_code, const std::string& output = "") {
+    (*replies_)[command_line] = {exit_code, output};
+  }
+
+ private:
+  struct Reply {
+    DWORD exit_code = 0;
+    std::string output;
+  };
+
+  const std::shared_ptr<std::map<std::string, Reply>> replies_ =
+      std::make_shared<std::map<std::string, Reply>>();
+};
+
+}  // namespace tests
+
+#endif  // TESTS_SUPPORT_SIMULATED_BOOT_TOOLS_H_
