@@ -14,6 +14,7 @@
 
 #include "restore/messages.h"
 #include "simulator/model/server.h"
+#include "simulator/report_boot.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
 #include "simulator/report_letters.h"
@@ -30,8 +31,8 @@ constexpr int kWrongUsage = 2;
 constexpr std::string_view kHelp =
     "usage: rehearse [--scenario NAME|FILE] [--logs FOLDER] | --list | --help\n"
     "\n"
-    "Runs the restore program on a simulated server and reports what is as on the source: drive\n"
-    "letters, junctions, security descriptors.\n"
+    "Runs the restore program on a simulated server and reports what is as on the source: boot\n"
+    "configuration, drive letters, junctions, security descriptors.\n"
     "\n"
     "  --scenario NAME  a shipped scenario, see --list; \"default\" without this option\n"
     "  --scenario FILE  a scenario file: the name ends with .json or holds a slash\n"
@@ -181,6 +182,7 @@ int Rehearse(const Options& options) {
   Server server;
   const std::vector<SourceVolume> sources = Build(scenario, server);
   const std::vector<JunctionState> junctions = JunctionStates(sources);
+  const BootStore boot = server.boot().store;
   std::cout << scenario.title << "\n\n";
   ShowLog(server.files());
   const LPARAM result = RunProgram(server);
@@ -190,7 +192,8 @@ int Rehearse(const Options& options) {
   for (const ShownMessageBox& box : server.desktop().Boxes()) {
     std::cout << "message box [" << box.caption << "]: " << box.text << "\n";
   }
-  std::cout << LetterReport(GatherLetters(scenario, server))
+  std::cout << BootReport(boot, server.boot().store)
+            << LetterReport(GatherLetters(scenario, server))
             << JunctionReport(GatherJunctions(sources, junctions, server))
             << DescriptorReport(GatherDescriptors(sources, server.security().domains()));
   if (!CopyLogs(server, options.logs)) return kRunFailed;

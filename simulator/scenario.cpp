@@ -4,6 +4,7 @@
 #include <limits>
 #include <set>
 
+#include "simulator/scenario_boot.h"
 #include "simulator/scenario_json.h"
 
 namespace simulator {
@@ -128,7 +129,9 @@ ScenarioTool ReadTool(const JsonPlace& place) {
   place.AllowKeys({"name", "call", "exit_code", "output"});
   ScenarioTool tool;
   tool.name = place.At("name").Text();
-  if (tool.name != "diskpart") place.At("name").Fail("\"diskpart\"");
+  if (tool.name != "diskpart" && tool.name != "bcdedit" && tool.name != "bcdboot") {
+    place.At("name").Fail("\"diskpart\", \"bcdedit\" or \"bcdboot\"");
+  }
   if (const auto call = place.Find("call")) {
     tool.call = static_cast<int>(call->Number(1, std::numeric_limits<int>::max()));
   }
@@ -162,10 +165,11 @@ void ReadVersion(const JsonPlace& place, Scenario& scenario) {
     valid = valid && error == std::errc();
     rest = after;
   }
-  const bool known =
-      scenario.major_version > 6 || (scenario.major_version == 6 && scenario.minor_version >= 1);
+  const bool known = scenario.major_version > 6 ||
+                     (scenario.major_version == 6 && scenario.minor_version >= 1) ||
+                     (scenario.major_version == 5 && scenario.minor_version == 2);
   if (!valid || rest != end || !known) {
-    place.Fail("a Windows version from 6.1 on with its build, such as \"10.0.14393\"");
+    place.Fail("Windows 5.2 or a version from 6.1 on with its build, such as \"10.0.14393\"");
   }
 }
 
@@ -183,11 +187,15 @@ void ReadWindows(const JsonPlace& place, Scenario& scenario) {
 Scenario ReadScenario(const std::filesystem::path& file) {
   const nlohmann::json document = ParseJsonFile(file);
   const JsonPlace root(file, document);
-  root.AllowKeys({"title", "windows", "disks", "tools", "faults", "startup_links"});
+  root.AllowKeys({"title", "windows", "boot", "disks", "tools", "faults", "startup_links"});
   Scenario scenario;
   Context context{.folder = file.parent_path(), .letters = {}, .source_letters = {}};
   scenario.title = root.At("title").Line();
   if (const auto windows = root.Find("windows")) ReadWindows(*windows, scenario);
+  if (const auto boot = root.Find("boot")) {
+    if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
+    scenario.boot = ReadBoot(*boot);
+  }
   const JsonPlace disks = root.At("disks");
   for (const JsonPlace& disk : disks.Elements()) scenario.disks.push_back(ReadDisk(disk, context));
   if (!context.letters.contains('C')) {

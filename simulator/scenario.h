@@ -1,14 +1,15 @@
 // A migrated server described in a JSON file. Its keys, those in brackets optional:
 //
-//   title, disks, [windows], [startup_links], [tools], [faults]
+//   title, disks, [windows], [boot], [startup_links], [tools], [faults]
 //   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
+//   boot:          see scenario_boot.h; a boot configuration with nothing to repair without it
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
 //   partitions:    size, [number], [info] "System", "Boot" or "Hidden", [volume]
 //   volume:        [label], [file_system], [letter] now, [source_letter], [drive_type] "fixed" or
 //                  "removable", [backup_info] lines, [import] a host folder, [source], [lost],
 //                  [unreadable]: see scenario_source.h
-//   tools:         name "diskpart", exit_code, [call] counted from 1, [output]
-//   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
+//   tools:         name "diskpart", "bcdedit" or "bcdboot", exit_code, [call] counted from 1,
+//   [output] faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
 //   startup_links: [common], [program]; both are there unless said otherwise
 #ifndef SIMULATOR_SCENARIO_H_
 #define SIMULATOR_SCENARIO_H_
@@ -22,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/calls.h"
 #include "simulator/scenario_source.h"
 #include "simulator/source_tree.h"
@@ -88,18 +90,23 @@ struct Scenario {
   LANGID language = 1033;
   std::string computer_name = "MIGRATED";
   std::vector<ScenarioDisk> disks;  // numbered from 0
+  std::optional<Boot> boot;
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;
   bool common_startup_link = true;
   bool program_link = true;
+
+  // Windows Server 2003 starts by a text file.
+  bool HasBootStore() const { return major_version >= 6; }
 };
 
 // Throws ScenarioError. Folders to import are taken relative to the file's.
 Scenario ReadScenario(const std::filesystem::path& file);
 
 // Makes a fresh server the scenario's and tells what the source server had, in the order of the
-// disks. Throws ScenarioError when a folder cannot be imported, or when the source has a file in
-// place of a folder of the server.
+// disks. Throws ScenarioError when a folder cannot be imported, or when what the scenario puts in a
+// place cannot lie there: a file where the server has a folder, a junction above the server's
+// files.
 std::vector<SourceVolume> Build(const Scenario& scenario, Server& server);
 
 }  // namespace simulator

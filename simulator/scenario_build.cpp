@@ -1,18 +1,42 @@
+#include <algorithm>
 #include <atomic>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "simulator/model/node.h"
+#include "simulator/model/path_name.h"
 #include "simulator/model/server.h"
 #include "simulator/model/well_known_sids.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/scenario.h"
+#include "simulator/tools/bcdboot.h"
+#include "simulator/tools/bcdedit.h"
 #include "simulator/tools/diskpart.h"
 
 namespace simulator {
 namespace {
+
+bool CanHoldFile(const Volume& volume, std::string_view path) {
+  const Node* node = volume.root.get();
+  for (const std::string& name : NamesBelowRoot(path)) {
+    if (!IsValidName(name)) return false;
+    if (node == nullptr) continue;
+    if (!node->IsFolder() || !node->reparse_data.empty()) return false;
+    node = node->Child(name).get();
+  }
+  return node == nullptr || !node->IsFolder();
+}
+
+// Files::WriteOn would end the process over what the scenario has put in the way.
+void WriteFile(const Volume& volume, const std::string& path, std::string bytes, Files& files) {
+  if (!CanHoldFile(volume, path)) {
+    throw ScenarioError(path + ": expected to be a file below folders, all with valid names");
+  }
+  files.WriteOn(volume, path, std::move(bytes));
+}
 
 // Copies the files of a host folder to the root of a volume. Folders come with the files in them;
 // an empty one is left out.
@@ -31,7 +55,7 @@ void Import(const std::filesystem::path& folder, const Volume& volume, Files& fi
       for (char& c : path) {
         if (c == '/') c = '\\';
       }
-      files.WriteOn(volume, path, {std::istreambuf_iterator<char>(stream), {}});
+      WriteFile(volume, path, {std::istreambuf_iterator<char>(stream), {}}, files);
     }
   } catch (const std::filesystem::filesystem_error& error) {
     throw ScenarioError(folder.string() +
@@ -58,8 +82,8 @@ void WritePrepareFolder(const ScenarioVolume& description, const SourceVolume& s
   const ScenarioLosses& lost = description.lost;
   if (lost.prepare_folder) return;
   const auto write = [&](const std::string& name, std::string text, bool is_unreadable) {
-    server.files().WriteOn(*source.copy, std::string(kPrepareFolder) + "\\" + name,
-                           std::move(text));
+    WriteFile(*source.copy, std::string(kPrepareFolder) + "\\" + name, std::move(text),
+              server.files());
     if (is_unreadable) Lock(*source.copy, name, server.security().identity());
   };
   const char letter = source.letter;
@@ -101,7 +125,7 @@ std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t 
   if (description.backup_info && !description.lost.prepare_folder) {
     std::string text;
     for (const std::string& line : *description.backup_info) text += line + "\r\n";
-    files.WriteOn(*volume, std::string(kPrepareFolder) + "\\backup_info", text);
+    WriteFile(*volume, std::string(kPrepareFolder) + "\\backup_info", text, files);
   }
   return volume;
 }
@@ -133,19 +157,24 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
   return sources;
 }
 
-// The tool, but for the calls that are to misbehave.
-Program Misbehaving(Program real, std::vector<ScenarioTool> calls) {
+// Installs the tool, but for the calls that are to misbehave.
+void InstallTool(const std::string& name, Program real, const std::vector<ScenarioTool>& tools,
+                 Server& server) {
+  std::vector<ScenarioTool> calls;
+  std::copy_if(tools.begin(), tools.end(), std::back_inserter(calls),
+               [&name](const ScenarioTool& tool) { return tool.name == name; });
   const auto count = std::make_shared<std::atomic<int>>(0);
-  return [count, real = std::move(real), calls = std::move(calls)](Server& server,
-                                                                   ChildProcess& child) -> DWORD {
-    const int call = ++*count;
-    for (const ScenarioTool& tool : calls) {
-      if (tool.call != call) continue;
-      child.WriteOutput(tool.output);
-      return tool.exit_code;
-    }
-    return real(server, child);
-  };
+  server.processes().Install(name,
+                             [count, real = std::move(real), calls = std::move(calls)](
+                                 Server& at, ChildProcess& child) -> DWORD {
+                               const int call = ++*count;
+                               for (const ScenarioTool& tool : calls) {
+                                 if (tool.call != call) continue;
+                                 child.WriteOutput(tool.output);
+                                 return tool.exit_code;
+                               }
+                               return real(at, child);
+                             });
 }
 
 }  // namespace
@@ -159,13 +188,24 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server) {
   system.computer_name = scenario.computer_name;
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
-  server.processes().Install("diskpart", Misbehaving(DiskpartProgram(), scenario.tools));
+  InstallTool("diskpart", DiskpartProgram(), scenario.tools, server);
+  if (scenario.boot) server.boot() = *scenario.boot;
+  if (scenario.HasBootStore()) {
+    InstallTool("bcdedit", BcdeditProgram(), scenario.tools, server);
+    InstallTool("bcdboot", BcdbootProgram(), scenario.tools, server);
+  } else {
+    server.boot() = {};
+  }
 
-  const std::string link = "\\vantoro_restore.exe.lnk";
-  const std::string folder = system.program_path.substr(0, system.program_path.rfind('\\'));
-  if (scenario.common_startup_link)
-    server.files().Write(system.common_startup_directory + link, "");
-  if (scenario.program_link) server.files().Write(folder + link, "");
+  const auto write_link = [&server](const std::string& folder) {
+    constexpr size_t kRoot = 3;  // "C:\"
+    WriteFile(*server.files().VolumeAt(folder[0]),
+              folder.substr(kRoot) + "\\vantoro_restore.exe.lnk", "", server.files());
+  };
+  if (scenario.common_startup_link) write_link(system.common_startup_directory);
+  if (scenario.program_link) {
+    write_link(system.program_path.substr(0, system.program_path.rfind('\\')));
+  }
 
   // Last: the model's own writes are no calls of the program, but what runs later is.
   for (const ScenarioFault& fault : scenario.faults) {

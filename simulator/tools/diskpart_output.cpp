@@ -8,7 +8,11 @@
 namespace simulator {
 namespace {
 
+// Windows XP and Server 2003.
+bool IsOld(const System& system) { return system.major_version < 6; }
+
 const char* Copyright(const System& system) {
+  if (IsOld(system)) return "Copyright (C) 1999-2001 Microsoft Corporation.\r\n";
   if (system.major_version == 6 && system.minor_version == 1) {
     return "Copyright (C) 1999-2008 Microsoft Corporation.\r\n";
   }
@@ -48,44 +52,8 @@ std::string VolumeLine(int number, const Partition& partition, const Volume* sel
   return line + "\r\n";
 }
 
-}  // namespace
-
-std::string DiskpartVersion(const System& system) {
-  const bool simulated =
-      system.major_version > 6 || (system.major_version == 6 && system.minor_version >= 1);
-  if (!simulated) Unsupported("diskpart of Windows before 6.1");
-  std::string version = "Microsoft DiskPart version " + std::to_string(system.major_version) + "." +
-                        std::to_string(system.minor_version) + "." + std::to_string(system.build);
-  if (system.major_version >= 10) version += ".0";
-  return version + "\r\n";
-}
-
-std::string DiskpartBanner(const System& system) {
-  return "\r\n" + DiskpartVersion(system) + Copyright(system) +
-         "On computer: " + system.computer_name + "\r\n";
-}
-
-std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected) {
-  if (disks.empty()) return "\r\nThere are no fixed disks to show.\r\n";
-  constexpr size_t kNameWidth = 8, kStatusWidth = 13, kSizeWidth = 7;
-  std::string text =
-      "\r\n"
-      "  Disk ###  Status         Size     Free     Dyn  Gpt\r\n"
-      "  --------  -------------  -------  -------  ---  ---\r\n";
-  for (const Disk& disk : disks) {
-    text += disk.number == selected ? "* " : "  ";
-    text += LeftColumn("Disk " + std::to_string(disk.number), kNameWidth) + "  ";
-    text += LeftColumn(disk.online ? "Online" : "Offline", kStatusWidth) + "  ";
-    text += RightColumn(SizeText(disk.size), kSizeWidth) + "  ";
-    text += RightColumn(SizeText(disk.free), kSizeWidth);
-    // Basic disks only: nothing under "Dyn".
-    text += disk.gpt ? "        *\r\n" : "         \r\n";
-  }
-  return text;
-}
-
-std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
-                       const Files& files) {
+// What stands above the volumes.
+std::string Properties(const Disk& disk, const System& system) {
   const bool boot = std::any_of(disk.partitions.begin(), disk.partitions.end(),
                                 [](const Partition& part) { return part.info == "Boot"; });
   // On these buses the logical unit tells the disks of one adapter apart.
@@ -93,6 +61,9 @@ std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const V
   std::string text = "\r\n" + disk.model + "\r\n";
   text += "Disk ID: " + disk.id + "\r\n";
   text += "Type   : " + disk.bus + "\r\n";
+  if (IsOld(system)) {
+    return text + "Bus    : 0\r\nTarget : 0\r\nLUN ID : " + std::to_string(unit) + "\r\n\r\n";
+  }
   text += disk.online ? "Status : Online\r\n" : "Status : Offline\r\n";
   text += "Path   : 0\r\n";
   text += "Target : 0\r\n";
@@ -105,8 +76,48 @@ std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const V
   text += "Hibernation File Disk  : No\r\n";
   text += "Crashdump Disk  : No\r\n";
   text += "Clustered Disk  : No\r\n";
-  text += "\r\n";
+  return text + "\r\n";
+}
 
+}  // namespace
+
+std::string DiskpartVersion(const System& system) {
+  const bool simulated = IsOld(system) || system.major_version > 6 || system.minor_version >= 1;
+  if (!simulated) Unsupported("diskpart of Windows 6.0");
+  std::string version = "Microsoft DiskPart version " + std::to_string(system.major_version) + "." +
+                        std::to_string(system.minor_version) + "." + std::to_string(system.build);
+  if (system.major_version >= 10) version += ".0";
+  return version + "\r\n";
+}
+
+std::string DiskpartBanner(const System& system) {
+  return "\r\n" + DiskpartVersion(system) + Copyright(system) +
+         "On computer: " + system.computer_name + "\r\n";
+}
+
+std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,
+                        const System& system) {
+  if (disks.empty()) return "\r\nThere are no fixed disks to show.\r\n";
+  constexpr size_t kNameWidth = 8, kSizeWidth = 7;
+  const size_t status_width = IsOld(system) ? 10 : 13;
+  std::string text = "\r\n  Disk ###  ";
+  text += LeftColumn("Status", status_width) + "  Size     Free     Dyn  Gpt\r\n";
+  text += "  --------  " + std::string(status_width, '-') + "  -------  -------  ---  ---\r\n";
+  for (const Disk& disk : disks) {
+    text += disk.number == selected ? "* " : "  ";
+    text += LeftColumn("Disk " + std::to_string(disk.number), kNameWidth) + "  ";
+    text += LeftColumn(disk.online ? "Online" : "Offline", status_width) + "  ";
+    text += RightColumn(SizeText(disk.size), kSizeWidth) + "  ";
+    text += RightColumn(SizeText(disk.free), kSizeWidth);
+    // Basic disks only: nothing under "Dyn".
+    text += disk.gpt ? "        *\r\n" : "         \r\n";
+  }
+  return text;
+}
+
+std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
+                       const Files& files, const System& system) {
+  std::string text = Properties(disk, system);
   std::string lines;
   int number = 0;
   for (const Disk& other : disks) {

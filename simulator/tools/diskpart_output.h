@@ -19,16 +19,17 @@ namespace simulator {
 // "Microsoft DiskPart version 10.0.14393.0".
 std::string DiskpartVersion(const System& system);
 
-// Version, copyright and computer. Windows 6.1 and later; others are not simulated.
+// Version, copyright and computer. Windows 6.0 is not simulated.
 std::string DiskpartBanner(const System& system);
 
 // The answer to "list disk". The selected disk's line is marked.
-std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected);
+std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,
+                        const System& system);
 
 // The answer to "detail disk" for one of the server's disks. Volumes are counted over all disks,
 // in the order of the disks and their partitions; the selected one's line is marked.
 std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
-                       const Files& files);
+                       const Files& files, const System& system);
 
 }  // namespace simulator
 

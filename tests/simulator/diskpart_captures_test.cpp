@@ -59,12 +59,14 @@ struct ListCapture {
   const char* file;
   const char* script;
   std::vector<ListedDisk> disks;
+  DWORD major = 10;
 };
 
 class DiskpartListing : public testing::TestWithParam<ListCapture> {};
 
 TEST_P(DiskpartListing, EqualsTheCapture) {
   Server server;
+  server.system().major_version = GetParam().major;
   for (const ListedDisk& listed : GetParam().disks) {
     Disk disk;
     disk.number = static_cast<int>(server.disks().size());
@@ -96,7 +98,11 @@ INSTANTIATE_TEST_SUITE_P(
         ListCapture{
             "list_disk/en-winpe-10.0.22621-free804gb.txt",
             "list disk",
-            {{1000204886016, 804 * kGB + 900 * kMB, true}, {62277025792, 26 * kGB + 1, false}}}));
+            {{1000204886016, 804 * kGB + 900 * kMB, true}, {62277025792, 26 * kGB + 1, false}}},
+        ListCapture{"list_disk/en-xp-1.0-narrow-status.txt",
+                    "list disk",
+                    {{75 * kGB, 0, false}, {75 * kGB, 54 * kGB, false}},
+                    5}));
 
 TEST(Diskpart, PadsADiskLineAsTheCaptureThatKeptItsBlanks) {
   Server server;
@@ -193,6 +199,23 @@ TEST(DiskpartDetail, EqualsTheCaptureOfACloudServersDataDisk) {
   disk.partitions[0].volume->label = "";
   EXPECT_EQ(DetailLines(DiskpartOutput("sel disk 1\r\ndetail disk", server), disk.model),
             DetailLines(Capture("detail_disk/en-azure-data-disk-1023gb.txt"), disk.model));
+}
+
+TEST(DiskpartDetail, EqualsTheCaptureOfAnOldSystemsDisk) {
+  Server server;
+  server.system().major_version = 5;
+  server.system().minor_version = 2;
+  Disk disk = MakeDisk(0, "WDC WD800BB-32BSA0", "3E423E41", "IDE");
+  disk.partitions = {{1, 39 * kGB + 1, "System", MakeVolume(server, "", 'C')},
+                     {2, 35 * kGB + 1, "", MakeVolume(server, "", 'F')}};
+  disk.partitions[1].volume->file_system = "";
+  // Its volumes were numbered behind those of two other drives.
+  Disk drives = MakeDisk(1, "other", "00000000", "IDE");
+  drives.partitions = {{1, kGB, "", MakeVolume(server, "", 'D')},
+                       {2, kGB, "", MakeVolume(server, "", 'E')}};
+  server.disks() = {drives, disk};
+  EXPECT_EQ(DetailLines(DiskpartOutput("sel disk 0\r\ndetail disk", server), disk.model),
+            DetailLines(Capture("detail_disk/en-xp-ide-volume-without-fs.txt"), disk.model));
 }
 
 TEST(DiskpartDetail, EqualsTheCaptureOfADiskWithoutVolumes) {

@@ -93,9 +93,10 @@ TEST_F(ScenarioTest, NamesAMissingKey) {
 }
 
 TEST_F(ScenarioTest, NamesAnUnknownKey) {
-  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "a/b": 1)")),
-            ": /a~1b: expected no such key, only \"title\", \"windows\", \"disks\", \"tools\", "
-            "\"faults\", \"startup_links\"");
+  EXPECT_EQ(
+      ErrorOf(WithDisks("", R"(, "a/b": 1)")),
+      ": /a~1b: expected no such key, only \"title\", \"windows\", \"boot\", \"disks\", \"tools\", "
+      "\"faults\", \"startup_links\"");
   EXPECT_EQ(ErrorOf(WithDisks("", R"(, "startup_links": {"all": true})")),
             ": /startup_links/all: expected no such key, only \"common\", \"program\"");
 }
@@ -194,14 +195,14 @@ TEST_F(ScenarioTest, NamesATextThatIsNoneOfItsChoices) {
                     "volume": {"drive_type": "cdrom"}}]})")),
             ": /disks/1/partitions/0/volume/drive_type: expected \"fixed\" or \"removable\"");
   EXPECT_EQ(ErrorOf(WithDisks("", R"(, "tools": [{"name": "format", "exit_code": 1}])")),
-            ": /tools/0/name: expected \"diskpart\"");
+            ": /tools/0/name: expected \"diskpart\", \"bcdedit\" or \"bcdboot\"");
 }
 
 TEST_F(ScenarioTest, NamesAWrongWindowsVersion) {
   for (const char* const version : {"", "10", "10.0", "10.0.", "10.0.14393.0", "6.0.6002", "x"}) {
     EXPECT_EQ(
         ErrorOf(WithDisks("", R"(, "windows": {"version": ")" + std::string(version) + "\"}")),
-        ": /windows/version: expected a Windows version from 6.1 on with its build, such as "
+        ": /windows/version: expected Windows 5.2 or a version from 6.1 on with its build, such as "
         "\"10.0.14393\"")
         << version;
   }
@@ -270,6 +271,19 @@ TEST_F(ScenarioTest, RefusesToImportWhatIsNoFile) {
   } catch (const ScenarioError& error) {
     EXPECT_EQ(error.what(),
               (folder_ / "files/link").string() + ": expected a file that can be read");
+  }
+}
+
+TEST_F(ScenarioTest, RefusesToImportANameThatWindowsHasNot) {
+  WriteHostFile("files/a/x:y", "x");
+  const Scenario scenario = Read(WithDisks(R"(, {"size": "2 GB", "partitions": [
+      {"size": "1 GB", "volume": {"letter": "E", "import": "files"}}]})"));
+  Server server;
+  try {
+    Build(scenario, server);
+    FAIL();
+  } catch (const ScenarioError& error) {
+    EXPECT_STREQ(error.what(), "a\\x:y: expected to be a file below folders, all with valid names");
   }
 }
 

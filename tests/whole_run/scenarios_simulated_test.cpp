@@ -8,102 +8,21 @@
 #include <utility>
 #include <vector>
 
-#include "acl/acl_util.h"
-#include "logger/b_logger.h"
-#include "restore/run.h"
-#include "simulator/model/server.h"
 #include "simulator/report_descriptors.h"
-#include "simulator/report_junctions.h"
-#include "simulator/report_letters.h"
-#include "simulator/scenario.h"
 #include "support/simulated_descriptors.h"
+#include "support/simulated_whole_run.h"
 
 namespace restore {
 namespace {
 
 namespace fs = std::filesystem;
 using simulator::DescriptorOutcome;
-using simulator::JunctionState;
-using simulator::Scenario;
-using simulator::Server;
-using simulator::SourceVolume;
-
-// A server made from a scenario, and a process in which the program has not run yet.
-class WholeRun {
- public:
-  explicit WholeRun(const std::string& name)
-      : scenario_(simulator::ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / (name + ".json"))),
-        sources_(simulator::Build(scenario_, server_)) {
-    acl::ACLUtil::privileges_enabled = false;
-  }
-  ~WholeRun() { acl::ACLUtil::privileges_enabled = false; }
-  WholeRun(const WholeRun&) = delete;
-  WholeRun& operator=(const WholeRun&) = delete;
-
-  int32_t Run() {
-    junctions_before_ = simulator::JunctionStates(sources_);
-    const HWND window = server_.desktop().CreateWindow();
-    logger::BLogger logger("vantoro_restore", "");
-    return RestoreWorker(logger, window, "", "");
-  }
-
-  // Without what is shown of each difference.
-  std::vector<std::string> ClosingLines() {
-    const std::string letters = simulator::LetterReport(GatherLetters(scenario_, server_));
-    const std::string descriptors = simulator::DescriptorReport(Descriptors());
-    return {
-        letters.substr(letters.rfind("letters: ")),
-        simulator::JunctionReport(simulator::GatherJunctions(sources_, junctions_before_, server_)),
-        descriptors.substr(0, descriptors.find('\n') + 1)};
-  }
-
-  DescriptorOutcome Descriptors() {
-    return simulator::GatherDescriptors(sources_, server_.security().domains());
-  }
-
-  // What the source had of each volume as it is now: attributes, descriptor, junction.
-  std::map<std::string, std::string> Copies() {
-    std::map<std::string, std::string> all;
-    for (const SourceVolume& volume : sources_) {
-      simulator::VisitTree(volume.letter, *volume.root,
-                           [&](const std::string& path, const simulator::Node&) {
-                             const auto* const node = volume.copy->root->Find(path.substr(3));
-                             if (node == nullptr) return;
-                             all[path] = std::to_string(node->attributes) + " " +
-                                         node->reparse_data + " " + tests::SddlOf(server_, path);
-                           });
-    }
-    return all;
-  }
-
-  // How the files and folders that are there differ in their attributes from the source's.
-  std::vector<std::string> WrongAttributes() {
-    std::vector<std::string> wrong;
-    for (const SourceVolume& volume : sources_) {
-      simulator::VisitTree(volume.letter, *volume.root,
-                           [&](const std::string& path, const simulator::Node& node) {
-                             const auto* const found = volume.copy->root->Find(path.substr(3));
-                             if (found == nullptr || found->attributes == node.attributes) return;
-                             wrong.push_back(path + " " + std::to_string(node.attributes) + " " +
-                                             std::to_string(found->attributes));
-                           });
-    }
-    return wrong;
-  }
-
-  Server& server() { return server_; }
-  const std::vector<SourceVolume>& sources() const { return sources_; }
-
- private:
-  Server server_;
-  const Scenario scenario_;
-  const std::vector<SourceVolume> sources_;
-  std::vector<JunctionState> junctions_before_;
-};
+using tests::WholeRun;
 
 struct Expected {
   const char* name;
   int32_t result;
+  const char* boot;
   const char* letters;
   const char* junctions;
   const char* descriptors;
@@ -113,19 +32,26 @@ struct Expected {
 // makes 40 with its root, Departments with 58 files 60; with 57 files and a junction 60 as well. A
 // volume that is not restored has but its root and what inherits from it alone as on the source.
 constexpr Expected kExpected[] = {
-    {"default", 0, "5 of 5 right", "10 of 12 (1 target missing, 1 already there)",
+    {"default", 0, "repaired", "5 of 5 right", "10 of 12 (1 target missing, 1 already there)",
      "6,000 of 6,000"},
-    {"letter_taken", 1, "2 of 3 right", "0 of 0", "90 of 149"},
-    {"letterless_disk", 0, "2 of 2 right", "0 of 0", "89 of 89"},
-    {"disk_without_volume", 1, "1 of 3 right", "0 of 0", "51 of 149"},
-    {"disk_without_backup_info", 1, "1 of 3 right", "0 of 0", "51 of 149"},
-    {"deny_everyone_later", 0, "2 of 2 right", "0 of 0", "106 of 109"},
-    {"german_server", 0, "2 of 2 right", "0 of 0", "110 of 110"},
-    {"junction_list_missing", 1, "2 of 2 right", "0 of 1 (1 not made)", "50 of 109"},
-    {"junction_list_unreadable", 1, "2 of 2 right", "0 of 1 (1 not made)", "50 of 109"},
+    {"letter_taken", 1, "nothing to do", "2 of 3 right", "0 of 0", "90 of 149"},
+    {"letterless_disk", 0, "nothing to do", "2 of 2 right", "0 of 0", "89 of 89"},
+    {"disk_without_volume", 1, "nothing to do", "1 of 3 right", "0 of 0", "51 of 149"},
+    {"disk_without_backup_info", 1, "nothing to do", "1 of 3 right", "0 of 0", "51 of 149"},
+    {"deny_everyone_later", 0, "nothing to do", "2 of 2 right", "0 of 0", "106 of 109"},
+    {"german_server", 0, "nothing to do", "2 of 2 right", "0 of 0", "110 of 110"},
+    {"junction_list_missing", 1, "nothing to do", "2 of 2 right", "0 of 1 (1 not made)",
+     "50 of 109"},
+    {"junction_list_unreadable", 1, "nothing to do", "2 of 2 right", "0 of 1 (1 not made)",
+     "50 of 109"},
     // The junction that was made inherits, as the source's did.
-    {"acl_list_missing", 1, "2 of 2 right", "1 of 1", "51 of 109"},
-    {"acl_list_unreadable", 1, "2 of 2 right", "1 of 1", "51 of 109"},
+    {"acl_list_missing", 1, "nothing to do", "2 of 2 right", "1 of 1", "51 of 109"},
+    {"acl_list_unreadable", 1, "nothing to do", "2 of 2 right", "1 of 1", "51 of 109"},
+    {"boot_nothing_to_do", 0, "nothing to do", "1 of 1 right", "0 of 0", "49 of 49"},
+    {"boot_deletion_fails", 0, "not repaired", "1 of 1 right", "0 of 0", "49 of 49"},
+    {"boot_rebuild_fails", 0, "not repaired", "1 of 1 right", "0 of 0", "49 of 49"},
+    {"boot_default_not_displayed", 0, "not repaired", "1 of 1 right", "0 of 0", "49 of 49"},
+    {"windows_server_2003", 0, "nothing to do", "2 of 2 right", "0 of 0", "89 of 89"},
 };
 
 class ScenarioRun : public testing::TestWithParam<Expected> {};
@@ -136,6 +62,7 @@ TEST_P(ScenarioRun, EndsAsItsTitleSays) {
   EXPECT_EQ(run.Run(), expected.result);
   EXPECT_EQ(run.ClosingLines(),
             (std::vector<std::string>{
+                std::string("boot: ") + expected.boot + "\n",
                 std::string("letters: ") + expected.letters + "\n",
                 std::string("junctions: ") + expected.junctions + "\n",
                 std::string("descriptors: ") + expected.descriptors + " equal to the source\n"}));
@@ -237,10 +164,10 @@ TEST(DefaultRun, ChangesNothingASecondTime) {
   const auto first = run.Copies();
   // In the same process most privileges stay off, in another they are enabled again.
   for (const bool same_process : {true, false}) {
-    if (!same_process) acl::ACLUtil::privileges_enabled = false;
+    if (!same_process) WholeRun::StartProcess();
     EXPECT_EQ(run.Run(), 0);
     EXPECT_EQ(run.ClosingLines(),
-              (std::vector<std::string>{"letters: 5 of 5 right\n",
+              (std::vector<std::string>{"boot: nothing to do\n", "letters: 5 of 5 right\n",
                                         "junctions: 0 of 12 (1 target missing, 11 already there)\n",
                                         "descriptors: 6,000 of 6,000 equal to the source\n"}));
     EXPECT_EQ(run.Copies(), first) << same_process;
