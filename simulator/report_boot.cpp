@@ -23,7 +23,7 @@ bool IsInOrder(const BootStore& store) {
   if (loader == nullptr) return false;
   if (manager->Values("displayorder") != std::vector<std::string>{default_loader}) return false;
   const std::string locale = loader->Value("locale");
-  return IsEnglish(locale) || locale == manager->Value("locale");
+  return locale.empty() || IsEnglish(locale) || locale == manager->Value("locale");
 }
 
 // "zh-CN", "default, zh-CN", "displayed", "not displayed"; "-" for what is not in the store.
@@ -58,6 +58,8 @@ std::string BootReport(const BootStore& before, const BootStore& after) {
     rows.push_back({entry.Value("description"), State(before, entry.identifier),
                     State(after, entry.identifier)});
   };
+  const std::string conclusion = "boot: " + Conclusion(before, after) + "\n";
+  if (before.entries.empty() && after.entries.empty()) return conclusion;
   for (const BootEntry& entry : before.entries) add(entry);
   for (const BootEntry& entry : after.entries) {
     if (before.Find(entry.identifier) == nullptr) add(entry);
@@ -70,11 +72,10 @@ std::string BootReport(const BootStore& before, const BootStore& after) {
   }
   std::string text;
   for (const Row& row : rows) {
-    if (rows.size() == 1) break;  // no store, no table
     text += "  " + LeftColumn(row[0], first) + "  " + LeftColumn(row[1], second) + "  " + row[2];
     text += "\n";
   }
-  return text + "boot: " + Conclusion(before, after) + "\n";
+  return text + conclusion;
 }
 
 }  // namespace simulator

@@ -15,7 +15,7 @@ namespace simulator {
 //   "boot: not repaired"   it is not in order, or is in order but not as it was
 //
 // In order is a store whose boot manager offers its default alone and has the locale of the loader
-// if that is not English; and one without any entry. Lines end with "\n".
+// unless that is English or has none; and one without any entry. Lines end with "\n".
 std::string BootReport(const BootStore& before, const BootStore& after);
 
 }  // namespace simulator

@@ -202,7 +202,12 @@ Scenario ReadScenario(const std::filesystem::path& file) {
     disks.Fail("a volume with the letter C, where Windows and the program are");
   }
   if (const auto tools = root.Find("tools")) {
-    for (const JsonPlace& tool : tools->Elements()) scenario.tools.push_back(ReadTool(tool));
+    for (const JsonPlace& tool : tools->Elements()) {
+      scenario.tools.push_back(ReadTool(tool));
+      if (!scenario.HasBootStore() && scenario.tools.back().name != "diskpart") {
+        tool.At("name").Fail("\"diskpart\", the only tool on Windows 5.2");
+      }
+    }
   }
   if (const auto faults = root.Find("faults")) {
     for (const JsonPlace& fault : faults->Elements()) scenario.faults.push_back(ReadFault(fault));

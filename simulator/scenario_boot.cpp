@@ -1,7 +1,6 @@
 #include "simulator/scenario_boot.h"
 
-#include <array>
-#include <cstdio>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,13 +14,6 @@ struct Manager {
   std::string device = "partition=C:";
   bool uefi = false;
 };
-
-std::string Guid(size_t number) {
-  std::array<char, 39> text{};
-  std::snprintf(text.data(), text.size(), "{7a6e%04x-1d9b-11ea-9b5f-f01dbca3c1a7}",
-                static_cast<unsigned>(number & 0xFFFF));
-  return text.data();
-}
 
 Manager ReadManager(const JsonPlace& place) {
   place.AllowKeys({"locale", "device", "uefi"});
@@ -40,18 +32,20 @@ BootEntryType ReadType(const JsonPlace& place) {
   place.Fail("\"loader\", \"legacy\" or \"sector\"");
 }
 
-BootEntry ReadLoader(const JsonPlace& place, size_t number, bool uefi) {
+BootEntry ReadLoader(const JsonPlace& place, uint32_t number, bool uefi) {
   place.AllowKeys({"description", "type", "locale", "device", "current", "default", "displayed"});
   const auto type = place.Find("type");
   const auto locale = place.Find("locale");
   const auto device = place.Find("device");
   BootEntry entry;
   entry.type = type ? ReadType(*type) : BootEntryType::kLoader;
-  entry.identifier = Guid(2 * number);
+  entry.identifier = NumberedIdentifier(2 * number);
   const std::string description = place.At("description").Line();
   const std::string where = device ? device->Line() : "partition=C:";
   if (entry.type != BootEntryType::kLoader) {
     if (locale) locale->Fail("no locale but of a \"loader\"");
+    const auto current = place.Find("current");
+    if (current && current->Truth()) current->Fail("true for a \"loader\" alone");
     const bool is_legacy = entry.type == BootEntryType::kLegacyLoader;
     if (is_legacy) entry.identifier = "{ntldr}";
     entry.elements = {{"device", {where}},
@@ -60,7 +54,7 @@ BootEntry ReadLoader(const JsonPlace& place, size_t number, bool uefi) {
     return entry;
   }
   entry = WindowsLoader({"C:\\Windows", description, locale ? locale->Line() : "en-US"},
-                        entry.identifier, Guid(2 * number + 1));
+                        entry.identifier, NumberedIdentifier(2 * number + 1));
   entry.Set("device", {where});
   entry.Set("osdevice", {where});
   if (uefi) entry.Set("path", {"\\Windows\\system32\\winload.efi"});
@@ -78,16 +72,8 @@ void ReadMark(const JsonPlace& loader, const std::string& mark, const std::strin
 
 BootEntry MakeManager(const Manager& manager, const std::string& default_loader,
                       const std::vector<std::string>& displayed) {
-  BootEntry entry{BootEntryType::kManager, std::string(kBootManager), {}};
-  entry.Set("device", {manager.device});
+  BootEntry entry = WindowsManager({manager.device, manager.locale, default_loader, "", displayed});
   if (manager.uefi) entry.Set("path", {"\\EFI\\Microsoft\\Boot\\bootmgfw.efi"});
-  entry.Set("description", {"Windows Boot Manager"});
-  entry.Set("locale", {manager.locale});
-  entry.Set("inherit", {"{globalsettings}"});
-  if (!default_loader.empty()) entry.Set("default", {default_loader});
-  entry.Set("displayorder", displayed);
-  entry.Set("toolsdisplayorder", {"{memdiag}"});
-  entry.Set("timeout", {"30"});
   return entry;
 }
 
@@ -101,7 +87,8 @@ Boot ReadBoot(const JsonPlace& place) {
   std::string default_loader;
   std::vector<std::string> displayed;
   for (const JsonPlace& loader : place.At("loaders").Elements()) {
-    BootEntry entry = ReadLoader(loader, boot.store.entries.size(), manager.uefi);
+    const auto number = static_cast<uint32_t>(boot.store.entries.size());
+    BootEntry entry = ReadLoader(loader, number, manager.uefi);
     if (boot.store.Find(entry.identifier) != nullptr) {
       loader.Fail("no more than one \"legacy\" loader");
     }

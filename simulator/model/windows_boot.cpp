@@ -1,5 +1,7 @@
 #include "simulator/model/windows_boot.h"
 
+#include <array>
+#include <cstdio>
 #include <utility>
 
 namespace simulator {
@@ -25,19 +27,28 @@ BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identi
            {"ems", {"Yes"}}}};
 }
 
-BootEntry WindowsManager(std::string_view drive, const BootEntry& loader) {
+BootEntry WindowsManager(const BootManagerFacts& facts) {
   BootEntry manager{BootEntryType::kManager, std::string(kBootManager), {}};
-  manager.Set("device", {"partition=" + std::string(drive)});
+  const auto set_known = [&manager](std::string_view element, const std::string& value) {
+    if (!value.empty()) manager.Set(element, {value});
+  };
+  manager.Set("device", {facts.device});
   manager.Set("description", {"Windows Boot Manager"});
-  manager.Set("locale", loader.Values("locale"));
+  manager.Set("locale", {facts.locale});
   manager.Set("inherit", {"{globalsettings}"});
   manager.Set("bootshutdowndisabled", {"Yes"});
-  manager.Set("default", {loader.identifier});
-  manager.Set("resumeobject", loader.Values("resumeobject"));
-  manager.Set("displayorder", {loader.identifier});
+  set_known("default", facts.default_loader);
+  set_known("resumeobject", facts.resume_object);
+  manager.Set("displayorder", facts.displayed);
   manager.Set("toolsdisplayorder", {"{memdiag}"});
   manager.Set("timeout", {"30"});
   return manager;
+}
+
+std::string NumberedIdentifier(uint32_t number) {
+  std::array<char, 39> text{};
+  std::snprintf(text.data(), text.size(), "{%08x-4f2c-11ee-b962-806e6f6e6963}", number);
+  return text.data();
 }
 
 Boot HealthyBoot() {
@@ -45,7 +56,8 @@ Boot HealthyBoot() {
                                    "{b35d4dcb-5b1e-11e9-a814-000d3a05463f}",
                                    "{b35d4dca-5b1e-11e9-a814-000d3a05463f}");
   std::string current = loader.identifier;
-  BootEntry manager = WindowsManager("C:", loader);
+  BootEntry manager =
+      WindowsManager({"partition=C:", "en-US", current, loader.Value("resumeobject"), {current}});
   return {{{std::move(manager), std::move(loader)}}, std::move(current)};
 }
 

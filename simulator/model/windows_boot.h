@@ -2,8 +2,10 @@
 #ifndef SIMULATOR_MODEL_WINDOWS_BOOT_H_
 #define SIMULATOR_MODEL_WINDOWS_BOOT_H_
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "simulator/model/boot_store.h"
 
@@ -18,8 +20,18 @@ struct InstalledWindows {
 BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identifier,
                         std::string_view resume_identifier);
 
-// A manager on that drive ("C:") that offers the loader alone, in the loader's locale.
-BootEntry WindowsManager(std::string_view drive, const BootEntry& loader);
+struct BootManagerFacts {
+  std::string device;  // "partition=C:"
+  std::string locale;
+  std::string default_loader;  // an identifier; none when empty
+  std::string resume_object;   // as well
+  std::vector<std::string> displayed;
+};
+
+BootEntry WindowsManager(const BootManagerFacts& facts);
+
+// "{00000007-4f2c-11ee-b962-806e6f6e6963}" for 7.
+std::string NumberedIdentifier(uint32_t number);
 
 // A manager and one loader, its default, by which the server runs.
 Boot HealthyBoot();

@@ -1,7 +1,6 @@
 #include "simulator/tools/bcdboot.h"
 
-#include <array>
-#include <cstdio>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -52,17 +51,11 @@ std::optional<std::string> WindowsFolder(const std::string& source, const Files&
   return folder;
 }
 
-std::string Guid(unsigned int number) {
-  std::array<char, 39> text{};
-  std::snprintf(text.data(), text.size(), "{%08x-4f2c-11ee-b962-806e6f6e6963}", number);
-  return text.data();
-}
-
 // A loader and, numbered next to it, what it resumes by.
 BootEntry NewLoader(const BootStore& store, const InstalledWindows& windows) {
-  unsigned int number = 1;
-  while (store.Find(Guid(number)) != nullptr) number += 2;
-  return WindowsLoader(windows, Guid(number), Guid(number + 1));
+  uint32_t number = 1;
+  while (store.Find(NumberedIdentifier(number)) != nullptr) number += 2;
+  return WindowsLoader(windows, NumberedIdentifier(number), NumberedIdentifier(number + 1));
 }
 
 // The entry without references to any other in the store.
@@ -83,6 +76,24 @@ BootEntry LoaderToKeep(const Boot& boot, const InstalledWindows& windows) {
 
 ToolResult Failure() { return {"Failure when attempting to copy boot files.\r\n", 1}; }
 
+// What the boot manager says besides stays.
+BootEntry RebuiltManager(const BootStore& store, const std::string& drive,
+                         const BootEntry& loader) {
+  const BootManagerFacts facts{"partition=" + drive,
+                               loader.Value("locale"),
+                               loader.identifier,
+                               loader.Value("resumeobject"),
+                               {loader.identifier}};
+  const BootEntry* const present = store.Find(kBootManager);
+  if (present == nullptr) return WindowsManager(facts);
+  BootEntry manager = *present;
+  manager.Set("device", {facts.device});
+  manager.Set("locale", {facts.locale});
+  manager.Set("default", {facts.default_loader});
+  manager.Set("displayorder", facts.displayed);
+  return manager;
+}
+
 DWORD Main(Server& server, ChildProcess& child) {
   std::vector<std::string> arguments = child.Arguments();
   arguments.erase(arguments.begin());
@@ -100,7 +111,8 @@ ToolResult RunBcdboot(const std::vector<std::string>& arguments, Server& server)
 
   Boot& boot = server.boot();
   BootEntry loader = LoaderToKeep(boot, {*folder, "Windows Server", options->locale});
-  boot.store.entries = {WindowsManager(*drive, loader), std::move(loader)};
+  BootEntry manager = RebuiltManager(boot.store, *drive, loader);
+  boot.store.entries = {std::move(manager), std::move(loader)};
   return {"Boot files successfully created.\r\n", 0};
 }
 

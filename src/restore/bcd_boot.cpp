@@ -12,7 +12,6 @@ namespace {
 using common::win::BCDBootInfo;
 using common::win::WinUtil;
 
-// A single entry is the one to keep, be it the default or not.
 bool HasExtraLoaders(const BCDBootInfo& info) {
   return info.DisplayOrder.size() > 1 &&
          std::any_of(info.DisplayOrder.begin(), info.DisplayOrder.end(),

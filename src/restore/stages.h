@@ -8,7 +8,8 @@
 namespace restore {
 
 // Deletes the boot loaders that the boot manager offers besides its default one, and makes the boot
-// files anew when the boot manager's locale is not that of its entries. What is changed is first
+// files anew when the last locale among the entries that is not English is not the boot manager's.
+// What is changed is first
 // exported to the file BCD_BAK in the program's folder, where it stays. A deletion that fails
 // brings the export back and ends the stage: false, as when the store cannot be read, is not
 // consistent or cannot be exported. A rebuild that fails is logged and does not count.

@@ -6,6 +6,8 @@
 
 #include "restore/stages.h"
 #include "simulator/model/server.h"
+#include "simulator/model/windows_boot.h"
+#include "simulator/tools/bcdedit.h"
 #include "support/recording_logger.h"
 #include "support/simulated_boot_tools.h"
 
@@ -103,9 +105,10 @@ INSTANTIATE_TEST_SUITE_P(
                  {kExport, "bcdedit /delete {a}", "bcdedit /delete {a}"}},
         Decision{"IdentifiersOfAnyForm",
                  "en-US",
-                 {"{current}", "{a b} \"c\"", "{CURRENT}"},
+                 {"{current}", "{a b} \"c\"", "{CURRENT}", "stray"},
                  {"en-US"},
-                 {kExport, "bcdedit /delete {a b} \"c\"", "bcdedit /delete {CURRENT}"}}),
+                 {kExport, "bcdedit /delete {a b} \"c\"", "bcdedit /delete {CURRENT}",
+                  "bcdedit /delete stray"}}),
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(RestoreBCDBootTest, DeletesTenThousandLoaders) {
@@ -202,6 +205,29 @@ TEST_F(RestoreBCDBootTest, PutsTheBackupBesideTheProgram) {
   EXPECT_TRUE(RestoreBCDBoot(logger_));
   EXPECT_EQ(Changes(),
             (Lines{"bcdedit /export \"D:\\Tools and more\\BCD_BAK\"", "bcdedit /delete {a}"}));
+}
+
+TEST_F(RestoreBCDBootTest, PutsTheBackupIntoTheRootThatTheProgramLiesIn) {
+  server_.system().program_path = "C:\\restore.exe";
+  List("en-US", "{current}", {"{current}", "{a}"}, {});
+  EXPECT_TRUE(RestoreBCDBoot(logger_));
+  EXPECT_EQ(Changes(), (Lines{"bcdedit /export \"C:\\BCD_BAK\"", "bcdedit /delete {a}"}));
+}
+
+TEST_F(RestoreBCDBootTest, ChangesNothingWhereTheToolCannotWriteTheBackup) {
+  server_.processes().Install("bcdedit", simulator::BcdeditProgram());
+  simulator::BootStore& store = server_.boot().store;
+  simulator::BootEntry stray = store.entries[1];
+  stray.identifier = simulator::NumberedIdentifier(7);
+  store.Find(simulator::kBootManager)
+      ->Set("displayorder", {store.entries[1].identifier, stray.identifier});
+  store.entries.push_back(stray);
+  const simulator::BootStore before = store;
+  server_.system().program_path = "Q:\\gone\\restore.exe";
+  EXPECT_FALSE(RestoreBCDBoot(logger_));
+  EXPECT_EQ(store, before);
+  EXPECT_EQ(logger_.LinesAboveDebug(),
+            Lines{"Error: WinUtil::ExportBCDBoot export Q:\\gone\\BCD_BAK Failed, code=1"});
 }
 
 }  // namespace

@@ -62,6 +62,16 @@ TEST_F(Bcdboot, LeavesTheRunningWindowsAloneToDisplay) {
   EXPECT_EQ(store_.entries[1].identifier, current_);
 }
 
+TEST_F(Bcdboot, KeepsWhatTheManagerSaysBesides) {
+  BootEntry& manager = *store_.Find("{bootmgr}");
+  manager.Set("path", {"\\EFI\\Microsoft\\Boot\\bootmgfw.efi"});
+  manager.Set("timeout", {"5"});
+  ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "zh-CN"});
+  EXPECT_EQ(store_.entries[0].Value("path"), "\\EFI\\Microsoft\\Boot\\bootmgfw.efi");
+  EXPECT_EQ(store_.entries[0].Value("timeout"), "5");
+  EXPECT_EQ(store_.entries[0].Value("locale"), "zh-CN");
+}
+
 TEST_F(Bcdboot, LeavesNoReferenceToALoaderThatGoes) {
   store_.entries.push_back({BootEntryType::kLoader, kOther, {}});
   store_.Find(current_)->Set("recoverysequence", {kOther});

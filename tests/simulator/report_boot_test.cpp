@@ -76,6 +76,11 @@ TEST(BootConclusion, IsNothingToDoForAStoreInOrder) {
   EXPECT_EQ(Conclusion(english_loader, english_loader), "boot: nothing to do\n");
 }
 
+TEST(BootConclusion, AsksForNoLocaleWhereTheDefaultHasNone) {
+  const BootStore store = Store("en-US", {"{a}"}, {{BootEntryType::kLegacyLoader, "{a}", {}}});
+  EXPECT_EQ(Conclusion(store, store), "boot: nothing to do\n");
+}
+
 TEST(BootConclusion, IsRepairedForAStoreThatIsInOrderNow) {
   EXPECT_EQ(Conclusion(kTwoLoaders, kInOrder), "boot: repaired\n");
   EXPECT_EQ(Conclusion(kWrongLocale, kInOrder), "boot: repaired\n");

@@ -87,6 +87,12 @@ TEST_F(ScenarioBootTest, NamesWhatIsWrong) {
   EXPECT_EQ(ErrorOf(WithBoot(R"({"loaders": [{"description": "a", "current": true},
                                              {"description": "b", "current": true}]})")),
             ": /boot/loaders/1/current: expected true for one loader only");
+  EXPECT_EQ(ErrorOf(WithBoot(
+                R"({"loaders": [{"description": "a", "type": "legacy", "current": true}]})")),
+            ": /boot/loaders/0/current: expected true for a \"loader\" alone");
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "windows": {"version": "5.2.3790"},
+                                     "tools": [{"name": "bcdedit", "exit_code": 1}])")),
+            ": /tools/0/name: expected \"diskpart\", the only tool on Windows 5.2");
   EXPECT_EQ(ErrorOf(WithBoot(R"({"loaders": [{"description": "a", "type": "legacy"},
                                              {"description": "b", "type": "legacy"}]})")),
             ": /boot/loaders/1: expected no more than one \"legacy\" loader");

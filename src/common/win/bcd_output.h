@@ -1,5 +1,5 @@
-// What bcdedit prints about the boot configuration store. Its keywords are English whatever the
-// language, but for the headings and the identifier's. Any text of any length may come in. Pure.
+// What bcdedit prints about the boot configuration store. Whatever the language its keywords are
+// English, except the headings and "identifier". Any text of any length may come in. Pure.
 #ifndef COMMON_WIN_BCD_OUTPUT_H_
 #define COMMON_WIN_BCD_OUTPUT_H_
 

@@ -27,7 +27,7 @@ class WinUtil {
 
   virtual void SetLogger(logger::Logger* logger);
 
-  // The locale that a rebuilt boot manager has unless its entries name another: "en-us".
+  // "en-us": the locale for which the boot files are not made anew.
   const std::string& DefaultLocale() const { return default_locale_; }
 
   // "Windows Server 2003", "... 2008", "... 2012" or "... 2016", by the version that Windows
@@ -79,8 +79,8 @@ class WinUtil {
 
   // The boot configuration store, through bcdedit and bcdboot. On Windows Server 2003, which has
   // neither, nothing is run and all of these are true. False, with the reason logged, when the
-  // platform cannot be told, the tool fails, or, here, its listing lacks what `info` holds; `info`
-  // comes in empty and is worth nothing then.
+  // platform cannot be told, the tool fails, or, here, its listing lacks something or is not
+  // consistent; `info` comes in empty and is worth nothing then.
   // https://learn.microsoft.com/windows-server/administration/windows-commands/bcdedit
   [[nodiscard]] bool GetBCDBootInfo(BCDBootInfo& info);
 

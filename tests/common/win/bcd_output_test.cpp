@@ -153,8 +153,16 @@ INSTANTIATE_TEST_SUITE_P(
                     LocaleCase{"AnyCase", {"EN-US"}, "EN-US", "en-us"},
                     LocaleCase{"OtherInAnyCase", {"ZH-cn"}, "ZH-cn", "ZH-cn"},
                     LocaleCase{"FirstWithoutAValue", {"", "zh-CN"}, "", "zh-CN"},
+                    LocaleCase{"AnyLength", {"sr-Latn-RS", "ja", "en-US"}, "sr-Latn-RS", "ja"},
                     LocaleCase{"LaterWithoutAValue", {"en-US", "", "zh-CN", ""}, "en-US", "zh-CN"}),
     [](const auto& test) { return std::string(test.param.name); });
+
+TEST(BootLocales, AreKeyedInLowerCase) {
+  BCDBootInfo info;
+  EXPECT_EQ(Parse(Listing({"default {a}", "Locale zh-CN", "locale en-US"}) + kOrder, info), "");
+  EXPECT_EQ(info.RawLocale, "en-US");
+  EXPECT_EQ(info.Locale, "en-us");
+}
 
 TEST(BootDefault, IsTheLastOneWithAValue) {
   BCDBootInfo info;
@@ -191,6 +199,15 @@ TEST(BootDisplayOrder, HoldsEveryLineUpToTheTools) {
 TEST(BootDisplayOrder, StartsBehindTheFirstKeyWhereverItStands) {
   BCDBootInfo info;
   EXPECT_EQ(Parse("default {a}\r\nlocale x\r\nmydisplayorder {a} toolsdisplayorder", info), "");
+  EXPECT_EQ(info.DisplayOrder, Lines{"{a}"});
+}
+
+TEST(BootDisplayOrder, EndsAtTheFirstToolsOrder) {
+  BCDBootInfo info;
+  EXPECT_EQ(Parse(Listing({"default {a}", "locale x", "displayorder {a}", "toolsdisplayorder {b}",
+                           "{c}", "toolsdisplayorder {d}"}),
+                  info),
+            "");
   EXPECT_EQ(info.DisplayOrder, Lines{"{a}"});
 }
 

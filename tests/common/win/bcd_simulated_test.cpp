@@ -5,6 +5,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "common/win/win_util.h"
@@ -73,7 +74,7 @@ TEST_P(BootOperations, RunsNothingOnWindowsServer2003) {
   EXPECT_EQ(logger_.Lines(), Lines{});
 }
 
-TEST_P(BootOperations, RunsOnEveryLaterWindows) {
+TEST_P(BootOperations, RunsOnWindowsServer2008) {
   server_.system().major_version = 6;
   server_.system().minor_version = 0;
   EXPECT_TRUE(Run());
@@ -95,7 +96,14 @@ TEST_P(BootOperations, AsksForThePlatformAgainAfterAFailure) {
                                    "Last Error: [50] The request is not supported.\r\n"});
   EXPECT_EQ(server_.processes().Started(), Lines{});
   EXPECT_TRUE(Run());
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetVersionExA").size(), 2U);
   EXPECT_EQ(server_.processes().Started().size(), 1U);
+}
+
+TEST_P(BootOperations, ShareWhatTheyKnowWithOtherThreads) {
+  std::thread([this] { EXPECT_TRUE(Run()); }).join();
+  EXPECT_TRUE(Run());
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetVersionExA").size(), 1U);
 }
 
 TEST_P(BootOperations, LeavesNoHandleOpen) {
@@ -163,9 +171,10 @@ TEST_F(BootConfiguration, IsEmptyOnWindowsServer2003) {
 }
 
 TEST_F(BootConfiguration, FailsWithWhatTheListingLacks) {
-  boot_tools_.List("default  {b}\r\nlocale  %s en-US\r\n");
+  boot_tools_.List("default  {b}\r\nlocale  en-US\r\n");
   BCDBootInfo info;
   EXPECT_FALSE(tools_.GetBCDBootInfo(info));
+  EXPECT_EQ(info.DefaultId, "{b}");
   EXPECT_EQ(logger_.LinesAboveDebug(),
             Lines{"Error: WinUtil::GetBCDBootInfo Lack of Content [displayorder]."});
 }
