@@ -44,7 +44,9 @@ std::string TraceText(const void* pointer) {
 
 Call::Call(Entry entry)
     : server_(Server::Current()),
-      fault_(server_.calls().Enter(entry.name, std::move(entry.arguments))) {
+      fault_(server_.own_process().HasEnded()
+                 ? ERROR_PROCESS_ABORTED
+                 : server_.calls().Enter(entry.name, std::move(entry.arguments))) {
   if (fault_) ::SetLastError(*fault_);
 }
 

@@ -53,7 +53,7 @@ class Call {
 
   Server& server() const { return server_; }
 
-  // Whether a fault is due; the last error is then the fault's code.
+  // Whether a fault is due or the process has ended; the last error is then the code for it.
   bool fails() const { return fault_.has_value(); }
 
   // Sets the last error to `error` and returns whether it is ERROR_SUCCESS, in which case the last

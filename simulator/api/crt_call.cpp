@@ -49,7 +49,9 @@ int ErrnoOf(DWORD error) {
 
 CrtCall::CrtCall(Entry entry)
     : server_(Server::Current()),
-      fault_(server_.calls().Enter(entry.name, std::move(entry.arguments))) {
+      fault_(server_.own_process().HasEnded()
+                 ? EIO
+                 : server_.calls().Enter(entry.name, std::move(entry.arguments))) {
   if (fault_) SetErrno(static_cast<int>(*fault_));
 }
 

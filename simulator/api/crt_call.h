@@ -29,7 +29,7 @@ class CrtCall {
 
   Server& server() const { return server_; }
 
-  // Whether a fault is due; errno is then the fault's code.
+  // Whether a fault is due or the process has ended; errno is then the code for it.
   bool fails() const { return fault_.has_value(); }
 
   // Whether the system error is ERROR_SUCCESS; errno is set when it is not.

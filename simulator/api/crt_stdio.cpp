@@ -9,7 +9,8 @@ namespace {
 
 // Printing fails for nobody and is not traced, but it may well spoil the last error.
 ssize_t PrintCookie(void*, const char* text, size_t size) {
-  simulator::Server::Current().console().Print({text, size});
+  simulator::Server& server = simulator::Server::Current();
+  if (!server.own_process().HasEnded()) server.console().Print({text, size});
   ::SetLastError(simulator::kSpoiltLastError);
   return static_cast<ssize_t>(size);
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "simulator/api/call.h"
+#include "simulator/api/resource_language.h"
 #include "simulator/model/unsupported.h"
 #include "simulator/model/utf8.h"
 
@@ -31,7 +32,7 @@ size_t CutAtCharacter(const std::string& utf8, size_t longest) {
 }
 
 std::optional<std::string> FindString(Server& server, UINT id) {
-  return server.desktop().String(server.system().language, id);
+  return server.desktop().String(ResourceLanguage(server), id);
 }
 
 }  // namespace

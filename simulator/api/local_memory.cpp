@@ -17,7 +17,8 @@ HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size) {
 }
 
 HLOCAL WINAPI LocalFree(HLOCAL memory) {
-  Call call("LocalFree", memory);
+  const Call call("LocalFree", memory);
+  if (call.server().own_process().HasEnded()) simulator::FreeLocal(memory);  // it has gone, too
   if (call.fails()) return memory;
   if (memory != nullptr && !simulator::FreeLocal(memory)) {
     return call.Fail(memory, ERROR_INVALID_HANDLE);

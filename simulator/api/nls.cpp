@@ -1,4 +1,4 @@
-// Conversion between wide text and the ANSI code page, UTF-8 on a simulated server.
+// Conversion between wide text and the ANSI code page, UTF-8 on a simulated server, and languages.
 #include <windows.h>
 
 #include <algorithm>
@@ -71,4 +71,35 @@ int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int te
     return call.Fail(0, ERROR_INVALID_PARAMETER);
   }
   return Deliver(call, converted, buffer, buffer_length);
+}
+
+// Cannot fail, so it is neither numbered nor traced.
+LANGID WINAPI GetSystemDefaultLangID() { return simulator::Server::Current().system().language; }
+
+LANGID WINAPI SetThreadUILanguage(LANGID language) {
+  constexpr DWORD kVista = 6;
+  if (language == 0) simulator::Unsupported("SetThreadUILanguage to what the console can show");
+  const Call call("SetThreadUILanguage", language);
+  if (call.fails()) return 0;
+  simulator::Server& server = call.server();
+  if (server.system().major_version < kVista) {
+    simulator::Unsupported("SetThreadUILanguage to a language before Windows Vista");
+  }
+  server.threads().State().ui_language = language;
+  return call.Succeed(language);
+}
+
+BOOL WINAPI SetThreadLocale(LCID locale) {
+  constexpr LCID kLanguage = 0xFFFF;
+  constexpr LCID kSort = 0xF0000;
+  constexpr LANGID kPrimary = 0x3FF;
+  const Call call("SetThreadLocale", locale);
+  if (call.fails()) return FALSE;
+  if ((locale & ~(kLanguage | kSort)) != 0) return call.Done(ERROR_INVALID_PARAMETER);
+  if ((locale & kSort) != 0) simulator::Unsupported("SetThreadLocale: a sort order");
+  const LANGID language = static_cast<LANGID>(locale);
+  if ((language & kPrimary) == 0)
+    simulator::Unsupported("SetThreadLocale: a locale without a language");
+  call.server().threads().State().locale = language;
+  return call.Succeed(TRUE);
 }

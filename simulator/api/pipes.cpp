@@ -51,7 +51,8 @@ BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes_to_read, LPDWORD by
     return call.Done(handles.Find<PipeWriteEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);
   }
   size_t count = 0;
-  const DWORD error = end->Read(static_cast<char*>(buffer), bytes_to_read, &count);
+  const DWORD error = end->Read(static_cast<char*>(buffer), bytes_to_read, &count,
+                                call.server().own_process().Ending());
   *bytes_read = static_cast<DWORD>(count);
   return call.Done(error);
 }
@@ -70,7 +71,8 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD bytes_to_write, LPDWORD
   if (!end) {
     return call.Done(handles.Find<PipeReadEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);
   }
-  const DWORD error = end->Write({static_cast<const char*>(buffer), bytes_to_write});
+  const DWORD error = end->Write({static_cast<const char*>(buffer), bytes_to_write},
+                                 call.server().own_process().Ending());
   if (error == ERROR_SUCCESS) *bytes_written = bytes_to_write;
   return call.Done(error);
 }

@@ -131,6 +131,11 @@ BOOL WINAPI TerminateProcess(HANDLE process, UINT exit_code) {
   return call.Done(child ? child->Terminate(exit_code) : ERROR_INVALID_HANDLE);
 }
 
+// Cannot fail, so it is neither numbered nor traced.
+void WINAPI ExitProcess(UINT exit_code) {
+  simulator::Server::Current().own_process().Exit(exit_code);
+}
+
 BOOL WINAPI CloseHandle(HANDLE object) {
   if (object == ::GetCurrentProcess()) Unsupported("CloseHandle of a pseudo handle");
   const Call call("CloseHandle", object);

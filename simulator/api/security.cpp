@@ -5,9 +5,24 @@
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "simulator/api/call.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/utf8.h"
+
+namespace simulator {
+namespace {
+
+BOOL LookUpPrivilege(const Call& call, std::string_view name, PLUID luid) {
+  const std::optional<LUID> found = Security::Lookup(name);
+  if (!found) return call.Done(ERROR_NO_SUCH_PRIVILEGE);
+  *luid = *found;
+  return call.Succeed(TRUE);
+}
+
+}  // namespace
+}  // namespace simulator
 
 using simulator::Call;
 using simulator::Token;
@@ -36,11 +51,15 @@ BOOL WINAPI LookupPrivilegeValueA(LPCSTR system_name, LPCSTR name, PLUID luid) {
   if (system_name != nullptr) Unsupported("LookupPrivilegeValueA: a system name");
   if (name == nullptr || luid == nullptr) Unsupported("LookupPrivilegeValueA: no name or LUID");
   const Call call("LookupPrivilegeValueA", name);
-  if (call.fails()) return FALSE;
-  const std::optional<LUID> found = simulator::Security::Lookup(name);
-  if (!found) return call.Done(ERROR_NO_SUCH_PRIVILEGE);
-  *luid = *found;
-  return call.Succeed(TRUE);
+  return call.fails() ? FALSE : simulator::LookUpPrivilege(call, name, luid);
+}
+
+BOOL WINAPI LookupPrivilegeValueW(LPCWSTR system_name, LPCWSTR name, PLUID luid) {
+  if (system_name != nullptr) Unsupported("LookupPrivilegeValueW: a system name");
+  if (name == nullptr || luid == nullptr) Unsupported("LookupPrivilegeValueW: no name or LUID");
+  const Call call("LookupPrivilegeValueW", name);
+  return call.fails() ? FALSE
+                      : simulator::LookUpPrivilege(call, simulator::Utf8FromWide(name), luid);
 }
 
 BOOL WINAPI AdjustTokenPrivileges(HANDLE token, BOOL disable_all, PTOKEN_PRIVILEGES new_state,

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -24,16 +25,17 @@ WORD ServicePackNumber(const std::string& service_pack) {
   return ends_in_digit ? static_cast<WORD>(service_pack.back() - '0') : WORD{0};
 }
 
-OSVERSIONINFOEXA VersionOf(const System& system) {
+// In the narrow or the wide structure; `service_pack` is the system's in the same units.
+template <typename Version, typename Text>
+Version VersionOf(const System& system, const Text& service_pack) {
   constexpr WORD kSuites = 0x0110;  // remote administration by terminal services
-  OSVERSIONINFOEXA version = {};
+  Version version = {};
   version.dwMajorVersion = system.major_version;
   version.dwMinorVersion = system.minor_version;
   version.dwBuildNumber = system.build;
   version.dwPlatformId = VER_PLATFORM_WIN32_NT;
-  const size_t longest = sizeof(version.szCSDVersion) - 1;
-  std::copy_n(system.service_pack.data(), std::min(system.service_pack.size(), longest),
-              version.szCSDVersion);
+  const size_t longest = std::size(version.szCSDVersion) - 1;
+  std::copy_n(service_pack.data(), std::min(service_pack.size(), longest), version.szCSDVersion);
   version.wServicePackMajor = ServicePackNumber(system.service_pack);
   version.wSuiteMask = kSuites;
   version.wProductType = VER_NT_SERVER;
@@ -75,7 +77,24 @@ BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version) {
   if (size != sizeof(OSVERSIONINFOA) && size != sizeof(OSVERSIONINFOEXA)) {
     return call.Done(ERROR_INSUFFICIENT_BUFFER);
   }
-  OSVERSIONINFOEXA filled = simulator::VersionOf(call.server().system());
+  const simulator::System& system = call.server().system();
+  auto filled = simulator::VersionOf<OSVERSIONINFOEXA>(system, system.service_pack);
+  filled.dwOSVersionInfoSize = size;
+  std::memcpy(static_cast<void*>(version), &filled, size);
+  return call.Succeed(TRUE);
+}
+
+BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
+  if (version == nullptr) Unsupported("GetVersionExW: nowhere to put it");
+  const DWORD size = version->dwOSVersionInfoSize;
+  const Call call("GetVersionExW", size);
+  if (call.fails()) return FALSE;
+  if (size != sizeof(OSVERSIONINFOW) && size != sizeof(OSVERSIONINFOEXW)) {
+    return call.Done(ERROR_INSUFFICIENT_BUFFER);
+  }
+  const simulator::System& system = call.server().system();
+  auto filled =
+      simulator::VersionOf<OSVERSIONINFOEXW>(system, simulator::WideFromUtf8(system.service_pack));
   filled.dwOSVersionInfoSize = size;
   std::memcpy(static_cast<void*>(version), &filled, size);
   return call.Succeed(TRUE);
@@ -107,9 +126,9 @@ DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size) {
 }
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR module_name) {
-  if (module_name == nullptr) Unsupported("GetModuleHandleW: of the program itself");
   const Call call("GetModuleHandleW", module_name);
   if (call.fails()) return nullptr;
+  if (module_name == nullptr) return call.Succeed(simulator::ProgramModule());
   const std::string name = simulator::NameKey(simulator::Utf8FromWide(module_name));
   if (name == "kernel32" || name == "kernel32.dll") return call.Succeed(simulator::kKernel32);
   return call.Fail(HMODULE{nullptr}, ERROR_MOD_NOT_FOUND);
@@ -120,7 +139,9 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
   if (reinterpret_cast<uintptr_t>(name) < kFirstName) Unsupported("GetProcAddress by ordinal");
   const Call call("GetProcAddress", static_cast<const void*>(module), name);
   if (call.fails()) return nullptr;
-  if (module == nullptr) Unsupported("GetProcAddress: of the program itself");
+  if (module == nullptr || module == simulator::ProgramModule()) {
+    Unsupported("GetProcAddress: of the program itself");
+  }
   if (module != simulator::kKernel32) return call.Fail(FARPROC{nullptr}, ERROR_MOD_NOT_FOUND);
   const bool exported = call.server().system().has_native_system_info;
   if (!exported || std::string_view(name) != "GetNativeSystemInfo") {

@@ -105,6 +105,9 @@ using LPSYSTEM_INFO = SYSTEM_INFO*;
 #define FORMAT_MESSAGE_IGNORE_INSERTS 0x00000200
 #define FORMAT_MESSAGE_FROM_SYSTEM 0x00001000
 
+// Where a program with windows starts; the program defines it.
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, LPWSTR command_line, int show_command);
+
 // Processes, threads and pipes.
 BOOL WINAPI CreatePipe(PHANDLE read_pipe, PHANDLE write_pipe, LPSECURITY_ATTRIBUTES attributes,
                        DWORD size);
@@ -119,6 +122,7 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD bytes_to_write, LPDWORD
                       LPOVERLAPPED overlapped);
 BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD exit_code);
 BOOL WINAPI TerminateProcess(HANDLE process, UINT exit_code);
+[[noreturn]] void WINAPI ExitProcess(UINT exit_code);
 BOOL WINAPI CloseHandle(HANDLE object);
 HANDLE WINAPI GetCurrentProcess();
 HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stack_size,
@@ -144,6 +148,7 @@ void WINAPI OutputDebugStringA(LPCSTR text);
 // Tokens.
 BOOL WINAPI OpenProcessToken(HANDLE process, DWORD desired_access, PHANDLE token);
 BOOL WINAPI LookupPrivilegeValueA(LPCSTR system_name, LPCSTR name, PLUID luid);
+BOOL WINAPI LookupPrivilegeValueW(LPCWSTR system_name, LPCWSTR name, PLUID luid);
 BOOL WINAPI AdjustTokenPrivileges(HANDLE token, BOOL disable_all, PTOKEN_PRIVILEGES new_state,
                                   DWORD buffer_length, PTOKEN_PRIVILEGES previous_state,
                                   PDWORD return_length);
@@ -177,6 +182,7 @@ DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer);
 // System facts.
 DWORD WINAPI GetTickCount();
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version);
+BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version);
 UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size);
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size);
 HMODULE WINAPI GetModuleHandleW(LPCWSTR module_name);

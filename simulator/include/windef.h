@@ -63,7 +63,26 @@ using LANGID = WORD;
 
 DECLARE_HANDLE(HWND);
 DECLARE_HANDLE(HINSTANCE);
+DECLARE_HANDLE(HDC);
+DECLARE_HANDLE(HBRUSH);
+DECLARE_HANDLE(HICON);
 using HMODULE = HINSTANCE;
+using HGDIOBJ = void*;
+
+using COLORREF = DWORD;  // 0x00BBGGRR
+
+struct POINT {
+  LONG x;
+  LONG y;
+};
+
+struct RECT {
+  LONG left;
+  LONG top;
+  LONG right;
+  LONG bottom;
+};
+using LPRECT = RECT*;
 
 using FARPROC = INT_PTR(WINAPI*)();
 
@@ -73,6 +92,11 @@ using FARPROC = INT_PTR(WINAPI*)();
 #endif
 
 #define MAX_PATH 260
+
+#define LOWORD(value) (static_cast<WORD>(static_cast<DWORD_PTR>(value) & 0xFFFF))
+#define HIWORD(value) (static_cast<WORD>((static_cast<DWORD_PTR>(value) >> 16) & 0xFFFF))
+#define MAKELONG(low, high) \
+  (static_cast<LONG>(static_cast<DWORD>(LOWORD(low)) | static_cast<DWORD>(LOWORD(high)) << 16))
 
 #define MAKELANGID(primary, sub) ((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary))
 

@@ -7,9 +7,11 @@
 #include <wincon.h>
 #include <windef.h>
 #include <winerror.h>
+#include <wingdi.h>
 #include <winioctl.h>
 #include <winnls.h>
 #include <winnt.h>
+#include <winreg.h>
 #include <winuser.h>
 
 #endif  // SIMULATOR_INCLUDE_WINDOWS_H_

@@ -243,6 +243,30 @@ struct OSVERSIONINFOEXA {
   BYTE wReserved;
 };
 
+struct OSVERSIONINFOW {
+  DWORD dwOSVersionInfoSize;
+  DWORD dwMajorVersion;
+  DWORD dwMinorVersion;
+  DWORD dwBuildNumber;
+  DWORD dwPlatformId;
+  WCHAR szCSDVersion[128];
+};
+using LPOSVERSIONINFOW = OSVERSIONINFOW*;
+
+struct OSVERSIONINFOEXW {
+  DWORD dwOSVersionInfoSize;
+  DWORD dwMajorVersion;
+  DWORD dwMinorVersion;
+  DWORD dwBuildNumber;
+  DWORD dwPlatformId;
+  WCHAR szCSDVersion[128];
+  WORD wServicePackMajor;
+  WORD wServicePackMinor;
+  WORD wSuiteMask;
+  BYTE wProductType;
+  BYTE wReserved;
+};
+
 #define VER_PLATFORM_WIN32_NT 2
 #define VER_NT_SERVER 3
 
@@ -250,7 +274,13 @@ struct OSVERSIONINFOEXA {
 #define PROCESSOR_ARCHITECTURE_IA64 6
 #define PROCESSOR_ARCHITECTURE_AMD64 9
 
+using LCID = DWORD;
+
 #define LANG_NEUTRAL 0x00
 #define SUBLANG_DEFAULT 0x01
+#define SORT_DEFAULT 0x0
+
+#define MAKELCID(language, sort) \
+  ((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) | static_cast<WORD>(language))
 
 #endif  // SIMULATOR_INCLUDE_WINNT_H_

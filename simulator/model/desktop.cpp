@@ -1,13 +1,14 @@
 #include "simulator/model/desktop.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "simulator/model/resource_script.h"
-#include "simulator/model/resource_strings.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
 namespace {
 
-constexpr size_t kLongestQueue = 10'000;
 constexpr LANGID kEnglish = 1033;
 constexpr UINT kButtons = 0xF;  // the bits of a box's type that choose its buttons
 
@@ -16,18 +17,31 @@ bool HasButton(const ShownMessageBox& box, int answer) {
   return answer == IDOK || (answer == IDCANCEL && (box.type & kButtons) == MB_OKCANCEL);
 }
 
+// In that language, else in English; null when neither has it.
+template <typename Resource>
+const Resource* FindResource(const ResourceMap<Resource>& resources, LANGID language, UINT id) {
+  for (const LANGID tried : {language, kEnglish}) {
+    const auto found = resources.find({tried, id});
+    if (found != resources.end()) return &found->second;
+  }
+  return nullptr;
+}
+
+template <typename Resource>
+DWORD ErrorOfMissing(const ResourceMap<Resource>& resources) {
+  return resources.empty() ? ERROR_RESOURCE_TYPE_NOT_FOUND : ERROR_RESOURCE_NAME_NOT_FOUND;
+}
+
 }  // namespace
 
-Desktop::Desktop() {
-  ResourceStrings read = ReadResourceStrings(kResourceScript, kResourceNames);
-  if (!read.error.empty()) Unsupported("resource script: " + read.error);
-  strings_ = std::move(read.strings);
+Desktop::Desktop(Clock& clock, const System& system)
+    : system_(system), dialogs_(clock), resources_(ReadResources(kResourceScript, kResourceNames)) {
+  if (!resources_.error.empty()) Unsupported("resource script: " + resources_.error);
 }
 
 HWND Desktop::CreateWindow() {
+  const HWND window = dialogs_.NewHandle();
   const std::lock_guard lock(mutex_);
-  const HWND window = reinterpret_cast<HWND>(next_window_);
-  next_window_ += 2;
   windows_[window];
   return window;
 }
@@ -39,14 +53,18 @@ void Desktop::DestroyWindow(HWND window) {
 }
 
 bool Desktop::HasWindow(HWND window) const {
+  if (dialogs_.Has(window)) return true;
   const std::lock_guard lock(mutex_);
   return windows_.contains(window);
 }
 
 DWORD Desktop::Post(HWND window, const PostedMessage& message) {
-  const std::lock_guard lock(mutex_);
+  std::unique_lock lock(mutex_);
   const auto found = windows_.find(window);
-  if (found == windows_.end()) return ERROR_INVALID_WINDOW_HANDLE;
+  if (found == windows_.end()) {
+    lock.unlock();
+    return dialogs_.Post(window, message.message, message.wparam, message.lparam);
+  }
   if (found->second.size() >= kLongestQueue) return ERROR_NOT_ENOUGH_QUOTA;
   found->second.push_back(message);
   changed_.notify_all();
@@ -94,16 +112,38 @@ std::vector<ShownMessageBox> Desktop::Boxes() const {
 
 void Desktop::SetString(LANGID language, UINT id, std::string utf8) {
   const std::lock_guard lock(mutex_);
-  strings_[{language, id}] = std::move(utf8);
+  resources_.strings[{language, id}] = std::move(utf8);
+}
+
+void Desktop::SetDialog(LANGID language, UINT id, DialogTemplate dialog) {
+  const std::lock_guard lock(mutex_);
+  resources_.dialogs[{language, id}] = std::move(dialog);
+}
+
+void Desktop::SetIcon(UINT id) {
+  const std::lock_guard lock(mutex_);
+  resources_.icons[{kEnglish, id}];
 }
 
 std::optional<std::string> Desktop::String(LANGID language, UINT id) const {
   const std::lock_guard lock(mutex_);
-  for (const LANGID tried : {language, kEnglish}) {
-    const auto found = strings_.find({tried, id});
-    if (found != strings_.end()) return found->second;
-  }
-  return std::nullopt;
+  const std::string* const found = FindResource(resources_.strings, language, id);
+  return found == nullptr ? std::nullopt : std::optional(*found);
+}
+
+DWORD Desktop::FindDialog(LANGID language, UINT id, DialogTemplate* dialog) const {
+  const std::lock_guard lock(mutex_);
+  const DialogTemplate* const found = FindResource(resources_.dialogs, language, id);
+  if (found == nullptr) return ErrorOfMissing(resources_.dialogs);
+  *dialog = *found;
+  return ERROR_SUCCESS;
+}
+
+DWORD Desktop::FindIcon(UINT id) const {
+  const std::lock_guard lock(mutex_);
+  const bool is_there = std::any_of(resources_.icons.begin(), resources_.icons.end(),
+                                    [id](const auto& icon) { return icon.first.second == id; });
+  return is_there ? DWORD{ERROR_SUCCESS} : ErrorOfMissing(resources_.icons);
 }
 
 std::deque<PostedMessage>& Desktop::QueueOf(HWND window) {

@@ -1,4 +1,4 @@
-// Windows with their posted messages, message boxes answered by rule, and string resources.
+// Dialogs and bare windows with their messages, message boxes answered by rule, and resources.
 #ifndef SIMULATOR_MODEL_DESKTOP_H_
 #define SIMULATOR_MODEL_DESKTOP_H_
 
@@ -11,8 +11,11 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
+
+#include "simulator/model/dialogs.h"
+#include "simulator/model/resources.h"
+#include "simulator/model/system.h"
 
 namespace simulator {
 
@@ -33,17 +36,22 @@ struct ShownMessageBox {
 // Thread-safe.
 class Desktop {
  public:
-  Desktop();
+  Desktop(Clock& clock, const System& system);
 
+  Dialogs& dialogs() { return dialogs_; }
+  bool has_progress_states() const { return system_.major_version >= 6; }
+
+  // A bare window, without a procedure and of no thread: whoever takes them gets its messages.
   HWND CreateWindow();
   // What is still posted to it is lost, as on Windows.
   void DestroyWindow(HWND window);
+  // A bare one, a dialog or a control.
   bool HasWindow(HWND window) const;
 
   // ERROR_INVALID_WINDOW_HANDLE for a window that is not there, ERROR_NOT_ENOUGH_QUOTA once
   // 10,000 messages wait in it.
   DWORD Post(HWND window, const PostedMessage& message);
-  // Taking from a window that is not there aborts.
+  // Taking from anything but a bare window aborts.
   std::optional<PostedMessage> Take(HWND window);
   PostedMessage WaitAndTake(HWND window);
 
@@ -53,22 +61,29 @@ class Desktop {
   int Show(ShownMessageBox box);
   std::vector<ShownMessageBox> Boxes() const;
 
-  // At first the string tables of the program's own .rc.
+  // Resources are those of the program's own .rc at first. One is found in the language asked for,
+  // else in English; icons have no language.
   void SetString(LANGID language, UINT id, std::string utf8);
-  // The text in that language, else in English; nothing when neither has it.
+  void SetDialog(LANGID language, UINT id, DialogTemplate dialog);
+  void SetIcon(UINT id);
   std::optional<std::string> String(LANGID language, UINT id) const;
+  // ERROR_RESOURCE_TYPE_NOT_FOUND when the program has no resource of that kind,
+  // ERROR_RESOURCE_NAME_NOT_FOUND when it has others.
+  DWORD FindDialog(LANGID language, UINT id, DialogTemplate* dialog) const;
+  DWORD FindIcon(UINT id) const;
 
  private:
   // With the lock held.
   std::deque<PostedMessage>& QueueOf(HWND window);
 
+  const System& system_;
+  Dialogs dialogs_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   std::map<HWND, std::deque<PostedMessage>> windows_;
-  UINT_PTR next_window_ = 0x10010;
   std::function<int(const ShownMessageBox&)> rule_;
   std::vector<ShownMessageBox> boxes_;
-  std::map<std::pair<LANGID, UINT>, std::string> strings_;
+  Resources resources_;
 };
 
 }  // namespace simulator

@@ -27,6 +27,12 @@ bool Handles::Close(HANDLE handle) {
   return true;
 }
 
+void Handles::CloseAll() {
+  std::map<UINT_PTR, Entry> entries;  // ends behind the lock
+  const std::lock_guard lock(mutex_);
+  entries.swap(entries_);
+}
+
 std::vector<std::shared_ptr<Object>> Handles::Inheritable() const {
   const std::lock_guard lock(mutex_);
   std::vector<std::shared_ptr<Object>> objects;

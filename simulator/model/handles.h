@@ -33,6 +33,7 @@ class Handles {
 
   // False when the handle is not open.
   bool Close(HANDLE handle);
+  void CloseAll();
 
   std::vector<std::shared_ptr<Object>> Inheritable() const;
   // The kinds of all open handles, in the order of their opening.

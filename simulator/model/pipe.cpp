@@ -11,11 +11,13 @@ namespace simulator {
 
 class Pipe {
  public:
-  DWORD Read(char* buffer, size_t size, size_t* count) {
+  DWORD Read(char* buffer, size_t size, size_t* count, const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
-    readable_.wait(
-        lock, [this] { return written_ != taken_ || !empty_writes_.empty() || !write_end_open_; });
     *count = 0;
+    const bool awaited = readable_.wait(lock, stop, [this] {
+      return written_ != taken_ || !empty_writes_.empty() || !write_end_open_;
+    });
+    if (!awaited) return ERROR_PROCESS_ABORTED;
     uint64_t end = written_;
     if (!empty_writes_.empty()) {
       end = empty_writes_.front();
@@ -81,7 +83,7 @@ class Pipe {
   }
 
   std::mutex mutex_;
-  std::condition_variable readable_;
+  std::condition_variable_any readable_;
   std::condition_variable_any writable_;
   std::array<char, kCapacity> bytes_;  // a ring
   uint64_t written_ = 0;               // bytes since the pipe was made
@@ -93,8 +95,8 @@ class Pipe {
 
 PipeReadEnd::~PipeReadEnd() { pipe_->CloseReadEnd(); }
 
-DWORD PipeReadEnd::Read(char* buffer, size_t size, size_t* count) {
-  return pipe_->Read(buffer, size, count);
+DWORD PipeReadEnd::Read(char* buffer, size_t size, size_t* count, const std::stop_token& stop) {
+  return pipe_->Read(buffer, size, count, stop);
 }
 
 PipeWriteEnd::~PipeWriteEnd() { pipe_->CloseWriteEnd(); }

@@ -28,8 +28,8 @@ class PipeReadEnd : public Object {
 
   // Waits for bytes and takes up to `size` (at least 1) of them, across the bounds of writes; none
   // when a write of zero bytes comes next. ERROR_BROKEN_PIPE once the write end is closed and
-  // everything is read.
-  DWORD Read(char* buffer, size_t size, size_t* count);
+  // everything is read, ERROR_PROCESS_ABORTED when `stop` is requested while this waits.
+  DWORD Read(char* buffer, size_t size, size_t* count, const std::stop_token& stop = {});
 
  private:
   const std::shared_ptr<Pipe> pipe_;

@@ -113,6 +113,11 @@ void Processes::TerminateAll() {
   }
 }
 
+void Processes::Reopen() {
+  const std::lock_guard lock(mutex_);
+  closing_ = false;
+}
+
 void Processes::WaitForAll() { threads_.WaitForAll(); }
 
 }  // namespace simulator

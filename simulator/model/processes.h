@@ -104,6 +104,8 @@ class Processes {
 
   // Terminates what runs and, as soon as it starts, what starts from now on.
   void TerminateAll();
+  // Lets children start again as ever.
+  void Reopen();
 
   // Waits until every child has ended.
   void WaitForAll();

@@ -90,8 +90,8 @@ ResourceToken ResourceTokens::Text() {
       text += '"';
       ++i;
     } else if (rest_[i] == '\\') {
-      constexpr std::string_view kEscapes = "nrt\\";
-      constexpr std::string_view kMeanings = "\n\r\t\\";
+      constexpr std::string_view kEscapes = "nrt\\0";
+      constexpr std::string_view kMeanings("\n\r\t\\\0", 5);
       const size_t escape = kEscapes.find(next);
       if (escape == std::string_view::npos) return Token(Kind::kError, "an unknown escape");
       text += kMeanings[escape];

@@ -130,4 +130,9 @@ bool Security::SetEnabled(LUID privilege, bool enabled) {
   return true;
 }
 
+void Security::DisableAll() {
+  const std::lock_guard lock(mutex_);
+  enabled_ = {kChangeNotify};
+}
+
 }  // namespace simulator

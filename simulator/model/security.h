@@ -44,6 +44,8 @@ class Security {
   static std::optional<LUID> Lookup(std::string_view privilege);
   // False when the token does not hold it.
   bool SetEnabled(LUID privilege, bool enabled);
+  // But for SeChangeNotifyPrivilege: the token of a new process.
+  void DisableAll();
 
   // The server's own Administrator, elevated. Neither changes while the program runs.
   const Identity& identity() const { return identity_; }

@@ -14,13 +14,16 @@
 #include "simulator/model/boot_store.h"
 #include "simulator/model/calls.h"
 #include "simulator/model/clock.h"
+#include "simulator/model/com.h"
 #include "simulator/model/console.h"
 #include "simulator/model/desktop.h"
 #include "simulator/model/disks.h"
 #include "simulator/model/files.h"
 #include "simulator/model/handles.h"
+#include "simulator/model/own_process.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/security.h"
+#include "simulator/model/shutdown.h"
 #include "simulator/model/system.h"
 #include "simulator/model/threads.h"
 
@@ -48,7 +51,10 @@ class Server {
   Security& security() { return security_; }
   Console& console() { return console_; }
   Desktop& desktop() { return desktop_; }
-  Processes& processes() { return processes_; }
+  Com& com() { return com_; }
+  Shutdown& shutdown() { return shutdown_; }
+  OwnProcess& own_process() { return own_process_; }
+  Processes& processes() { return processes_; }  // its children
   Threads& threads() { return threads_; }
 
  private:
@@ -61,7 +67,10 @@ class Server {
   std::vector<Disk> disks_;
   Boot boot_;
   Console console_;
-  Desktop desktop_;
+  Desktop desktop_{clock_, system_};
+  Com com_;
+  Shutdown shutdown_;
+  OwnProcess own_process_{*this};
   // Last, so that they end first: what runs in them uses all of the above.
   Processes processes_;
   Threads threads_;

@@ -7,4 +7,20 @@ std::shared_ptr<Object> Threads::Start(LPTHREAD_START_ROUTINE routine, LPVOID pa
   return std::make_shared<Thread>();
 }
 
+ThreadState& Threads::State() const {
+  struct Kept {
+    uint64_t of = 0;
+    ThreadState state;
+  };
+  static thread_local Kept kept;
+  const uint64_t states = states_;
+  if (kept.of != states) kept = {states, {}};
+  return kept.state;
+}
+
+void Threads::ForgetStates() {
+  static std::atomic<uint64_t> last = 0;
+  states_ = ++last;
+}
+
 }  // namespace simulator

@@ -4,12 +4,15 @@
 
 #include <windows.h>
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "simulator/model/critical_sections.h"
 #include "simulator/model/handles.h"
 #include "simulator/model/thread_group.h"
+#include "simulator/model/thread_state.h"
 
 namespace simulator {
 
@@ -22,15 +25,22 @@ class Thread : public Object {
 // Thread-safe. The end waits for every thread started.
 class Threads {
  public:
+  Threads() { ForgetStates(); }
+
   // The object of the new thread, for a handle.
   std::shared_ptr<Object> Start(LPTHREAD_START_ROUTINE routine, LPVOID parameter);
   void WaitForAll() { threads_.WaitForAll(); }
+
+  // That of the calling thread, the program's own or another.
+  ThreadState& State() const;
+  void ForgetStates();  // those of all threads
 
   CriticalSections& critical_sections() { return critical_sections_; }
   // Critical sections initialised and not yet deleted.
   int LiveCriticalSections() const { return critical_sections_.Live(); }
 
  private:
+  std::atomic<uint64_t> states_;  // of which the states are; no two of all servers are the same
   CriticalSections critical_sections_;
   ThreadGroup threads_;
 };

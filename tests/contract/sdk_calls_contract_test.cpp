@@ -2,11 +2,14 @@
 #include <windows.h>
 
 #include <aclapi.h>
+#include <commctrl.h>
 #include <direct.h>
 #include <io.h>
+#include <objbase.h>
 #include <sddl.h>
 #include <shlobj.h>
 #include <shlwapi.h>
+#include <shobjidl.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <string.h>
@@ -41,6 +44,10 @@ static_assert(std::is_same_v<decltype(&::WriteFile),
                              BOOL(WINAPI*)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED)>);
 static_assert(std::is_same_v<decltype(&::GetExitCodeProcess), BOOL(WINAPI*)(HANDLE, LPDWORD)>);
 static_assert(std::is_same_v<decltype(&::TerminateProcess), BOOL(WINAPI*)(HANDLE, UINT)>);
+static_assert(Has<void WINAPI(UINT)>(&::ExitProcess));
+static_assert(std::is_same_v<decltype(::wWinMain), int WINAPI(HINSTANCE, HINSTANCE, LPWSTR, int)>);
+static_assert(std::is_same_v<decltype(&::InitiateSystemShutdownW),
+                             BOOL(WINAPI*)(LPWSTR, LPWSTR, DWORD, BOOL, BOOL)>);
 static_assert(std::is_same_v<decltype(&::CloseHandle), BOOL(WINAPI*)(HANDLE)>);
 static_assert(std::is_same_v<decltype(&::GetCurrentProcess), HANDLE(WINAPI*)()>);
 static_assert(std::is_same_v<decltype(&::CreateThread),
@@ -69,6 +76,8 @@ static_assert(std::is_same_v<decltype(&::OutputDebugStringA), void(WINAPI*)(LPCS
 static_assert(std::is_same_v<decltype(&::OpenProcessToken), BOOL(WINAPI*)(HANDLE, DWORD, PHANDLE)>);
 static_assert(
     std::is_same_v<decltype(&::LookupPrivilegeValueA), BOOL(WINAPI*)(LPCSTR, LPCSTR, PLUID)>);
+static_assert(
+    std::is_same_v<decltype(&::LookupPrivilegeValueW), BOOL(WINAPI*)(LPCWSTR, LPCWSTR, PLUID)>);
 static_assert(std::is_same_v<decltype(&::AdjustTokenPrivileges),
                              BOOL(WINAPI*)(HANDLE, BOOL, PTOKEN_PRIVILEGES, DWORD,
                                            PTOKEN_PRIVILEGES, PDWORD)>);
@@ -111,6 +120,7 @@ static_assert(std::is_same_v<decltype(&::GetTempPathA), DWORD(WINAPI*)(DWORD, LP
 
 static_assert(std::is_same_v<decltype(&::GetTickCount), DWORD(WINAPI*)()>);
 static_assert(std::is_same_v<decltype(&::GetVersionExA), BOOL(WINAPI*)(LPOSVERSIONINFOA)>);
+static_assert(std::is_same_v<decltype(&::GetVersionExW), BOOL(WINAPI*)(LPOSVERSIONINFOW)>);
 static_assert(std::is_same_v<decltype(&::GetSystemDirectoryA), UINT(WINAPI*)(LPSTR, UINT)>);
 static_assert(
     std::is_same_v<decltype(&::GetModuleFileNameA), DWORD(WINAPI*)(HMODULE, LPSTR, DWORD)>);
@@ -127,11 +137,62 @@ static_assert(std::is_same_v<decltype(&::MultiByteToWideChar),
 static_assert(std::is_same_v<decltype(&::WideCharToMultiByte),
                              int(WINAPI*)(UINT, DWORD, LPCWSTR, int, LPSTR, int, LPCSTR, LPBOOL)>);
 
+static_assert(std::is_same_v<decltype(&::GetSystemDefaultLangID), LANGID(WINAPI*)()>);
+static_assert(std::is_same_v<decltype(&::SetThreadUILanguage), LANGID(WINAPI*)(LANGID)>);
+static_assert(std::is_same_v<decltype(&::SetThreadLocale), BOOL(WINAPI*)(LCID)>);
+
+static_assert(std::is_same_v<decltype(&::CoInitialize), HRESULT(WINAPI*)(LPVOID)>);
+static_assert(std::is_same_v<decltype(&::CoUninitialize), void(WINAPI*)()>);
+static_assert(std::is_same_v<decltype(&::CoCreateInstance),
+                             HRESULT(WINAPI*)(REFCLSID, LPUNKNOWN, DWORD, REFIID, LPVOID*)>);
+static_assert(std::is_same_v<decltype(&ITaskbarList3::SetProgressValue),
+                             HRESULT (WINAPI ITaskbarList3::*)(HWND, ULONGLONG, ULONGLONG)>);
+static_assert(std::is_same_v<decltype(&ITaskbarList3::SetProgressState),
+                             HRESULT (WINAPI ITaskbarList3::*)(HWND, TBPFLAG)>);
+
 static_assert(std::is_same_v<decltype(&::PostMessageA), BOOL(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
 static_assert(std::is_same_v<decltype(&::PostMessageW), BOOL(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
 static_assert(std::is_same_v<decltype(&::MessageBoxA), int(WINAPI*)(HWND, LPCSTR, LPCSTR, UINT)>);
 static_assert(std::is_same_v<decltype(&::LoadStringA), int(WINAPI*)(HINSTANCE, UINT, LPSTR, int)>);
 static_assert(std::is_same_v<decltype(&::LoadStringW), int(WINAPI*)(HINSTANCE, UINT, LPWSTR, int)>);
+static_assert(std::is_same_v<decltype(&::LoadIconW), HICON(WINAPI*)(HINSTANCE, LPCWSTR)>);
+static_assert(std::is_same_v<decltype(&::GetMessageW), BOOL(WINAPI*)(LPMSG, HWND, UINT, UINT)>);
+static_assert(std::is_same_v<decltype(&::TranslateMessage), BOOL(WINAPI*)(const MSG*)>);
+static_assert(std::is_same_v<decltype(&::DispatchMessageW), LRESULT(WINAPI*)(const MSG*)>);
+static_assert(std::is_same_v<decltype(&::IsDialogMessageW), BOOL(WINAPI*)(HWND, LPMSG)>);
+static_assert(std::is_same_v<decltype(&::PostQuitMessage), void(WINAPI*)(int)>);
+static_assert(
+    std::is_same_v<decltype(&::SendMessageW), LRESULT(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
+static_assert(
+    std::is_same_v<decltype(&::DefWindowProcW), LRESULT(WINAPI*)(HWND, UINT, WPARAM, LPARAM)>);
+static_assert(
+    std::is_same_v<decltype(&::SetTimer), UINT_PTR(WINAPI*)(HWND, UINT_PTR, UINT, TIMERPROC)>);
+static_assert(std::is_same_v<decltype(&::KillTimer), BOOL(WINAPI*)(HWND, UINT_PTR)>);
+static_assert(std::is_same_v<decltype(&::CreateDialogParamW),
+                             HWND(WINAPI*)(HINSTANCE, LPCWSTR, HWND, DLGPROC, LPARAM)>);
+static_assert(std::is_same_v<decltype(&::DestroyWindow), BOOL(WINAPI*)(HWND)>);
+static_assert(std::is_same_v<decltype(&::GetDlgItem), HWND(WINAPI*)(HWND, int)>);
+static_assert(std::is_same_v<decltype(&::GetDlgCtrlID), int(WINAPI*)(HWND)>);
+static_assert(std::is_same_v<decltype(&::GetParent), HWND(WINAPI*)(HWND)>);
+static_assert(std::is_same_v<decltype(&::GetWindowLongPtrW), LONG_PTR(WINAPI*)(HWND, int)>);
+static_assert(
+    std::is_same_v<decltype(&::SetWindowLongPtrW), LONG_PTR(WINAPI*)(HWND, int, LONG_PTR)>);
+static_assert(std::is_same_v<decltype(&::ShowWindow), BOOL(WINAPI*)(HWND, int)>);
+static_assert(std::is_same_v<decltype(&::GetWindowRect), BOOL(WINAPI*)(HWND, LPRECT)>);
+static_assert(
+    std::is_same_v<decltype(&::SetWindowPos), BOOL(WINAPI*)(HWND, HWND, int, int, int, int, UINT)>);
+static_assert(std::is_same_v<decltype(&::SetWindowTextA), BOOL(WINAPI*)(HWND, LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::GetWindowTextLengthW), int(WINAPI*)(HWND)>);
+static_assert(
+    std::is_same_v<decltype(&::SystemParametersInfoW), BOOL(WINAPI*)(UINT, UINT, PVOID, UINT)>);
+
+static_assert(std::is_same_v<decltype(&::SetTextColor), COLORREF(WINAPI*)(HDC, COLORREF)>);
+static_assert(std::is_same_v<decltype(&::SetBkColor), COLORREF(WINAPI*)(HDC, COLORREF)>);
+static_assert(std::is_same_v<decltype(&::SetBkMode), int(WINAPI*)(HDC, int)>);
+static_assert(std::is_same_v<decltype(&::GetStockObject), HGDIOBJ(WINAPI*)(int)>);
+
+static_assert(
+    std::is_same_v<decltype(&::InitCommonControlsEx), BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*)>);
 
 static_assert(
     std::is_same_v<decltype(&::SHGetSpecialFolderPathA), BOOL(WINAPI*)(HWND, LPSTR, int, BOOL)>);

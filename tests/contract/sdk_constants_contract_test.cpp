@@ -2,10 +2,13 @@
 #include <windows.h>
 
 #include <accctrl.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
+#include <objbase.h>
 #include <sddl.h>
 #include <share.h>
 #include <shlobj.h>
+#include <shobjidl.h>
 #include <winioctl.h>
 
 #include <cstdint>
@@ -13,8 +16,21 @@
 
 namespace {
 
+// commctrl.h
+static_assert(ICC_BAR_CLASSES == 0x00000004);
+static_assert(ICC_COOL_CLASSES == 0x00000400);
+static_assert(PBM_SETRANGE == WM_USER + 1);
+static_assert(PBM_SETPOS == WM_USER + 2);
+static_assert(PBM_SETSTATE == WM_USER + 16);
+static_assert(PBST_NORMAL == 1);
+static_assert(PBST_ERROR == 2);
+static_assert(PBST_PAUSED == 3);
+
 // sddl.h
 static_assert(SDDL_REVISION_1 == 1);
+
+// objbase.h
+static_assert(CLSCTX_INPROC_SERVER == 0x1);
 
 // share.h
 static_assert(_SH_DENYRW == 0x10);
@@ -24,6 +40,13 @@ static_assert(_SH_DENYNO == 0x40);
 
 // shlobj.h
 static_assert(CSIDL_COMMON_STARTUP == 0x0018);
+
+// shobjidl.h
+static_assert(TBPF_NOPROGRESS == 0);
+static_assert(TBPF_INDETERMINATE == 0x1);
+static_assert(TBPF_NORMAL == 0x2);
+static_assert(TBPF_ERROR == 0x4);
+static_assert(TBPF_PAUSED == 0x8);
 
 // winbase.h
 static_assert(STARTF_USESHOWWINDOW == 0x00000001);
@@ -112,7 +135,9 @@ static_assert(ERROR_FILENAME_EXCED_RANGE == 206);
 static_assert(ERROR_NO_DATA == 232);
 static_assert(ERROR_DIRECTORY == 267);
 static_assert(ERROR_MR_MID_NOT_FOUND == 317);
+static_assert(ERROR_PROCESS_ABORTED == 1067);
 static_assert(ERROR_NO_UNICODE_TRANSLATION == 1113);
+static_assert(ERROR_SHUTDOWN_IN_PROGRESS == 1115);
 static_assert(ERROR_NOT_ALL_ASSIGNED == 1300);
 static_assert(ERROR_UNKNOWN_REVISION == 1305);
 static_assert(ERROR_INVALID_OWNER == 1307);
@@ -124,6 +149,8 @@ static_assert(ERROR_INVALID_SID == 1337);
 static_assert(ERROR_INVALID_SECURITY_DESCR == 1338);
 static_assert(ERROR_BAD_DESCRIPTOR_FORMAT == 1361);
 static_assert(ERROR_INVALID_WINDOW_HANDLE == 1400);
+static_assert(ERROR_CONTROL_ID_NOT_FOUND == 1421);
+static_assert(ERROR_RESOURCE_TYPE_NOT_FOUND == 1813);
 static_assert(ERROR_RESOURCE_NAME_NOT_FOUND == 1814);
 static_assert(ERROR_NOT_ENOUGH_QUOTA == 1816);
 static_assert(ERROR_CANT_ACCESS_FILE == 1920);
@@ -132,6 +159,23 @@ static_assert(ERROR_INVALID_REPARSE_DATA == 4392);
 static_assert(ERROR_REPARSE_TAG_INVALID == 4393);
 static_assert(ERROR_REPARSE_TAG_MISMATCH == 4394);
 static_assert(S_OK == 0);
+static_assert(S_FALSE == 1);
+static_assert(E_NOINTERFACE == static_cast<HRESULT>(0x80004002));
+static_assert(E_OUTOFMEMORY == static_cast<HRESULT>(0x8007000E));
+static_assert(E_INVALIDARG == static_cast<HRESULT>(0x80070057));
+static_assert(REGDB_E_CLASSNOTREG == static_cast<HRESULT>(0x80040154));
+static_assert(CO_E_NOTINITIALIZED == static_cast<HRESULT>(0x800401F0));
+static_assert(SUCCEEDED(S_OK) && SUCCEEDED(S_FALSE) && !SUCCEEDED(E_NOINTERFACE));
+static_assert(!FAILED(S_OK) && !FAILED(S_FALSE) && FAILED(E_NOINTERFACE));
+
+// wingdi.h
+static_assert(RGB(0x12, 0x34, 0x56) == 0x563412);
+static_assert(CLR_INVALID == 0xFFFFFFFF);
+static_assert(TRANSPARENT == 1);
+static_assert(OPAQUE == 2);
+static_assert(WHITE_BRUSH == 0);
+static_assert(NULL_BRUSH == 5);
+static_assert(HOLLOW_BRUSH == 5);
 
 // winnls.h
 static_assert(CP_ACP == 0);
@@ -237,10 +281,65 @@ static_assert(PROCESSOR_ARCHITECTURE_IA64 == 6);
 static_assert(PROCESSOR_ARCHITECTURE_AMD64 == 9);
 static_assert(LANG_NEUTRAL == 0x00);
 static_assert(SUBLANG_DEFAULT == 0x01);
+static_assert(SORT_DEFAULT == 0x0);
 
 // winuser.h
+static_assert(WM_DESTROY == 0x0002);
+static_assert(WM_PAINT == 0x000F);
+static_assert(WM_QUIT == 0x0012);
+static_assert(WM_SETFONT == 0x0030);
+static_assert(WM_SETICON == 0x0080);
+static_assert(WM_NCDESTROY == 0x0082);
+static_assert(WM_KEYDOWN == 0x0100);
+static_assert(WM_INITDIALOG == 0x0110);
+static_assert(WM_COMMAND == 0x0111);
+static_assert(WM_TIMER == 0x0113);
+static_assert(WM_CTLCOLOREDIT == 0x0133);
+static_assert(WM_CTLCOLORBTN == 0x0135);
+static_assert(WM_CTLCOLORSTATIC == 0x0138);
 static_assert(WM_USER == 0x0400);
+static_assert(ICON_SMALL == 0);
+static_assert(ICON_BIG == 1);
+static_assert(VK_RETURN == 0x0D);
+static_assert(VK_ESCAPE == 0x1B);
 static_assert(SW_HIDE == 0);
+static_assert(SW_SHOWNORMAL == 1);
+static_assert(SW_SHOW == 5);
+static_assert(SW_SHOWDEFAULT == 10);
+static_assert(SWP_NOSIZE == 0x0001);
+static_assert(SWP_NOZORDER == 0x0004);
+static_assert(SWP_NOACTIVATE == 0x0010);
+static_assert(SPI_GETWORKAREA == 0x0030);
+static_assert(DWLP_MSGRESULT == 0);
+static_assert(DWLP_DLGPROC == 8);
+static_assert(DWLP_USER == 16);
+static_assert(WS_TABSTOP == 0x00010000);
+static_assert(WS_GROUP == 0x00020000);
+static_assert(WS_SYSMENU == 0x00080000);
+static_assert(WS_VSCROLL == 0x00200000);
+static_assert(WS_BORDER == 0x00800000);
+static_assert(WS_CAPTION == 0x00C00000);
+static_assert(WS_VISIBLE == 0x10000000);
+static_assert(WS_CHILD == 0x40000000);
+static_assert(WS_POPUP == 0x80000000);
+static_assert(WS_EX_TOPMOST == 0x00000008);
+static_assert(DS_FIXEDSYS == 0x0008);
+static_assert(DS_SETFONT == 0x0040);
+static_assert(DS_MODALFRAME == 0x0080);
+static_assert(BS_PUSHBUTTON == 0x0000);
+static_assert(BS_DEFPUSHBUTTON == 0x0001);
+static_assert(BN_CLICKED == 0);
+static_assert(ES_LEFT == 0x0000);
+static_assert(ES_MULTILINE == 0x0004);
+static_assert(ES_AUTOVSCROLL == 0x0040);
+static_assert(ES_READONLY == 0x0800);
+static_assert(SS_LEFT == 0x0000);
+static_assert(EM_SETSEL == 0x00B1);
+static_assert(EM_SCROLLCARET == 0x00B7);
+static_assert(EM_REPLACESEL == 0x00C2);
+static_assert(EN_CHANGE == 0x0300);
+static_assert(EN_UPDATE == 0x0400);
+static_assert(EN_MAXTEXT == 0x0501);
 static_assert(MB_OK == 0x00000000);
 static_assert(MB_OKCANCEL == 0x00000001);
 static_assert(MB_ICONERROR == 0x00000010);
@@ -249,13 +348,24 @@ static_assert(MB_ICONWARNING == 0x00000030);
 static_assert(IDOK == 1);
 static_assert(IDCANCEL == 2);
 
+static_assert(LOWORD(0x12345678) == 0x5678);
+static_assert(HIWORD(0x12345678) == 0x1234);
+static_assert(MAKELONG(0x5678, 0x9234) == static_cast<LONG>(0x92345678));
+static_assert(MAKEWPARAM(0x5678, 0x9234) == 0x92345678);
+static_assert(MAKELPARAM(0, 100) == 0x640000);
 static_assert(TRUE == 1 && FALSE == 0);
 static_assert(MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT) == 0x0400);
 static_assert(MAKELANGID(0x04, 0x02) == 2052);
+static_assert(MAKELCID(2052, SORT_DEFAULT) == 2052);
+static_assert(MAKELCID(2052, 1) == 0x10804);
 static_assert(std::string_view(SE_BACKUP_NAME) == "SeBackupPrivilege");
 static_assert(std::string_view(SE_RESTORE_NAME) == "SeRestorePrivilege");
 static_assert(std::string_view(SE_SECURITY_NAME) == "SeSecurityPrivilege");
 static_assert(std::string_view(SE_TAKE_OWNERSHIP_NAME) == "SeTakeOwnershipPrivilege");
+
+TEST(SdkConstants, NumbersOfResourcesAreTheirNames) {
+  EXPECT_EQ(reinterpret_cast<uintptr_t>(MAKEINTRESOURCEW(101)), 101u);
+}
 
 TEST(SdkConstants, InvalidHandleIsAllOnes) {
   EXPECT_EQ(reinterpret_cast<intptr_t>(INVALID_HANDLE_VALUE), -1);

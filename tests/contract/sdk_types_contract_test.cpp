@@ -2,7 +2,10 @@
 // SDK's.
 #include <windows.h>
 
+#include <commctrl.h>
+#include <objbase.h>
 #include <sddl.h>
+#include <shobjidl.h>
 #include <time.h>
 
 #include <cstddef>
@@ -210,6 +213,42 @@ static_assert(offsetof(OSVERSIONINFOEXA, wSuiteMask) == 152);
 static_assert(offsetof(OSVERSIONINFOEXA, wProductType) == 154);
 static_assert(offsetof(OSVERSIONINFOEXA, wReserved) == 155);
 
+// A WCHAR has two bytes on Windows: 276 and 284.
+static_assert(sizeof(OSVERSIONINFOW) == 20 + 128 * sizeof(WCHAR));
+static_assert(offsetof(OSVERSIONINFOW, dwOSVersionInfoSize) == 0);
+static_assert(offsetof(OSVERSIONINFOW, dwMajorVersion) == 4);
+static_assert(offsetof(OSVERSIONINFOW, dwMinorVersion) == 8);
+static_assert(offsetof(OSVERSIONINFOW, dwBuildNumber) == 12);
+static_assert(offsetof(OSVERSIONINFOW, dwPlatformId) == 16);
+static_assert(offsetof(OSVERSIONINFOW, szCSDVersion) == 20);
+static_assert(std::is_same_v<LPOSVERSIONINFOW, OSVERSIONINFOW*>);
+
+static_assert(sizeof(OSVERSIONINFOEXW) == sizeof(OSVERSIONINFOW) + 8);
+static_assert(offsetof(OSVERSIONINFOEXW, dwOSVersionInfoSize) == 0);
+static_assert(offsetof(OSVERSIONINFOEXW, dwMajorVersion) == 4);
+static_assert(offsetof(OSVERSIONINFOEXW, dwMinorVersion) == 8);
+static_assert(offsetof(OSVERSIONINFOEXW, dwBuildNumber) == 12);
+static_assert(offsetof(OSVERSIONINFOEXW, dwPlatformId) == 16);
+static_assert(offsetof(OSVERSIONINFOEXW, szCSDVersion) == 20);
+static_assert(offsetof(OSVERSIONINFOEXW, wServicePackMajor) == sizeof(OSVERSIONINFOW));
+static_assert(offsetof(OSVERSIONINFOEXW, wServicePackMinor) == sizeof(OSVERSIONINFOW) + 2);
+static_assert(offsetof(OSVERSIONINFOEXW, wSuiteMask) == sizeof(OSVERSIONINFOW) + 4);
+static_assert(offsetof(OSVERSIONINFOEXW, wProductType) == sizeof(OSVERSIONINFOW) + 6);
+static_assert(offsetof(OSVERSIONINFOEXW, wReserved) == sizeof(OSVERSIONINFOW) + 7);
+
+static_assert(kIsLike<LCID, uint32_t>);
+
+static_assert(sizeof(GUID) == 16);
+static_assert(offsetof(GUID, Data1) == 0);
+static_assert(offsetof(GUID, Data2) == 4);
+static_assert(offsetof(GUID, Data3) == 6);
+static_assert(offsetof(GUID, Data4) == 8);
+static_assert(std::is_same_v<IID, GUID> && std::is_same_v<CLSID, GUID>);
+static_assert(std::is_same_v<REFIID, const IID&> && std::is_same_v<REFCLSID, const CLSID&>);
+static_assert(std::is_base_of_v<IUnknown, ITaskbarList3>);
+static_assert(std::is_same_v<LPUNKNOWN, IUnknown*>);
+static_assert(sizeof(TBPFLAG) == 4);
+
 static_assert(sizeof(COORD) == 4);
 static_assert(offsetof(COORD, X) == 0);
 static_assert(offsetof(COORD, Y) == 2);
@@ -224,5 +263,33 @@ static_assert(offsetof(CONSOLE_SCREEN_BUFFER_INFO, dwCursorPosition) == 4);
 static_assert(offsetof(CONSOLE_SCREEN_BUFFER_INFO, wAttributes) == 8);
 static_assert(offsetof(CONSOLE_SCREEN_BUFFER_INFO, srWindow) == 10);
 static_assert(offsetof(CONSOLE_SCREEN_BUFFER_INFO, dwMaximumWindowSize) == 18);
+
+// winuser.h, wingdi.h and commctrl.h
+
+static_assert(kIsLike<COLORREF, uint32_t>);
+static_assert(std::is_same_v<HGDIOBJ, void*>);
+static_assert(std::is_pointer_v<HDC> && std::is_pointer_v<HBRUSH> && std::is_pointer_v<HICON>);
+static_assert(!std::is_same_v<HDC, HBRUSH> && !std::is_same_v<HICON, HBRUSH>);
+static_assert(std::is_same_v<DLGPROC, INT_PTR(CALLBACK*)(HWND, UINT, WPARAM, LPARAM)>);
+static_assert(std::is_same_v<TIMERPROC, void(CALLBACK*)(HWND, UINT, UINT_PTR, DWORD)>);
+
+static_assert(sizeof(POINT) == 8 && offsetof(POINT, y) == 4);
+static_assert(sizeof(RECT) == 16);
+static_assert(offsetof(RECT, left) == 0 && offsetof(RECT, top) == 4);
+static_assert(offsetof(RECT, right) == 8 && offsetof(RECT, bottom) == 12);
+static_assert(std::is_same_v<LPRECT, RECT*>);
+
+static_assert(sizeof(MSG) == 48);
+static_assert(offsetof(MSG, hwnd) == 0);
+static_assert(offsetof(MSG, message) == 8);
+static_assert(offsetof(MSG, wParam) == 16);
+static_assert(offsetof(MSG, lParam) == 24);
+static_assert(offsetof(MSG, time) == 32);
+static_assert(offsetof(MSG, pt) == 36);
+static_assert(std::is_same_v<LPMSG, MSG*>);
+
+static_assert(sizeof(INITCOMMONCONTROLSEX) == 8);
+static_assert(offsetof(INITCOMMONCONTROLSEX, dwICC) == 4);
+static_assert(std::is_same_v<LPINITCOMMONCONTROLSEX, INITCOMMONCONTROLSEX*>);
 
 }  // namespace

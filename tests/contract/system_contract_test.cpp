@@ -53,6 +53,39 @@ TEST_F(SystemContract, AVersionOfAnotherSizeIsRefused) {
   }
 }
 
+TEST_F(SystemContract, TheWideVersionIsTheSame) {
+  OSVERSIONINFOEXA narrow;
+  ASSERT_TRUE(GetVersion(sizeof(OSVERSIONINFOEXA), &narrow));
+  for (const size_t size : {sizeof(OSVERSIONINFOW), sizeof(OSVERSIONINFOEXW)}) {
+    OSVERSIONINFOEXW wide = {};
+    wide.dwOSVersionInfoSize = static_cast<DWORD>(size);
+    ASSERT_TRUE(::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&wide)));
+    EXPECT_EQ(wide.dwOSVersionInfoSize, size);
+    EXPECT_EQ(wide.dwMajorVersion, narrow.dwMajorVersion);
+    EXPECT_EQ(wide.dwMinorVersion, narrow.dwMinorVersion);
+    EXPECT_EQ(wide.dwBuildNumber, narrow.dwBuildNumber);
+    EXPECT_EQ(wide.dwPlatformId, DWORD{VER_PLATFORM_WIN32_NT});
+    const bool is_long = size == sizeof(OSVERSIONINFOEXW);
+    EXPECT_EQ(wide.wProductType, is_long ? narrow.wProductType : 0);
+  }
+}
+
+TEST_F(SystemContract, AWideVersionOfAnotherSizeIsRefused) {
+  for (const DWORD size : {0u, 148u, 156u, 275u, 0xFFFF'FFFFu}) {
+    OSVERSIONINFOEXW version = {};
+    version.dwOSVersionInfoSize = size;
+    EXPECT_FALSE(::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version))) << size;
+    EXPECT_EQ(version.dwMajorVersion, 0u);
+  }
+}
+
+TEST_F(SystemContract, ARefusedWideVersionHasACode) {
+  if (IsUnderWine()) GTEST_SKIP() << wine::kWideVersion;
+  OSVERSIONINFOEXW version = {};
+  EXPECT_EQ(ErrorOf([&] { return ::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version)); }),
+            ERROR_INSUFFICIENT_BUFFER);
+}
+
 TEST_F(SystemContract, TheSystemDirectoryHasNoFinalBackslash) {
   char path[MAX_PATH + 1] = {};
   const UINT length = ::GetSystemDirectoryA(path, sizeof path);
@@ -112,6 +145,13 @@ TEST_F(SystemContract, ModulesAreFoundWhateverTheirCaseAndEnding) {
   EXPECT_NE(kernel32, nullptr);
   EXPECT_EQ(::GetModuleHandleW(L"KERNEL32.DLL"), kernel32);
   EXPECT_EQ(::GetModuleHandleW(L"kernel32"), kernel32);
+}
+
+TEST_F(SystemContract, TheProgramIsAModuleWithoutAName) {
+  const HMODULE program = ::GetModuleHandleW(nullptr);
+  EXPECT_NE(program, nullptr);
+  EXPECT_NE(program, ::GetModuleHandleW(L"kernel32.dll"));
+  EXPECT_EQ(::GetModuleHandleW(nullptr), program);
 }
 
 TEST_F(SystemContract, OtherModulesAreNotFound) {

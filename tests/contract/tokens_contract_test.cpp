@@ -95,6 +95,17 @@ TEST_F(TokenContract, NewPrivilegesHaveTheirNumbers) {
 
 TEST_F(TokenContract, PrivilegeNamesHaveNoCase) { EXPECT_EQ(Number("sebackupPRIVILEGE"), 17u); }
 
+TEST_F(TokenContract, PrivilegesHaveWideNamesAsWell) {
+  LUID luid{};
+  EXPECT_TRUE(::LookupPrivilegeValueW(nullptr, L"SeShutdownPrivilege", &luid));
+  EXPECT_EQ(luid.LowPart, 19u);
+  EXPECT_EQ(luid.HighPart, 0);
+  EXPECT_TRUE(::LookupPrivilegeValueW(nullptr, L"sebackupPRIVILEGE", &luid));
+  EXPECT_EQ(luid.LowPart, 17u);
+  EXPECT_EQ(ErrorOf([&] { return ::LookupPrivilegeValueW(nullptr, L"SeNoSuchPrivilege", &luid); }),
+            ERROR_NO_SUCH_PRIVILEGE);
+}
+
 TEST_F(TokenContract, OtherNamesAreNoPrivileges) {
   for (const char* name :
        {"", "SeNoSuchPrivilege", "SeBackup", "SeBackupPrivilege ", " SeBackupPrivilege"}) {

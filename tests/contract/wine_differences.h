@@ -75,6 +75,19 @@ inline constexpr char kUtf8Practice[] =
     "U+10FFFF together with the first: one U+FFFD less";
 inline constexpr char kMessageBoxOwner[] =
     "Wine's message box answers -1, not 0, when its owner is not there";
+inline constexpr char kNoScreen[] = "Wine makes no windows without a screen";
+inline constexpr char kMissingControl[] =
+    "Wine sets no last error when a control or its dialog is not there";
+inline constexpr char kMissingIcon[] =
+    "Wine looks for an animated icon last, and misses resources of that type";
+inline constexpr char kDefaultProcedure[] =
+    "Wine sets no last error when DefWindowProcW is called for no window";
+inline constexpr char kUnknownWindow[] =
+    "Wine denies access to a window that is not there, and takes it for a handle of the kernel "
+    "when "
+    "it comes to timers";
+inline constexpr char kWideVersion[] =
+    "Wine sets no last error when GetVersionExW refuses a size, as it does for GetVersionExA";
 inline constexpr char kNewPrivileges[] =
     "Wine has no privileges behind SeCreateGlobalPrivilege: those of Windows Vista and 10";
 inline constexpr char kEmptyWrite[] =

@@ -103,6 +103,15 @@ TEST_F(SecurityTest, KnowsNoOtherNames) {
   EXPECT_FALSE(::LookupPrivilegeValueA(nullptr, "", &luid));
 }
 
+TEST_F(SecurityTest, LooksUpWideNamesAsWell) {
+  LUID luid{};
+  EXPECT_TRUE(::LookupPrivilegeValueW(nullptr, L"SeShutdownPrivilege", &luid));
+  EXPECT_EQ(luid.LowPart, 19u);
+  EXPECT_FALSE(::LookupPrivilegeValueW(nullptr, L"SeNothingPrivilege", &luid));
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_NO_SUCH_PRIVILEGE});
+  EXPECT_DEATH(::LookupPrivilegeValueW(L"other", L"x", &luid), "a system name");
+}
+
 TEST_F(SecurityTest, OpensNoTokenOfAHandleThatIsNotOpen) {
   HANDLE token = nullptr;
   EXPECT_FALSE(::OpenProcessToken(nullptr, TOKEN_QUERY, &token));

@@ -61,6 +61,28 @@ TEST(GetVersionEx, RefusesAnotherSize) {
   EXPECT_EQ(::GetLastError(), DWORD{ERROR_INSUFFICIENT_BUFFER});
 }
 
+TEST(GetVersionEx, SaysTheSameInWideText) {
+  Server server;
+  server.system().service_pack = "Service Pack 2";
+  OSVERSIONINFOEXW version = {};
+  version.dwOSVersionInfoSize = sizeof(version);
+  ASSERT_TRUE(::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version)));
+  EXPECT_EQ(version.dwMajorVersion, 10u);
+  EXPECT_EQ(version.dwBuildNumber, 14393u);
+  EXPECT_STREQ(version.szCSDVersion, L"Service Pack 2");
+  EXPECT_EQ(version.wServicePackMajor, 2);
+  EXPECT_EQ(version.wProductType, VER_NT_SERVER);
+}
+
+TEST(GetVersionEx, FillsNoMoreOfTheWideRecordThanTheSizeCovers) {
+  Server server;
+  OSVERSIONINFOEXW version = {};
+  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);
+  ASSERT_TRUE(::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version)));
+  EXPECT_EQ(version.dwMajorVersion, 10u);
+  EXPECT_EQ(version.wProductType, 0);
+}
+
 TEST(GetVersionEx, FailsWhenAFaultIsDue) {
   Server server;
   server.calls().FailNext("GetVersionExA", ERROR_GEN_FAILURE);

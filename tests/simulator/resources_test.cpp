@@ -1,4 +1,4 @@
-#include "simulator/model/resource_strings.h"
+#include "simulator/model/resources.h"
 
 #include <gtest/gtest.h>
 
@@ -6,19 +6,19 @@
 
 namespace {
 
-using simulator::ReadResourceStrings;
-using simulator::ResourceStrings;
+using simulator::ReadResources;
+using simulator::Resources;
 
 using Strings = std::map<std::pair<LANGID, UINT>, std::string>;
 
 Strings Read(std::string_view script) {
-  const ResourceStrings read = ReadResourceStrings(script, "#define IDS_A 7\n#define IDS_B 0x10\n");
+  const Resources read = ReadResources(script, "#define IDS_A 7\n#define IDS_B 0x10\n");
   EXPECT_EQ(read.error, "");
   return read.strings;
 }
 
 std::string ErrorOf(std::string_view script) {
-  return ReadResourceStrings(script, "#define IDS_A 7\n").error;
+  return ReadResources(script, "#define IDS_A 7\n").error;
 }
 
 TEST(ResourceStrings, ResolveNamesAndNumbers) {
@@ -49,10 +49,30 @@ TEST(ResourceStrings, StandBetweenComments) {
 
 TEST(ResourceStrings, AreFoundBetweenOtherResources) {
   EXPECT_EQ(Read("\xEF\xBB\xBF#include \"ui/resource.h\"\n#pragma code_page(65001)\n"
-                 "104 ICON \"a.ico\"\n"
-                 "101 DIALOGEX 0, 0, 9, 9\nCAPTION \"x\"\nBEGIN\n CONTROL \"END\", 1\n BEGIN END\n"
-                 "END\nstringtable begin 1 \"a\" end"),
+                 "1 24 \"tool.manifest\"\nIDR_TOOL RT_MANIFEST \"tool.manifest\"\n"
+                 "1 VERSIONINFO\nFILEVERSION 1,1,0,1\nFILEFLAGSMASK 0x3fL\n"
+                 "BEGIN\n BLOCK \"StringFileInfo\"\n BEGIN\n  VALUE \"END\", \"x\\0\"\n END\nEND\n"
+                 "stringtable begin 1 \"a\" end"),
             (Strings{{{1033, 1}, "a"}}));
+}
+
+TEST(ResourceStrings, HoldAZeroWhereItIsEscaped) {
+  EXPECT_EQ(Read("STRINGTABLE { 1 \"a\\0b\" }"), (Strings{{{1033, 1}, std::string("a\0b", 3)}}));
+}
+
+TEST(ResourceIcons, AreTheirFiles) {
+  const Resources read = ReadResources(
+      "IDI_A ICON \"icons/a.ico\"\n5 icon DISCARDABLE \"b.ico\"\n"
+      "LANGUAGE 4, 2\n5 ICON \"c.ico\"",
+      "#define IDI_A 104");
+  EXPECT_EQ(read.error, "");
+  EXPECT_EQ(read.icons,
+            (Strings{{{1033, 104}, "icons/a.ico"}, {{1033, 5}, "b.ico"}, {{2052, 5}, "c.ico"}}));
+}
+
+TEST(ResourceIcons, NameTheLineOfWhatIsWrong) {
+  EXPECT_EQ(ErrorOf("\n7 ICON a.ico"), "line 2: expected a text");
+  EXPECT_EQ(ErrorOf("7 ICON \"a\"\nIDS_A ICON \"b\"\n"), "line 3: a second icon of the same id");
 }
 
 TEST(ResourceStrings, NameTheLineOfWhatIsWrong) {
@@ -69,8 +89,7 @@ TEST(ResourceStrings, NameTheLineOfWhatIsWrong) {
 }
 
 TEST(ResourceStrings, OfTheProgramAreReadable) {
-  const ResourceStrings read =
-      ReadResourceStrings(simulator::kResourceScript, simulator::kResourceNames);
+  const Resources read = ReadResources(simulator::kResourceScript, simulator::kResourceNames);
   EXPECT_EQ(read.error, "");
   for (const UINT id : {112u, 113u, 114u, 115u, 116u, 117u}) {
     EXPECT_TRUE(read.strings.contains({1033, id})) << id;
