@@ -12,14 +12,13 @@
 #include <utility>
 #include <vector>
 
-#include "restore/messages.h"
 #include "simulator/model/server.h"
 #include "simulator/report_boot.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
 #include "simulator/report_letters.h"
 #include "simulator/scenario.h"
-#include "ui/main_window.h"
+#include "ui/resource.h"
 
 namespace simulator {
 namespace {
@@ -118,29 +117,15 @@ void ShowLog(Files& files) {
   });
 }
 
-// Starts the program's window and takes its messages until the run has ended. The run's result.
-LPARAM RunProgram(Server& server) {
-  const HWND dialog = server.desktop().CreateWindow();
-  restore::SetDialog(dialog);
-  LPARAM result = 0;
-  {
-    ui::MainWindow window(dialog);
-    window.StartRestore();
-    for (;;) {
-      const PostedMessage message = server.desktop().WaitAndTake(dialog);
-      if (message.message == restore::WM_RESTORE_PROGRESS) {
-        restore::ReleasePosted(message.wparam, message.lparam);
-      }
-      if (message.message == restore::WM_RESTORE_STATE &&
-          message.wparam == static_cast<WPARAM>(restore::RestoreState::kEnded)) {
-        result = message.lparam;
-        break;
-      }
-    }
-    server.threads().WaitForAll();
-  }
-  restore::SetDialog(nullptr);
-  return result;
+// Runs the program from its entry point to its exit. Whether the run succeeded, by what the dialog
+// showed last.
+bool RunProgram(Server& server) {
+  server.own_process().Run(
+      [] { return ::wWinMain(ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  const std::vector<ShownDialog> dialogs = server.desktop().dialogs().All();
+  if (dialogs.empty()) return false;
+  const ShownControl& bar = dialogs.back().Control(IDC_PROGRESS);
+  return bar.state == PBST_NORMAL && bar.position == bar.maximum;
 }
 
 // Copies the program's logs to the host and says where they lie. False when that failed.
@@ -185,7 +170,7 @@ int Rehearse(const Options& options) {
   const BootStore boot = server.boot().store;
   std::cout << scenario.title << "\n\n";
   ShowLog(server.files());
-  const LPARAM result = RunProgram(server);
+  const bool succeeded = RunProgram(server);
   server.files().Watch(nullptr);
 
   std::cout << "\n";
@@ -197,9 +182,9 @@ int Rehearse(const Options& options) {
             << JunctionReport(GatherJunctions(sources, junctions, server))
             << DescriptorReport(GatherDescriptors(sources, server.security().domains()));
   if (!CopyLogs(server, options.logs)) return kRunFailed;
-  if (result == 0) return kSuccess;
+  if (succeeded) return kSuccess;
   std::cout << std::flush;
-  std::cerr << "rehearse: the run ended with result " << result << ": " << ReasonOf(server) << "\n";
+  std::cerr << "rehearse: the run failed: " << ReasonOf(server) << "\n";
   return kRunFailed;
 }
 

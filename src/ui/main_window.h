@@ -4,26 +4,64 @@
 
 #include <windows.h>
 
+#include <array>
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "logger/logger.h"
 #include "thread/thread.h"
+#include "ui/application_module.h"
+#include "ui/dialog.h"
+#include "ui/progress_task_bar_helper.h"
+#include "ui/resource.h"
 
 namespace ui {
 
-class MainWindow {
+// The progress dialog. It starts the restore run when it is created, shows what the run posts
+// (restore/messages.h), and at the end tells of the failure or offers a restart and ends the
+// thread's message loop. The object must live until the run has ended, or the process.
+class MainWindow : public Dialog {
  public:
-  explicit MainWindow(HWND window);
+  // `module` outlives the window.
+  explicit MainWindow(ApplicationModule& module) : module_(module) {}
+  ~MainWindow() override = default;
 
-  // Opens the log and starts the restore run on its worker thread, which posts to the window.
-  // Logger and thread object are this object's: it must live until the run has ended. A thread that
-  // cannot be made is logged and shows to the window as a run that has failed.
-  void StartRestore();
+  [[nodiscard]] bool Create() { return Dialog::Create(module_.resources(), IDD_MAIN, nullptr); }
+
+  bool HandleMessage(UINT message, WPARAM wparam, LPARAM lparam, INT_PTR& result) override;
 
  private:
-  const HWND window_;
+  void OnInitDialog();
+  // Opens the log and starts the run on its worker thread. A thread that cannot be made is logged
+  // and shows as a run that has failed.
+  void StartRestore();
+  void OnRunStarted();
+  void OnRunEnded(LPARAM run_result);
+  void OnProgress(WPARAM kind, LPARAM posted);
+  void OnCancel();
+  void OnTimer(WPARAM timer);
+  void OnDestroy();
+
+  void AppendToLog(const char* text);
+  // Shows the stage and the percent in the title, on the bar and on the task bar.
+  void SetProgress(const std::string& stage, double percent);
+  void UpdateTitle();
+  void ShowIcon(HICON icon);
+  void StopTimers();
+
+  HWND progress_bar_ = nullptr;
+  HWND log_ = nullptr;
+  HWND note_ = nullptr;
+  std::unique_ptr<ProgressTaskBarHelper> task_bar_;
   std::unique_ptr<logger::Logger> logger_;
   std::unique_ptr<thread::Thread> thread_;
+  int32_t is_running_ = 0;  // 1 between the run's start and its end
+  std::string title_;       // without the time
+  int32_t seconds_ = 0;     // since the run's start
+
+  ApplicationModule& module_;
+  std::array<HICON, IDI_TURNING_7 - IDI_TURNING_1 + 1> turning_icons_{};
 };
 
 }  // namespace ui

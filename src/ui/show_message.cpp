@@ -24,6 +24,14 @@ std::string LoadResString(UINT id) {
                                                                      : std::string();
 }
 
+std::wstring LoadResStringW() {
+  std::array<wchar_t, 512> buffer{};
+  const int size = static_cast<int>(buffer.size());
+  return ::LoadStringW(resource_module, IDS_RESTART_NOTICE, buffer.data(), size) > 0
+             ? buffer.data()
+             : std::wstring();
+}
+
 int ShowMessage(HWND owner, UINT style, const char* format, ...) {
   va_list arguments;
   va_start(arguments, format);

@@ -17,6 +17,9 @@ void SetResourceModule(HINSTANCE module);
 // loaded.
 std::string LoadResString(UINT id);
 
+// The notice of the restart, entry 116, at most 511 characters: the wide form knows no other entry.
+std::wstring LoadResStringW();
+
 // Shows at most 2,047 characters of formatted text; `owner` may be null. MessageBoxA's result.
 COMMON_PRINTF_FORMAT(3, 4)
 int ShowMessage(HWND owner, UINT style, const char* format, ...);

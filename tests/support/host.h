@@ -3,6 +3,8 @@
 #ifndef TESTS_SUPPORT_HOST_H_
 #define TESTS_SUPPORT_HOST_H_
 
+#include <windows.h>
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -14,6 +16,9 @@ class HostTest : public testing::Test {
  protected:
   HostTest();
   ~HostTest() override;
+
+  // The module that holds the program's resources.
+  static HINSTANCE Program();
 
   // A fresh, empty folder on the host's disk, without a final backslash. Gone after the test.
   const std::string& Folder() const { return folder_; }

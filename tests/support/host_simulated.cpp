@@ -12,6 +12,8 @@ HostTest::HostTest() : host_(std::make_unique<Host>()), folder_("C:\\test") { Ma
 
 HostTest::~HostTest() = default;
 
+HINSTANCE HostTest::Program() { return reinterpret_cast<HINSTANCE>(UINT_PTR{0x1'4000'0000}); }
+
 void HostTest::WriteBytes(const std::string& path, const std::string& bytes) {
   simulator::Server::Current().files().Write(path, bytes);
 }

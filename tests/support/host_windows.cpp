@@ -24,6 +24,8 @@ HostTest::~HostTest() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+HINSTANCE HostTest::Program() { return ::GetModuleHandleW(nullptr); }
+
 void HostTest::WriteBytes(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios_base::binary) << bytes;
 }

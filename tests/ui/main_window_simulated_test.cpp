@@ -1,259 +1,270 @@
-// A whole run, started by the window on a thread of its own.
+// The progress dialog while the run lasts.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <memory>
-#include <optional>
+#include <cmath>
+#include <limits>
+#include <ostream>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "acl/acl_util.h"
-#include "common/strings.h"
-#include "common/win/child_process_list.h"
-#include "restore/messages.h"
-#include "simulator/model/local_heap.h"
-#include "simulator/model/server.h"
-#include "simulator/tools/diskpart.h"
-#include "support/simulated_boot_tools.h"
-#include "support/deliberate_leak.h"
-#include "ui/main_window.h"
+#include "support/simulated_program.h"
+#include "ui/resource.h"
 
 namespace ui {
 namespace {
 
-using simulator::PostedMessage;
-using Lines = std::vector<std::string>;
+using restore::RestoreState;
+using simulator::ShownControl;
+using simulator::ShownDialog;
 
-constexpr char kLogFile[] = "C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log";
-constexpr uint64_t kGB = uint64_t{1} << 30;
-
-class StartRestore : public testing::Test {
+// The run is held until somebody cancels.
+class MainWindowTest : public tests::ProgramTest {
  protected:
-  StartRestore() {
-    server_.processes().Install("diskpart", simulator::DiskpartProgram());
-    AddDisk(server_.files().VolumeAt('C'), "Boot", "C");
-    AddVolume('D', "E");
-    AddVolume('E', "D");
-  }
-  ~StartRestore() override {
-    restore::SetDialog(nullptr);
-    acl::ACLUtil::privileges_enabled = false;
+  MainWindowTest() { HoldTheRun(); }
+
+  // Runs the program and cancels it once `look` has looked.
+  void While(const std::function<void(HWND dialog)>& look) {
+    EXPECT_EQ(RunWith([&](HWND dialog) {
+                look(dialog);
+                Cancel(dialog);
+              }),
+              0);
   }
 
-  void AddVolume(char letter, const std::string& source) {
-    const auto volume = server_.files().AddVolume({});
-    server_.files().Mount(letter, volume);
-    AddDisk(volume, "", source);
-  }
-
-  void AddDisk(std::shared_ptr<simulator::Volume> volume, const std::string& info,
-               const std::string& source) {
-    const std::string letter = common::ToLowerAscii(source);
-    const std::string folder = "vantoro_prepare\\";
-    server_.files().WriteOn(*volume, folder + "backup_info", source + "\r\n\r\n\r\n1\r\n");
-    server_.files().WriteOn(*volume, folder + "juncbackup_" + letter + ".dat", "");
-    server_.files().WriteOn(*volume, folder + "aclbackup_" + letter + ".dat", "");
-    simulator::Disk disk;
-    disk.number = static_cast<int>(server_.disks().size());
-    disk.size = 100 * kGB;
-    disk.partitions.push_back({1, 99 * kGB, info, std::move(volume)});
-    server_.disks().push_back(std::move(disk));
-  }
-
-  // Takes messages until the run has ended, as the dialog's thread does. The run's result.
-  LPARAM WaitForTheEnd() {
-    for (;;) {
-      const PostedMessage message = server_.desktop().WaitAndTake(window_);
-      restore::ReleasePosted(message.message == restore::WM_RESTORE_PROGRESS ? message.wparam : 1,
-                             message.lparam);
-      if (message.message == restore::WM_RESTORE_STATE && message.wparam == 2) {
-        // The thread still has its own end before it.
-        server_.threads().WaitForAll();
-        return message.lparam;
-      }
-    }
-  }
-
-  // The lines of the log without their time stamps.
-  Lines Logged() const {
-    Lines lines;
-    std::string text = server_.files().Read(kLogFile).value_or("no file");
-    for (size_t end = text.find("\r\n"); end != std::string::npos; end = text.find("\r\n")) {
-      constexpr size_t kStamp = 22;  // "[2024-03-05 08:07:06] "
-      const bool stamped = text.starts_with("[2024-03-05 ");
-      lines.push_back(stamped ? text.substr(kStamp, end - kStamp) : text.substr(0, end));
-      text.erase(0, end + 2);
-    }
-    EXPECT_EQ(text, "");
-    return lines;
-  }
-
-  static Lines WithoutDebug(Lines lines) {
-    std::erase_if(lines, [](const std::string& line) { return line.starts_with("[Debug]"); });
-    return lines;
-  }
-
-  mutable simulator::Server server_;
-  tests::BootTools boot_tools_{server_};
-  const HWND window_ = server_.desktop().CreateWindow();
-  std::unique_ptr<MainWindow> main_window_ = std::make_unique<MainWindow>(window_);
+  int Position() const { return Dialog().Control(IDC_PROGRESS).position; }
+  std::string LogText() const { return Dialog().Control(IDC_LOG).text; }
 };
 
-// What the log tells of a volume of which nothing is to be restored.
-Lines RestoredVolume(const std::string& root) {
-  return {"[Info]  Restore [" + root + "]...",
-          "[Info]  junction restore begin...",
-          "[Info]  junction restore cost 0s",
-          "[Info]  junction restore done!",
-          "[Info]  acl restore begin...",
-          "[Info]  ACLRestore (Stage 0/1)...",
-          "[Info]  ACLRestore (Stage 1/1) Done.",
-          "[Info]  ACLRestore Done.",
-          "[Info]  acl restore cost 0s",
-          "[Info]  acl restore done!",
-          ""};
+TEST_F(MainWindowTest, ShowsTheDialogInTheMiddleOfTheScreen) {
+  While([&](HWND) {
+    const ShownDialog dialog = Dialog();
+    EXPECT_EQ(dialog.id, IDD_MAIN);
+    EXPECT_TRUE(dialog.visible);
+    // The work area is 1024 by 728.
+    EXPECT_LE(std::abs(dialog.rectangle.left + dialog.rectangle.right - 1024), 1);
+    EXPECT_LE(std::abs(dialog.rectangle.top + dialog.rectangle.bottom - 728), 1);
+  });
 }
 
-TEST_F(StartRestore, RunsTheWholeRestoreIntoItsLog) {
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  Lines expected = {"[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========",
-                    "[Info]  Vantoro Restore Begin",
-                    "[Info]  Vantoro Restore Begin...",
-                    "[Info]  Modify Privilege...",
-                    "[Info]  Restore BCD Begin...",
-                    "[Info]  Restore BCD Done!",
-                    "[Info]  Restore Disks Begin...",
-                    "[Info]  RestoreDisks Remove Disk 1 Letter Successfully!",
-                    "[Info]  RestoreDisks Remove Disk 2 Letter Successfully!",
-                    "[Info]  RestoreDisks Assign Disk 1 Letter[e] Successfully!",
-                    "[Info]  RestoreDisks Assign Disk 2 Letter[d] Successfully!",
-                    "[Info]  Restore Disks Done!",
-                    "[Info]  Vantoro Restore Begin...",
-                    ""};
-  for (const char* const root : {"c:\\", "d:\\", "e:\\"}) {
-    const Lines volume = RestoredVolume(root);
-    expected.insert(expected.end(), volume.begin(), volume.end());
-  }
-  expected.push_back("[Info]  Vantoro Restore Finish, Total 3 disks, Finish 3, Error 0!");
-  expected.push_back("[Done]  Vantoro Restore Finished! time: 0s");
-  EXPECT_EQ(WithoutDebug(Logged()), expected);
+TEST_F(MainWindowTest, StartsWithTheDiskStage) {
+  // The run's first message comes behind it, and has no percent.
+  While([&](HWND) {
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 0s");
+    const ShownControl bar = Dialog().Control(IDC_PROGRESS);
+    EXPECT_EQ(bar.minimum, 0);
+    EXPECT_EQ(bar.maximum, 100);
+    EXPECT_EQ(bar.position, 0);
+    EXPECT_EQ(bar.state, PBST_NORMAL);
+  });
 }
 
-TEST_F(StartRestore, KeepsItsThreadHandleAlone) {
-  const int blocks = simulator::LiveLocalBlocks();
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{"thread"});
-  EXPECT_EQ(simulator::LiveLocalBlocks(), blocks);
-  main_window_.reset();
-  EXPECT_EQ(server_.threads().LiveCriticalSections(), 0);
+TEST_F(MainWindowTest, HasItsIconInBothSizes) {
+  While([&](HWND) {
+    EXPECT_EQ(Dialog().big_icon, IDI_TOOL);
+    EXPECT_EQ(Dialog().small_icon, IDI_TOOL);
+  });
 }
 
-TEST_F(StartRestore, PostsTheStartBeforeTheEnd) {
-  main_window_->StartRestore();
-  const PostedMessage started = server_.desktop().WaitAndTake(window_);
-  EXPECT_EQ(started.message, restore::WM_RESTORE_STATE);
-  EXPECT_EQ(started.wparam, 1U);
-  EXPECT_EQ(started.lparam, 0);
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  EXPECT_FALSE(server_.desktop().Take(window_));
+TEST_F(MainWindowTest, RunsItsTimersFromTheRunsStart) {
+  While([&](HWND) {
+    EXPECT_EQ(Dialog().timers, (std::map<UINT_PTR, UINT>{{1001, 1000}, {1002, 200}}));
+    EXPECT_EQ(TaskBar().state, TBPF_NORMAL);
+  });
 }
 
-TEST_F(StartRestore, EchoesOnlyWhatIsEchoed) {
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  const std::string text = server_.console().Text();
-  EXPECT_EQ(text.find("========="), std::string::npos);
-  EXPECT_EQ(text.find("Modify Privilege"), std::string::npos);
-  EXPECT_NE(text.find("[Info]  Restore Disks Begin...\r\n"), std::string::npos);
-  EXPECT_NE(text.find("[Done]  Vantoro Restore Finished! time: 0s\r\n"), std::string::npos);
+TEST_F(MainWindowTest, ShowsProgressInThreePlaces) {
+  While([&](HWND dialog) {
+    PostPercent(dialog, 37.5);
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - Progress 37.50%  Time: 0s");
+    EXPECT_EQ(Position(), 37);
+    EXPECT_EQ(TaskBar().completed, 37U);
+    EXPECT_EQ(TaskBar().total, 100U);
+  });
 }
 
-TEST_F(StartRestore, NamesTheLogFileBehindAFailure) {
-  server_.files().VolumeAt('C')->drive_type = DRIVE_REMOVABLE;
-  server_.files().VolumeAt('D')->drive_type = DRIVE_REMOVABLE;
-  server_.files().VolumeAt('E')->drive_type = DRIVE_REMOVABLE;
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 1);
-  EXPECT_EQ(Logged().back(),
-            std::string("[Warn]  Vantoro Restore Not Finished! See Details Info In Log File [") +
-                kLogFile + "].");
+struct OddPercent {
+  const char* name;
+  double percent;
+  int position;
+};
+
+std::ostream& operator<<(std::ostream& out, const OddPercent& test) { return out << test.name; }
+
+class OddPercents : public MainWindowTest, public testing::WithParamInterface<OddPercent> {};
+
+TEST_P(OddPercents, MoveTheBarToAnEnd) {
+  While([&](HWND dialog) {
+    PostPercent(dialog, 50.0);
+    PostPercent(dialog, GetParam().percent);
+    EXPECT_EQ(Position(), GetParam().position);
+    EXPECT_NE(Dialog().caption.find("%  Time: 0s"), std::string::npos) << Dialog().caption;
+  });
 }
 
-TEST_F(StartRestore, RunsWithoutALogFile) {
-  server_.calls().FailNext("_mkdir", EACCES, 1, simulator::Lasting::kForGood);
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  EXPECT_FALSE(server_.files().Exists(kLogFile));
-  EXPECT_EQ(server_.files().LetterOf(*server_.disks()[1].partitions[0].volume), 'E');
+INSTANTIATE_TEST_SUITE_P(
+    All, OddPercents,
+    testing::Values(OddPercent{"Infinite", std::numeric_limits<double>::infinity(), 100},
+                    OddPercent{"MinusInfinite", -std::numeric_limits<double>::infinity(), 0},
+                    OddPercent{"NoNumber", std::nan(""), 0}, OddPercent{"Negative", -5.0, 0},
+                    OddPercent{"Huge", 1e300, 100}, OddPercent{"MinusHuge", -1e300, 0},
+                    OddPercent{"More", 120.0, 100}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(MainWindowTest, AppendsLogLinesAndScrollsToTheirEnd) {
+  While([&](HWND dialog) {
+    PostLine(dialog, "one\r\n");
+    PostLine(dialog, "zwei: größer %s\r\n");
+    EXPECT_EQ(LogText(), "one\r\nzwei: größer %s\r\n");
+    const ShownControl log = Dialog().Control(IDC_LOG);
+    EXPECT_EQ(log.selection_start, 22U);  // characters
+    EXPECT_EQ(log.selection_end, 22U);
+    EXPECT_TRUE(log.scrolled_to);
+  });
 }
 
-TEST_F(StartRestore, StandsUpToADialogThatReadsMeanwhile) {
-  restore::SetDialog(window_);
-  main_window_->StartRestore();
-  size_t listed = 0;
-  bool ended = false;
-  while (!ended) {
-    size_t now = 0;
-    common::win::ChildProcessList::Instance().ForEach([&](HANDLE) { ++now; });
-    EXPECT_GE(now, listed);
-    listed = now;
-    restore::ReportProgress(static_cast<double>(now));
-    while (const std::optional<PostedMessage> message = server_.desktop().Take(window_)) {
-      if (message->message == restore::WM_RESTORE_STATE && message->wparam == 2) ended = true;
-      if (message->message == restore::WM_RESTORE_PROGRESS) {
-        restore::ReleasePosted(message->wparam, message->lparam);
-      }
+TEST_F(MainWindowTest, TakesPostedLinesOfAnyLength) {
+  While([&](HWND dialog) {
+    restore::PostLogLine("%s", std::string(3000, 'x').c_str());
+    Rest(dialog);
+    EXPECT_EQ(LogText(), std::string(2047, 'x'));
+  });
+}
+
+TEST_F(MainWindowTest, IgnoresMessagesWithoutARecordAndOfOtherKinds) {
+  While([&](HWND dialog) {
+    const std::string caption = Dialog().caption;
+    for (const WPARAM kind : {WPARAM{0}, WPARAM{1}, WPARAM{2}, WPARAM{3}, ~WPARAM{0}}) {
+      Post(dialog, restore::WM_RESTORE_PROGRESS, kind, 0);
     }
-    std::this_thread::yield();
-  }
-  server_.threads().WaitForAll();
+    for (const WPARAM state : {WPARAM{0}, WPARAM{3}, ~WPARAM{0}}) {
+      Post(dialog, restore::WM_RESTORE_STATE, state, 1);
+    }
+    Post(dialog, WM_COMMAND, IDOK, 0);
+    Post(dialog, WM_COMMAND, IDC_LOG, 0);
+    EXPECT_EQ(Dialog().caption, caption);
+    EXPECT_EQ(LogText(), "");
+    EXPECT_EQ(Dialog().timers.size(), 2U);
+    EXPECT_TRUE(server_.desktop().Boxes().empty());
+  });
 }
 
-// What the user's cancelling does to a tool that hangs.
-TEST_F(StartRestore, EndsBehindAToolThatIsTerminated) {
-  server_.processes().Install(
-      "diskpart", [](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
-        // More than a pipe holds: behind it the child is listed.
-        child.WriteOutput(std::string(5000, 'x'));
-        HANDLE last = nullptr;
-        common::win::ChildProcessList::Instance().ForEach([&](HANDLE handle) { last = handle; });
-        EXPECT_TRUE(::TerminateProcess(last, 1));
-        child.WaitUntilTerminated();
-        return 0;
-      });
-  main_window_->StartRestore();
-  // Volumes that keep their wrong letters have no backup files of that letter.
-  EXPECT_EQ(WaitForTheEnd(), 1);
-  const Lines lines = WithoutDebug(Logged());
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "[Warn]  Restore Disks Error."), lines.end());
+TEST_F(MainWindowTest, CountsTheSeconds) {
+  While([&](HWND dialog) {
+    for (int second = 0; second < 65; ++second) {
+      server_.clock().Advance(1000);
+      Rest(dialog);
+    }
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 1m5s");
+  });
 }
 
-TEST_F(StartRestore, MayBeCalledAgainBehindTheEnd) {
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  main_window_->StartRestore();
-  EXPECT_EQ(WaitForTheEnd(), 0);
-  EXPECT_EQ(Logged().front(), "[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========");
-  EXPECT_EQ(server_.handles().OpenKinds(), (Lines{"thread", "thread"}));
+TEST_F(MainWindowTest, TurnsSixIcons) {
+  While([&](HWND dialog) {
+    std::vector<int> shown;
+    for (int i = 0; i < 8; ++i) {
+      server_.clock().Advance(200);
+      Rest(dialog);
+      shown.push_back(Dialog().big_icon);
+      EXPECT_EQ(Dialog().small_icon, Dialog().big_icon);
+    }
+    EXPECT_EQ(shown, (std::vector<int>{108, 109, 110, 105, 106, 107, 108, 109}));
+  });
 }
 
-// The start block of a thread that cannot be made stays allocated.
-TEST_F(StartRestore, ShowsAThreadThatCannotBeMadeAsAFailedRun) {
-  const tests::DeliberateLeak leak;
-  server_.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
-  main_window_->StartRestore();
-  const std::optional<PostedMessage> message = server_.desktop().Take(window_);
-  ASSERT_TRUE(message);
-  EXPECT_EQ(message->message, restore::WM_RESTORE_STATE);
-  EXPECT_EQ(message->wparam, 2U);
-  EXPECT_EQ(message->lparam, 1);
-  EXPECT_FALSE(server_.desktop().Take(window_));
-  EXPECT_EQ(Logged(), (Lines{"[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========",
-                             "[Info]  Vantoro Restore Begin",
-                             "[Error] Vantoro Restore Thread Start Failed."}));
+TEST_F(MainWindowTest, ColoursTheNoteAndTheLog) {
+  While([&](HWND) {
+    const ShownDialog dialog = Dialog();
+    const auto note = dialog.Control(IDC_NOTE).colors;
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->text, COLORREF{0x00FF0000});
+    EXPECT_EQ(note->mode, TRANSPARENT);
+    EXPECT_EQ(note->brush, NULL_BRUSH);
+    // A read-only edit control asks as a static one does, and keeps its colours.
+    const auto log = dialog.Control(IDC_LOG).colors;
+    ASSERT_TRUE(log);
+    EXPECT_EQ(log->brush, std::nullopt);
+  });
+}
+
+// Cancelling.
+
+TEST_F(MainWindowTest, AsksBeforeItIsCancelled) {
+  While([](HWND) {});
+  const std::vector<simulator::ShownMessageBox> boxes = server_.desktop().Boxes();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].owner, Dialog().window);
+  EXPECT_EQ(boxes[0].text, "Vantoro Restore Is Running, Are You Sure To Cancel?");
+  EXPECT_EQ(boxes[0].caption, "Vantoro Restore Tool");
+  EXPECT_EQ(boxes[0].type, UINT{MB_OKCANCEL});
+}
+
+TEST_F(MainWindowTest, GoesOnWhenCancellingIsRefused) {
+  int asked = 0;
+  server_.desktop().AnswerBoxes(
+      [&asked](const simulator::ShownMessageBox&) { return ++asked < 3 ? IDCANCEL : IDOK; });
+  While([&](HWND dialog) {
+    Cancel(dialog);
+    Rest(dialog);
+    EXPECT_FALSE(Dialog().destroyed);
+    server_.desktop().dialogs().Press(dialog, VK_ESCAPE);
+    Rest(dialog);
+    EXPECT_FALSE(Dialog().destroyed);
+    PostPercent(dialog, 5.0);
+    EXPECT_EQ(Position(), 5);
+  });
+  EXPECT_EQ(asked, 3);
+  EXPECT_TRUE(Dialog().destroyed);
+}
+
+TEST_F(MainWindowTest, EndsTheToolsThatRunWhenItIsCancelled) {
+  While([](HWND) {});
+  const std::vector<std::string> ended = server_.calls().ArgumentsOf("TerminateProcess");
+  ASSERT_FALSE(ended.empty());
+  EXPECT_TRUE(ended.back().ends_with(", 1")) << ended.back();
+  EXPECT_TRUE(Dialog().timers.empty());
+  EXPECT_FALSE(server_.shutdown().Scheduled());
+}
+
+// Other systems.
+
+TEST_F(MainWindowTest, HasNoTaskBarProgressOnWindowsVista) {
+  server_.system().major_version = 6;
+  server_.system().minor_version = 0;
+  While([&](HWND dialog) {
+    PostPercent(dialog, 37.5);
+    EXPECT_EQ(TaskBar().total, 0U);
+  });
+  EXPECT_TRUE(server_.calls().ArgumentsOf("CoCreateInstance").empty());
+}
+
+TEST_F(MainWindowTest, HasTaskBarProgressFromWindows7On) {
+  server_.system().major_version = 6;
+  server_.system().minor_version = 1;
+  While([&](HWND dialog) {
+    PostPercent(dialog, 37.5);
+    EXPECT_EQ(TaskBar().completed, 37U);
+  });
+}
+
+TEST_F(MainWindowTest, DoesWithoutATaskBar) {
+  server_.calls().FailNext("CoCreateInstance", static_cast<DWORD>(E_OUTOFMEMORY));
+  While([&](HWND dialog) {
+    PostPercent(dialog, 37.5);
+    EXPECT_EQ(Position(), 37);
+    EXPECT_EQ(TaskBar().state, TBPF_NOPROGRESS);
+  });
+}
+
+TEST_F(MainWindowTest, SpeaksChineseOnAChineseSystem) {
+  server_.system().language = 2052;
+  While([&](HWND dialog) {
+    PostPercent(dialog, 1.0);
+    EXPECT_EQ(Dialog().caption, "Vantoro迁云还原检查工具 1.1.0.1 - 进度 1.00%  Time: 0s");
+    EXPECT_EQ(Dialog().Control(IDC_NOTE).text,
+              "注意：正在进行迁云后系统还原检测工作，请不要关闭此程序。");
+    EXPECT_EQ(Dialog().Control(IDCANCEL).text, "取消");
+  });
+  EXPECT_EQ(server_.desktop().Boxes().at(0).text, "迁云还原检测工作还在进行当中，您确定要退出吗？");
 }
 
 }  // namespace

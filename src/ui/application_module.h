@@ -1,0 +1,32 @@
+// What the program's windows share.
+#ifndef UI_APPLICATION_MODULE_H_
+#define UI_APPLICATION_MODULE_H_
+
+#include <windows.h>
+
+#include "ui/message_loop.h"
+
+namespace ui {
+
+// The thread of the windows. Empty before Init and after Term.
+class ApplicationModule {
+ public:
+  // `resources` is the module that dialogs and icons come from.
+  void Init(HINSTANCE resources) { resources_ = resources; }
+  void Term() { *this = ApplicationModule(); }
+
+  HINSTANCE resources() const { return resources_; }
+
+  // The thread's message loop, not owned; null when there is none.
+  void AddMessageLoop(MessageLoop* loop) { message_loop_ = loop; }
+  void RemoveMessageLoop() { message_loop_ = nullptr; }
+  MessageLoop* message_loop() const { return message_loop_; }
+
+ private:
+  HINSTANCE resources_ = nullptr;
+  MessageLoop* message_loop_ = nullptr;
+};
+
+}  // namespace ui
+
+#endif  // UI_APPLICATION_MODULE_H_

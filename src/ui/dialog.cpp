@@ -1,0 +1,28 @@
+#include "ui/dialog.h"
+
+namespace ui {
+
+bool Dialog::Create(HINSTANCE module, int template_id, HWND parent) {
+  return ::CreateDialogParamW(module, MAKEINTRESOURCEW(template_id), parent, &Dialog::Procedure,
+                              reinterpret_cast<LPARAM>(this)) != nullptr;
+}
+
+// The window keeps its object; WM_INITDIALOG brings it.
+INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_INITDIALOG) {
+    ::SetWindowLongPtrW(window, DWLP_USER, lparam);
+    reinterpret_cast<Dialog*>(lparam)->window_ = window;
+  }
+  auto* const dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));
+  if (dialog == nullptr) return FALSE;
+  INT_PTR result = FALSE;
+  const bool is_handled = dialog->HandleMessage(message, wparam, lparam, result);
+  if (message == WM_NCDESTROY) {
+    ::SetWindowLongPtrW(window, DWLP_USER, 0);
+    dialog->window_ = nullptr;
+    dialog->OnFinalMessage();
+  }
+  return is_handled ? result : FALSE;
+}
+
+}  // namespace ui

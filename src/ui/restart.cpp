@@ -1,0 +1,48 @@
+#include "ui/restart.h"
+
+#include <array>
+#include <string>
+
+#include "ui/resource.h"
+#include "ui/show_message.h"
+
+namespace ui {
+namespace {
+
+// Whether the privilege was switched: the last error tells of one that the token does not hold.
+bool Adjust(HANDLE token, TOKEN_PRIVILEGES& privileges, DWORD attributes) {
+  privileges.Privileges[0].Attributes = attributes;
+  ::AdjustTokenPrivileges(token, FALSE, &privileges, 0, nullptr, nullptr);
+  return ::GetLastError() == ERROR_SUCCESS;
+}
+
+}  // namespace
+
+bool Restart(const wchar_t* message) {
+  constexpr DWORD kSeconds = 30;
+  HANDLE token = nullptr;  // stays open: the process ends moments later
+  if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &token)) {
+    return false;
+  }
+  TOKEN_PRIVILEGES privileges{};
+  privileges.PrivilegeCount = 1;
+  ::LookupPrivilegeValueW(nullptr, L"SeShutdownPrivilege", &privileges.Privileges[0].Luid);
+  if (!Adjust(token, privileges, SE_PRIVILEGE_ENABLED)) return false;
+  // The system wants the text writable.
+  std::wstring text = message;
+  if (!::InitiateSystemShutdownW(nullptr, text.data(), kSeconds, FALSE, TRUE)) return false;
+  Adjust(token, privileges, 0);
+  return true;
+}
+
+void OfferRestart(HWND owner) {
+  if (ShowMessage(owner, MB_OKCANCEL | MB_ICONQUESTION, "%s",
+                  LoadResString(IDS_ASK_RESTART).c_str()) != IDOK) {
+    return;
+  }
+  std::array<wchar_t, 256> message{};
+  LoadResStringW().copy(message.data(), message.size() - 1);
+  static_cast<void>(Restart(message.data()));
+}
+
+}  // namespace ui

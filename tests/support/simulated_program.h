@@ -1,0 +1,114 @@
+// The whole program on a simulated desktop: runs from its entry point to its exit, with somebody
+// before the screen.
+#ifndef TESTS_SUPPORT_SIMULATED_PROGRAM_H_
+#define TESTS_SUPPORT_SIMULATED_PROGRAM_H_
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "acl/acl_util.h"
+#include "restore/messages.h"
+#include "simulator/model/server.h"
+#include "support/simulated_boot_tools.h"
+#include "ui/process_state.h"
+
+namespace tests {
+
+// A server with nothing to restore, on which a run succeeds at once.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    StartProcess();
+    server_.processes().Install(
+        "diskpart", [](simulator::Server&, simulator::ChildProcess&) -> DWORD { return 0; });
+  }
+  ~ProgramTest() override { StartProcess(); }
+
+  // What the program remembers is forgotten.
+  static void StartProcess() {
+    acl::ACLUtil::privileges_enabled = false;
+    ForgetPlatforms();
+    restore::SetDialog(nullptr);
+    ui::ProcessState::Instance().Forget();
+  }
+
+  // The first tool does not end by itself, so that the run lasts.
+  void HoldTheRun() {
+    server_.processes().Install("bcdedit",
+                                [](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
+                                  child.WaitUntilTerminated();
+                                  return 0;
+                                });
+  }
+
+  // Runs the program. Its exit code.
+  int Run() {
+    return server_.own_process().Run(
+        [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  }
+
+  // Runs it with `user` before the screen once it shows its dialog and has come to rest.
+  int RunWith(const std::function<void(HWND dialog)>& user) {
+    std::thread person([&] {
+      const HWND dialog = server_.desktop().dialogs().WaitForDialog();
+      Rest(dialog);
+      user(dialog);
+    });
+    const int exit_code = Run();
+    person.join();
+    return exit_code;
+  }
+
+  // Until everything posted so far has been handled.
+  void Rest(HWND dialog) { server_.desktop().dialogs().WaitUntilIdle(dialog); }
+
+  void Cancel(HWND dialog) { server_.desktop().dialogs().Click(dialog, IDCANCEL); }
+
+  // Posts as the run does, and waits until it has been handled.
+  void Post(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    ASSERT_EQ(server_.desktop().Post(dialog, {message, wparam, lparam}), DWORD{ERROR_SUCCESS});
+    Rest(dialog);
+  }
+  void PostState(HWND dialog, restore::RestoreState state, LPARAM result = 0) {
+    Post(dialog, restore::WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
+  }
+  void PostPercent(HWND dialog, double percent) {
+    auto record = std::make_unique<restore::ProgressRecord>(
+        restore::ProgressRecord{"a stage that is not shown", percent});
+    Post(dialog, restore::WM_RESTORE_PROGRESS,
+         static_cast<WPARAM>(restore::RestoreProgress::kPercent),
+         reinterpret_cast<LPARAM>(record.release()));
+  }
+  void PostLine(HWND dialog, const std::string& text) {
+    auto line = std::make_unique<restore::LogLine>();
+    text.copy(line->text, sizeof(line->text) - 1);
+    Post(dialog, restore::WM_RESTORE_PROGRESS,
+         static_cast<WPARAM>(restore::RestoreProgress::kLogLine),
+         reinterpret_cast<LPARAM>(line.release()));
+  }
+
+  // The dialog as it is, or was last.
+  simulator::ShownDialog Dialog() const {
+    const std::vector<simulator::ShownDialog> dialogs = server_.desktop().dialogs().All();
+    EXPECT_EQ(dialogs.size(), 1U);
+    return dialogs.empty() ? simulator::ShownDialog() : dialogs.back();
+  }
+
+  simulator::TaskbarProgress TaskBar() const {
+    return server_.com().TaskbarProgressOf(Dialog().window);
+  }
+
+  mutable simulator::Server server_;
+  BootTools boot_tools_{server_};
+};
+
+}  // namespace tests
+
+#endif  // TESTS_SUPPORT_SIMULATED_PROGRAM_H_

@@ -1,0 +1,133 @@
+// The end of the run in the progress dialog.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/simulated_program.h"
+#include "ui/resource.h"
+
+namespace ui {
+namespace {
+
+using restore::RestoreState;
+using simulator::ShownMessageBox;
+
+class RunEnd : public tests::ProgramTest {
+ protected:
+  // A run that fails: there is no fixed volume.
+  void FailTheRun() { server_.files().VolumeAt('C')->drive_type = DRIVE_REMOVABLE; }
+
+  ShownMessageBox OnlyBox() {
+    const std::vector<ShownMessageBox> boxes = server_.desktop().Boxes();
+    EXPECT_EQ(boxes.size(), 1U);
+    return boxes.empty() ? ShownMessageBox() : boxes[0];
+  }
+};
+
+TEST_F(RunEnd, OfferARestartAfterASuccess) {
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(OnlyBox().text, "Vantoro Restore Finish, Do you want to restart!");
+  EXPECT_EQ(OnlyBox().caption, "Vantoro Restore Tool");
+  EXPECT_EQ(OnlyBox().type, static_cast<UINT>(MB_OKCANCEL | MB_ICONQUESTION));
+  EXPECT_EQ(OnlyBox().owner, Dialog().window);
+}
+
+TEST_F(RunEnd, ShowsTheFinishBeforeTheQuestion) {
+  std::string caption;
+  int position = 0;
+  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+    caption = Dialog().caption;
+    position = Dialog().Control(IDC_PROGRESS).position;
+    return IDCANCEL;
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(caption, "Vantoro Restore Tool 1.1.0.1 - Finished 100.00%  Time: 0s");
+  EXPECT_EQ(position, 100);
+  EXPECT_EQ(TaskBar().completed, 100U);
+}
+
+TEST_F(RunEnd, RestartsOnConsent) {
+  EXPECT_EQ(Run(), 0);
+  const std::optional<simulator::ShutdownRequest> request = server_.shutdown().Scheduled();
+  ASSERT_TRUE(request);
+  EXPECT_EQ(request->message, "Windows System Will Restart In 30 Seconds!");
+  EXPECT_EQ(request->seconds, 30U);
+  EXPECT_FALSE(request->force_apps_closed);
+  EXPECT_TRUE(request->reboot);
+}
+
+TEST_F(RunEnd, RestartsInTheLanguageOfTheSystem) {
+  server_.system().language = 2052;
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(OnlyBox().text, "迁云还原检测已完成，需要重启系统，您要重启系统吗？");
+  ASSERT_TRUE(server_.shutdown().Scheduled());
+  EXPECT_EQ(server_.shutdown().Scheduled()->message, "Windows系统将在30秒后重启！");
+}
+
+TEST_F(RunEnd, RestartsNothingWithoutConsent) {
+  server_.desktop().AnswerBoxes([](const ShownMessageBox&) { return IDCANCEL; });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_FALSE(server_.shutdown().Scheduled());
+  EXPECT_FALSE(server_.security().Enabled("SeShutdownPrivilege"));
+}
+
+TEST_F(RunEnd, TellsOfAFailureAndOffersNothing) {
+  FailTheRun();
+  int state = 0;
+  std::string caption;
+  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+    state = Dialog().Control(IDC_PROGRESS).state;
+    caption = Dialog().caption;
+    return IDOK;
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(OnlyBox().text, "Vantoro Restore Not Finished.");
+  EXPECT_EQ(OnlyBox().type, static_cast<UINT>(MB_ICONWARNING));
+  EXPECT_EQ(OnlyBox().owner, Dialog().window);
+  EXPECT_EQ(state, PBST_ERROR);
+  EXPECT_EQ(caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 0s");
+  EXPECT_EQ(TaskBar().state, TBPF_ERROR);
+  EXPECT_FALSE(server_.shutdown().Scheduled());
+}
+
+TEST_F(RunEnd, StopsTheTimers) {
+  std::map<UINT_PTR, UINT> timers = {{0, 0}};
+  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+    timers = Dialog().timers;
+    return IDOK;
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_TRUE(timers.empty());
+}
+
+TEST_F(RunEnd, StillShowsProgressThatComesLater) {
+  HoldTheRun();
+  bool posted = false;
+  std::string caption;
+  server_.desktop().AnswerBoxes([&](const ShownMessageBox& box) {
+    if (box.text == "Vantoro Restore Not Finished.") caption = Dialog().caption;
+    return IDOK;
+  });
+  EXPECT_EQ(
+      RunWith([&](HWND dialog) {
+        auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 42.0});
+        // Both wait in the queue: the record comes while the box stands.
+        server_.desktop().Post(dialog, {restore::WM_RESTORE_STATE, 2, 1});
+        posted = server_.desktop().Post(dialog, {restore::WM_RESTORE_PROGRESS, 2,
+                                                 reinterpret_cast<LPARAM>(record.release())}) ==
+                 ERROR_SUCCESS;
+      }),
+      0);
+  EXPECT_TRUE(posted);
+  EXPECT_EQ(Dialog().Control(IDC_PROGRESS).position, 42);
+}
+
+TEST_F(RunEnd, IsAFailureWhenTheThreadCannotBeMade) {
+  server_.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(OnlyBox().text, "Vantoro Restore Not Finished.");
+}
+
+}  // namespace
+}  // namespace ui
