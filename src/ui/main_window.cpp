@@ -45,7 +45,7 @@ INT_PTR BrushResult(int stock_object) {
   return reinterpret_cast<INT_PTR>(::GetStockObject(stock_object));
 }
 
-// The colours of the note. Others keep theirs: 0.
+// Colours of the note. Every other control keeps its own: 0.
 INT_PTR ColorStatic(HDC context, HWND control) {
   constexpr COLORREF kBlue = RGB(0, 0, 255);
   if (::GetDlgCtrlID(control) != IDC_NOTE) return 0;
@@ -54,6 +54,7 @@ INT_PTR ColorStatic(HDC context, HWND control) {
   return BrushResult(NULL_BRUSH);
 }
 
+// The log box is read-only and so asks as a static control does: these colours never show.
 INT_PTR ColorEdit(HDC context, HWND control) {
   if (::GetDlgCtrlID(control) != IDC_LOG) return 0;
   ::SetBkColor(context, RGB(255, 255, 255));
