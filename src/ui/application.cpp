@@ -16,7 +16,7 @@ namespace {
 void ChooseLanguage() {
   const LANGID language = ResourceLanguage(::GetSystemDefaultLangID());
   OSVERSIONINFOEXW version{};
-  version.dwOSVersionInfoSize = sizeof(version);
+  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);  // what stands behind is not needed
   if (!::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version))) {
     ShowMessage(nullptr, MB_ICONERROR, "Get OS Version Failed, Can't Load Language Resources.");
   } else if (HasThreadUILanguage(version.dwPlatformId, version.dwMajorVersion)) {

@@ -1,4 +1,4 @@
-// What the program's windows share.
+// What the program's windows share: the module of their resources and their message loop.
 #ifndef UI_APPLICATION_MODULE_H_
 #define UI_APPLICATION_MODULE_H_
 
@@ -8,7 +8,7 @@
 
 namespace ui {
 
-// The thread of the windows. Empty before Init and after Term.
+// Empty before Init and after Term. One thread, that of the windows.
 class ApplicationModule {
  public:
   // `resources` is the module that dialogs and icons come from.

@@ -15,14 +15,13 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wparam, LPA
   }
   auto* const dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));
   if (dialog == nullptr) return FALSE;
-  INT_PTR result = FALSE;
-  const bool is_handled = dialog->HandleMessage(message, wparam, lparam, result);
+  const INT_PTR result = dialog->HandleMessage(message, wparam, lparam);
   if (message == WM_NCDESTROY) {
     ::SetWindowLongPtrW(window, DWLP_USER, 0);
     dialog->window_ = nullptr;
     dialog->OnFinalMessage();
   }
-  return is_handled ? result : FALSE;
+  return result;
 }
 
 }  // namespace ui

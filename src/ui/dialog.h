@@ -13,10 +13,10 @@ class Dialog {
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  // Whether the message was handled, `result` is then what the dialog procedure returns. The
-  // window is known from WM_INITDIALOG on; the few messages before it do not come here.
+  // What the dialog procedure returns: FALSE leaves the message to the system. The window is known
+  // from WM_INITDIALOG on; the few messages before it do not come here.
   // https://learn.microsoft.com/windows/win32/api/winuser/nc-winuser-dlgproc
-  virtual bool HandleMessage(UINT message, WPARAM wparam, LPARAM lparam, INT_PTR& result) = 0;
+  virtual INT_PTR HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) = 0;
 
   virtual ~Dialog() = default;
 

@@ -64,37 +64,33 @@ INT_PTR ColorEdit(HDC context, HWND control) {
 
 }  // namespace
 
-bool MainWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam, INT_PTR& result) {
-  result = 0;
+INT_PTR MainWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_INITDIALOG:
       OnInitDialog();
-      result = TRUE;
-      return true;
+      return TRUE;
     case restore::WM_RESTORE_STATE:
       if (wparam == static_cast<WPARAM>(restore::RestoreState::kStarted)) OnRunStarted();
       if (wparam == static_cast<WPARAM>(restore::RestoreState::kEnded)) OnRunEnded(lparam);
-      return true;
+      return TRUE;
     case restore::WM_RESTORE_PROGRESS:
       OnProgress(wparam, lparam);
-      return true;
+      return TRUE;
     case WM_COMMAND:
       if (LOWORD(wparam) == IDCANCEL) OnCancel();
       return LOWORD(wparam) == IDCANCEL || LOWORD(wparam) == IDOK;
     case WM_TIMER:
       OnTimer(wparam);
-      return true;
+      return TRUE;
     case WM_CTLCOLORSTATIC:
-      result = ColorStatic(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam));
-      return true;
+      return ColorStatic(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam));
     case WM_CTLCOLOREDIT:
-      result = ColorEdit(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam));
-      return true;
+      return ColorEdit(reinterpret_cast<HDC>(wparam), reinterpret_cast<HWND>(lparam));
     case WM_DESTROY:
       OnDestroy();
-      return true;
+      return TRUE;
     default:
-      return false;
+      return FALSE;
   }
 }
 

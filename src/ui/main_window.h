@@ -29,7 +29,7 @@ class MainWindow : public Dialog {
 
   [[nodiscard]] bool Create() { return Dialog::Create(module_.resources(), IDD_MAIN, nullptr); }
 
-  bool HandleMessage(UINT message, WPARAM wparam, LPARAM lparam, INT_PTR& result) override;
+  INT_PTR HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
   void OnInitDialog();
@@ -58,7 +58,7 @@ class MainWindow : public Dialog {
   std::unique_ptr<thread::Thread> thread_;
   int32_t is_running_ = 0;  // 1 between the run's start and its end
   std::string title_;       // without the time
-  int32_t seconds_ = 0;     // since the run's start
+  int32_t seconds_ = 0;     // ticks of the clock timer since the run's start
 
   ApplicationModule& module_;
   std::array<HICON, IDI_TURNING_7 - IDI_TURNING_1 + 1> turning_icons_{};

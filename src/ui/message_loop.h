@@ -1,4 +1,4 @@
-// The message loop of a thread, and the module that its loops are known to.
+// The message loop of a thread.
 #ifndef UI_MESSAGE_LOOP_H_
 #define UI_MESSAGE_LOOP_H_
 

@@ -11,7 +11,7 @@
 
 namespace ui {
 
-// The dialog's thread, on which COM is initialised for longer than this lives.
+// The dialog's thread, on which COM is initialised.
 // https://learn.microsoft.com/windows/win32/api/shobjidl_core/nn-shobjidl_core-itaskbarlist3
 class ProgressTaskBarHelper {
  public:

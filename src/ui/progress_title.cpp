@@ -25,8 +25,7 @@ Integer Truncated(double number) {
 
 std::string PercentText(double percent) { return common::FormatFixed2(percent) + "%"; }
 
-std::string ProgressTitle(const std::string& tool_title, const std::string& stage,
-                          double percent) {
+std::string ProgressTitle(const std::string& tool_title, const std::string& stage, double percent) {
   return tool_title + " " + common::kToolVersion + " - " + stage + " " + PercentText(percent);
 }
 

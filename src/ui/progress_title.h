@@ -7,7 +7,8 @@
 
 namespace ui {
 
-// "37.50%". Any number at all may come in: what the format gives for it stands, "inf%" or "-nan%".
+// "37.50%". Any number at all may come in: what the format gives for it stands, "inf%" or "-nan%",
+// of a huge one its first 63 characters.
 std::string PercentText(double percent);
 
 // "Vantoro Restore Tool 1.1.0.1 - Progress 37.50%", from the tool's title in its language.

@@ -47,14 +47,26 @@ class ApplicationTest : public tests::ProgramTest {
 
 TEST_F(ApplicationTest, TakesItsStepsInOrder) {
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(CallsAmong({"GetVersionExW", "SetThreadUILanguage", "CoInitialize",
-                        "InitCommonControlsEx", "CreateDialogParamW", "ShowWindow", "DestroyWindow",
-                        "CoUninitialize", "ExitProcess"}),
-            (Lines{"GetVersionExW", "SetThreadUILanguage", "CoInitialize", "InitCommonControlsEx",
-                   "CreateDialogParamW", "ShowWindow", "DestroyWindow"}));
+  EXPECT_EQ(
+      CallsAmong({"GetVersionExW", "SetThreadUILanguage", "CoInitialize", "DefWindowProcW",
+                  "InitCommonControlsEx", "CreateDialogParamW", "ShowWindow", "DestroyWindow"}),
+      (Lines{"GetVersionExW", "SetThreadUILanguage", "CoInitialize", "DefWindowProcW",
+             "InitCommonControlsEx", "CreateDialogParamW", "ShowWindow", "DestroyWindow"}));
+}
+
+TEST_F(ApplicationTest, EndsTheProcessBehindCom) {
+  EXPECT_EQ(Run(), 0);
   EXPECT_EQ(server_.com().Uses(), 0);
   EXPECT_EQ(server_.com().SurplusUninitializations(), 0);
   EXPECT_TRUE(Dialog().destroyed);
+  // It ends where it is: what the window owns is not given back before.
+  EXPECT_EQ(server_.com().LiveTaskbarLists(), 1);
+}
+
+TEST_F(ApplicationTest, ShowsItsWindowAsItWasStarted) {
+  server_.own_process().Run(
+      [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_HIDE); });
+  EXPECT_FALSE(Dialog().visible);
 }
 
 TEST_F(ApplicationTest, EndsWithCode0WhateverBecameOfTheRun) {

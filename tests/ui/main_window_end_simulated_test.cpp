@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/dialog_procedures.h"
 #include "support/simulated_program.h"
 #include "ui/resource.h"
 
@@ -25,7 +26,7 @@ class RunEnd : public tests::ProgramTest {
   }
 };
 
-TEST_F(RunEnd, OfferARestartAfterASuccess) {
+TEST_F(RunEnd, OffersARestartAfterASuccess) {
   EXPECT_EQ(Run(), 0);
   EXPECT_EQ(OnlyBox().text, "Vantoro Restore Finish, Do you want to restart!");
   EXPECT_EQ(OnlyBox().caption, "Vantoro Restore Tool");
@@ -102,31 +103,50 @@ TEST_F(RunEnd, StopsTheTimers) {
 }
 
 TEST_F(RunEnd, StillShowsProgressThatComesLater) {
-  HoldTheRun();
-  bool posted = false;
   std::string caption;
-  server_.desktop().AnswerBoxes([&](const ShownMessageBox& box) {
-    if (box.text == "Vantoro Restore Not Finished.") caption = Dialog().caption;
-    return IDOK;
+  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+    auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 42.0});
+    server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_PROGRESS, 2,
+                                             reinterpret_cast<LPARAM>(record.release())});
+    simulator::DispatchBesideBox(server_.desktop());
+    caption = Dialog().caption;
+    return IDCANCEL;
   });
-  EXPECT_EQ(
-      RunWith([&](HWND dialog) {
-        auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 42.0});
-        // Both wait in the queue: the record comes while the box stands.
-        server_.desktop().Post(dialog, {restore::WM_RESTORE_STATE, 2, 1});
-        posted = server_.desktop().Post(dialog, {restore::WM_RESTORE_PROGRESS, 2,
-                                                 reinterpret_cast<LPARAM>(record.release())}) ==
-                 ERROR_SUCCESS;
-      }),
-      0);
-  EXPECT_TRUE(posted);
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(caption, "Vantoro Restore Tool 1.1.0.1 - Progress 42.00%  Time: 0s");
   EXPECT_EQ(Dialog().Control(IDC_PROGRESS).position, 42);
+}
+
+TEST_F(RunEnd, RestartsNothingWhenTheQuestionCannotBeShown) {
+  server_.calls().FailNext("MessageBoxA", ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(Run(), 0);
+  EXPECT_TRUE(server_.desktop().Boxes().empty());
+  EXPECT_FALSE(server_.shutdown().Scheduled());
+}
+
+TEST_F(RunEnd, RestartsWithTheBeginningOfALongNotice) {
+  server_.desktop().SetString(1033, 116, std::string(600, 'n'));
+  EXPECT_EQ(Run(), 0);
+  ASSERT_TRUE(server_.shutdown().Scheduled());
+  EXPECT_EQ(server_.shutdown().Scheduled()->message, std::string(255, 'n'));
+}
+
+TEST_F(RunEnd, RestartsWithoutANoticeThatCannotBeLoaded) {
+  server_.calls().FailNext("LoadStringW", ERROR_RESOURCE_NAME_NOT_FOUND);
+  EXPECT_EQ(Run(), 0);
+  ASSERT_TRUE(server_.shutdown().Scheduled());
+  EXPECT_EQ(server_.shutdown().Scheduled()->message, "");
 }
 
 TEST_F(RunEnd, IsAFailureWhenTheThreadCannotBeMade) {
   server_.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
   EXPECT_EQ(Run(), 0);
   EXPECT_EQ(OnlyBox().text, "Vantoro Restore Not Finished.");
+  EXPECT_NE(server_.files()
+                .Read("C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log")
+                .value_or("")
+                .find("[Error] Vantoro Restore Thread Start Failed."),
+            std::string::npos);
 }
 
 }  // namespace

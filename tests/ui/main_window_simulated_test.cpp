@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/dialog_procedures.h"
 #include "support/simulated_program.h"
 #include "ui/resource.h"
 
@@ -171,6 +172,85 @@ TEST_F(MainWindowTest, TurnsSixIcons) {
   });
 }
 
+TEST_F(MainWindowTest, IsKnownBeforeTheRunStartsAndShowsItsStageBehindThat) {
+  While([](HWND) {});
+  std::vector<std::string> steps;
+  for (const simulator::TracedCall& call : server_.calls().Trace()) {
+    const bool is_message = call.name == "SendMessageW" || call.name == "SetWindowTextA";
+    if (is_message || call.name == "CreateThread" || call.name == "LoadIconW") {
+      if (steps.empty() || steps.back() != call.name) steps.push_back(call.name);
+    }
+  }
+  ASSERT_GT(steps.size(), 6U);
+  // The icon, both of its sizes, the other icons, the bar's range, the run, the title.
+  EXPECT_EQ(std::vector<std::string>(steps.begin(), steps.begin() + 6),
+            (std::vector<std::string>{"LoadIconW", "SendMessageW", "LoadIconW", "SendMessageW",
+                                      "CreateThread", "SetWindowTextA"}));
+  EXPECT_EQ(server_.calls().ArgumentsOf("LoadIconW").size(), 8U);
+}
+
+TEST_F(MainWindowTest, BeginsTheLog) {
+  While([](HWND) {});
+  const std::string log = server_.files()
+                              .Read("C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log")
+                              .value_or("none");
+  EXPECT_NE(log.find("[Info]  ========= Vantoro Restore Tool 1.1.0.1. =========\r\n"),
+            std::string::npos);
+  EXPECT_NE(log.find("[Info]  Vantoro Restore Begin\r\n"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, HasOneTaskBarHelperHoweverOftenTheRunStarts) {
+  While([&](HWND dialog) {
+    PostState(dialog, RestoreState::kStarted);
+    PostPercent(dialog, 10.0);
+    EXPECT_EQ(TaskBar().completed, 10U);
+  });
+  EXPECT_EQ(server_.calls().ArgumentsOf("CoCreateInstance").size(), 1U);
+}
+
+TEST_F(MainWindowTest, HasNoTaskBarProgressOnASystemItCannotTell) {
+  // The first query of this kind is the dialog's: the run's is held behind it.
+  server_.calls().FailNext("GetVersionExA", ERROR_NOT_SUPPORTED, 1, simulator::Lasting::kForGood);
+  server_.processes().Install("diskpart",
+                              [](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
+                                child.WaitUntilTerminated();
+                                return 0;
+                              });
+  While([&](HWND dialog) {
+    PostPercent(dialog, 10.0);
+    EXPECT_EQ(Position(), 10);
+  });
+  EXPECT_TRUE(server_.calls().ArgumentsOf("CoCreateInstance").empty());
+}
+
+TEST_F(MainWindowTest, LoadsTheStageOfReportsOnce) {
+  While([&](HWND dialog) {
+    for (const double percent : {1.0, 2.0, 3.0}) PostPercent(dialog, percent);
+  });
+  int loads = 0;
+  for (const std::string& arguments : server_.calls().ArgumentsOf("LoadStringA")) {
+    if (arguments.ends_with(", 117")) ++loads;
+  }
+  EXPECT_EQ(loads, 1);
+}
+
+TEST_F(MainWindowTest, ColoursAWritableLogBox) {
+  // As the log box is not: a read-only one asks as a static control does.
+  simulator::DialogTemplate dialog;
+  ASSERT_EQ(server_.desktop().FindDialog(1033, IDD_MAIN, &dialog), DWORD{ERROR_SUCCESS});
+  for (simulator::ControlTemplate& control : dialog.controls) {
+    if (control.id == IDC_LOG) control.style &= ~static_cast<DWORD>(ES_READONLY);
+  }
+  server_.desktop().SetDialog(1033, IDD_MAIN, dialog);
+  While([&](HWND) {
+    const auto log = Dialog().Control(IDC_LOG).colors;
+    ASSERT_TRUE(log);
+    EXPECT_EQ(log->text, COLORREF{0x000000});
+    EXPECT_EQ(log->background, COLORREF{0xFFFFFF});
+    EXPECT_EQ(log->brush, WHITE_BRUSH);
+  });
+}
+
 TEST_F(MainWindowTest, ColoursTheNoteAndTheLog) {
   While([&](HWND) {
     const ShownDialog dialog = Dialog();
@@ -221,8 +301,58 @@ TEST_F(MainWindowTest, EndsTheToolsThatRunWhenItIsCancelled) {
   const std::vector<std::string> ended = server_.calls().ArgumentsOf("TerminateProcess");
   ASSERT_FALSE(ended.empty());
   EXPECT_TRUE(ended.back().ends_with(", 1")) << ended.back();
-  EXPECT_TRUE(Dialog().timers.empty());
   EXPECT_FALSE(server_.shutdown().Scheduled());
+}
+
+TEST_F(MainWindowTest, StopsItsTimersBeforeItEndsTheTools) {
+  While([](HWND) {});
+  std::vector<std::string> calls;
+  for (const simulator::TracedCall& call : server_.calls().Trace()) {
+    if (call.name == "KillTimer")
+      calls.push_back(call.name + call.arguments.substr(call.arguments.find(',')));
+    if (call.name == "TerminateProcess" && calls.back() != call.name) calls.push_back(call.name);
+  }
+  EXPECT_EQ(calls,
+            (std::vector<std::string>{"KillTimer, 1001", "KillTimer, 1002", "TerminateProcess"}));
+}
+
+TEST_F(MainWindowTest, ShowsProgressWhileItAsks) {
+  server_.desktop().AnswerBoxes([this](const simulator::ShownMessageBox&) {
+    auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 12.0});
+    server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_PROGRESS, 2,
+                                             reinterpret_cast<LPARAM>(record.release())});
+    server_.clock().Advance(1000);
+    simulator::DispatchBesideBox(server_.desktop());
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - Progress 12.00%  Time: 1s");
+    return IDOK;
+  });
+  While([](HWND) {});
+  EXPECT_EQ(Position(), 12);
+}
+
+TEST_F(MainWindowTest, EndsOnceThoughTheRunEndsWhileItAsks) {
+  std::vector<std::string> asked;
+  server_.desktop().AnswerBoxes([&](const simulator::ShownMessageBox& box) {
+    asked.push_back(box.text);
+    if (asked.size() == 1) {
+      server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_STATE, 2, 1});
+      simulator::DispatchBesideBox(server_.desktop());
+    }
+    return IDOK;
+  });
+  While([](HWND) {});
+  EXPECT_EQ(asked, (std::vector<std::string>{"Vantoro Restore Is Running, Are You Sure To Cancel?",
+                                             "Vantoro Restore Not Finished."}));
+  EXPECT_TRUE(Dialog().destroyed);
+}
+
+TEST_F(MainWindowTest, GoesOnWhenTheQuestionCannotBeShown) {
+  server_.calls().FailNext("MessageBoxA", ERROR_NOT_ENOUGH_MEMORY);
+  While([&](HWND dialog) {
+    Cancel(dialog);
+    Rest(dialog);
+    EXPECT_FALSE(Dialog().destroyed);
+  });
 }
 
 // Other systems.

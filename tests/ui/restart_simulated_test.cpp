@@ -36,6 +36,13 @@ TEST_F(RestartTest, DisablesThePrivilegeAgain) {
   EXPECT_EQ(server_.calls().ArgumentsOf("AdjustTokenPrivileges").size(), 2U);
 }
 
+TEST_F(RestartTest, OpensTheTokenToAdjustAndQuery) {
+  EXPECT_TRUE(Restart(L""));
+  const Lines arguments = server_.calls().ArgumentsOf("OpenProcessToken");
+  ASSERT_EQ(arguments.size(), 1U);
+  EXPECT_TRUE(arguments[0].ends_with(", 40")) << arguments[0];
+}
+
 TEST_F(RestartTest, LeavesTheTokenOpen) {
   EXPECT_TRUE(Restart(L""));
   EXPECT_EQ(server_.handles().OpenKinds(), Lines{"token"});
