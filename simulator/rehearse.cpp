@@ -1,23 +1,30 @@
 // Runs the restore program on a simulated server and shows what it did. Standard output here is
 // std::cout: stdio's is the simulated console.
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <thread>
 #include <vector>
 
 #include "simulator/model/server.h"
+#include "simulator/rehearse_options.h"
+#include "simulator/rehearse_user.h"
 #include "simulator/report_boot.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
 #include "simulator/report_letters.h"
+#include "simulator/report_restart.h"
 #include "simulator/scenario.h"
+#include "simulator/screen.h"
 #include "ui/resource.h"
 
 namespace simulator {
@@ -26,52 +33,6 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kRunFailed = 1;
 constexpr int kWrongUsage = 2;
-
-constexpr std::string_view kHelp =
-    "usage: rehearse [--scenario NAME|FILE] [--logs FOLDER] | --list | --help\n"
-    "\n"
-    "Runs the restore program on a simulated server and reports what is as on the source: boot\n"
-    "configuration, drive letters, junctions, security descriptors.\n"
-    "\n"
-    "  --scenario NAME  a shipped scenario, see --list; \"default\" without this option\n"
-    "  --scenario FILE  a scenario file: the name ends with .json or holds a slash\n"
-    "  --logs FOLDER    where the program's log is copied; ./out/Logs without this option\n"
-    "  --list           the shipped scenarios and what they show\n"
-    "  --help           this text\n"
-    "\n"
-    "Exit status: 0, 1 when the run failed, 2 for wrong usage or a broken scenario.\n";
-
-struct Options {
-  std::string scenario = "default";
-  std::filesystem::path logs = "out/Logs";
-  bool list = false;
-  bool help = false;
-};
-
-// Empty, or what is wrong with the arguments.
-std::string ParseArguments(const std::vector<std::string>& arguments, Options& options) {
-  for (size_t i = 0; i < arguments.size(); ++i) {
-    const std::string& argument = arguments[i];
-    if (argument == "--list") {
-      options.list = true;
-    } else if (argument == "--help") {
-      options.help = true;
-    } else if (argument == "--scenario" || argument == "--logs") {
-      if (i + 1 == arguments.size() || arguments[i + 1].empty()) {
-        return argument + " needs a value";
-      }
-      const std::string& value = arguments[++i];
-      if (argument == "--scenario") {
-        options.scenario = value;
-      } else {
-        options.logs = value;
-      }
-    } else {
-      return "unknown argument \"" + argument + "\"";
-    }
-  }
-  return "";
-}
 
 std::vector<std::filesystem::path> ShippedScenarios() {
   std::vector<std::filesystem::path> files;
@@ -93,39 +54,77 @@ void List() {
   }
 }
 
-// The terminal's escape sequence for the level that a log line names; empty for the plain one.
-std::string ColourOf(const std::string& line) {
-  constexpr std::pair<std::string_view, std::string_view> kColours[] = {
-      {"] [Fatal] ", "\x1b[91m"}, {"] [Error] ", "\x1b[91m"}, {"] [Warn] ", "\x1b[93m"},
-      {"] [Done] ", "\x1b[92m"},  {"] [Debug] ", "\x1b[90m"},
-  };
-  for (const auto& [level, colour] : kColours) {
-    if (line.find(level) != std::string::npos) return std::string(colour);
+// A terminal that is large enough to draw in; its size may be unknown.
+Screen::Kind KindOfScreen() {
+  constexpr int kRows = 12;
+  constexpr int kColumns = 80;
+  const char* const terminal = std::getenv("TERM");
+  if (::isatty(STDOUT_FILENO) != 1 || terminal == nullptr || std::string_view(terminal) == "dumb") {
+    return Screen::Kind::kPlain;
   }
-  return "";
+  winsize size{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row != 0 &&
+      (size.ws_row < kRows || size.ws_col < kColumns)) {
+    return Screen::Kind::kPlain;
+  }
+  return Screen::Kind::kTerminal;
 }
 
-// Shows every line of the program's log as it is written.
-void ShowLog(Files& files) {
-  const bool colours = ::isatty(STDOUT_FILENO) == 1;
-  files.Watch([colours](const std::string& path, std::string_view bytes) {
-    if (!path.ends_with(".log")) return;
-    std::string line(bytes);
-    std::erase(line, '\r');
-    const std::string colour = colours ? ColourOf(line) : "";
-    std::cout << colour << line << (colour.empty() ? "" : "\x1b[0m") << std::flush;
+// Shows everything as it happens and lets the user act.
+void Watch(Server& server, Screen& screen, User& user) {
+  Dialogs& dialogs = server.desktop().dialogs();
+  // Otherwise the run would be far ahead of what the user sees.
+  dialogs.HandlePostsAtOnce();
+  dialogs.Watch([&dialogs, &screen, &user](const ShownDialog& dialog) {
+    screen.ShowDialog(dialog);
+    if (user.WantsToCancel(dialog)) dialogs.Click(dialog.window, IDCANCEL);
+  });
+  server.desktop().AnswerBoxes([&screen, &user](const ShownMessageBox& box) {
+    const int answer = user.Answer(box);
+    screen.ShowBox(box, answer);
+    return answer;
+  });
+  server.files().Watch([&screen](const std::string& path, std::string_view bytes) {
+    if (path.ends_with(".log")) screen.ShowLog(bytes);
   });
 }
 
-// Runs the program from its entry point to its exit. Whether the run succeeded, by what the dialog
-// showed last.
-bool RunProgram(Server& server) {
+// The time that a tool takes passes on the steered clock, in steps that the dialog keeps up with.
+// Who looks at a terminal sees it pass, twenty times as fast.
+void PassTime(Server& server, Screen::Kind screen, const std::string& tool,
+              const ChildProcess& child) {
+  constexpr int kStep = 100;  // milliseconds
+  constexpr std::chrono::milliseconds kSeen{kStep / 20};
+  const int duration = tool == "bcdedit" ? 500 : 1000;
+  const auto let_dialogs_rest = [&server] {
+    Dialogs& dialogs = server.desktop().dialogs();
+    for (const ShownDialog& dialog : dialogs.All()) dialogs.WaitUntilIdle(dialog.window);
+  };
+  let_dialogs_rest();
+  for (int passed = 0; passed < duration && !child.Terminated(); passed += kStep) {
+    server.clock().Advance(kStep);
+    let_dialogs_rest();
+    if (screen == Screen::Kind::kTerminal) std::this_thread::sleep_for(kSeen);
+  }
+}
+
+enum class Outcome { kSucceeded, kFailed, kCancelled };
+
+// Runs the program from its entry point to its exit. What became of the run is told by what the
+// user did, by the boxes, and by how the dialog looked last.
+Outcome RunProgram(Server& server, const User& user) {
   server.own_process().Run(
       [] { return ::wWinMain(ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  if (user.cancelled_at()) return Outcome::kCancelled;
+  const std::vector<ShownMessageBox> boxes = server.desktop().Boxes();
+  const bool has_warned = std::any_of(boxes.begin(), boxes.end(), [](const ShownMessageBox& box) {
+    return (box.type & MB_ICONWARNING) == MB_ICONWARNING;
+  });
   const std::vector<ShownDialog> dialogs = server.desktop().dialogs().All();
-  if (dialogs.empty()) return false;
+  if (has_warned || dialogs.empty()) return Outcome::kFailed;
   const ShownControl& bar = dialogs.back().Control(IDC_PROGRESS);
-  return bar.state == PBST_NORMAL && bar.position == bar.maximum;
+  const bool is_full = bar.state == PBST_NORMAL && bar.position == bar.maximum;
+  return is_full ? Outcome::kSucceeded : Outcome::kFailed;
 }
 
 // Copies the program's logs to the host and says where they lie. False when that failed.
@@ -152,40 +151,59 @@ bool CopyLogs(Server& server, const std::filesystem::path& folder) {
   return true;
 }
 
-// The message box that told of the failure, else the run's totals.
+// The run's totals when it came so far, else the first message box.
 std::string ReasonOf(Server& server) {
-  const std::vector<ShownMessageBox> boxes = server.desktop().Boxes();
-  if (!boxes.empty()) return boxes.back().text;
   const std::string console = server.console().Text();
   const size_t begin = console.rfind("Vantoro Restore Finish, Total");
-  if (begin == std::string::npos) return "see the log";
-  return console.substr(begin, console.find_first_of("\r\n", begin) - begin);
+  if (begin != std::string::npos) {
+    return console.substr(begin, console.find_first_of("\r\n", begin) - begin);
+  }
+  const std::vector<ShownMessageBox> boxes = server.desktop().Boxes();
+  return boxes.empty() ? "see the log" : boxes.front().text;
+}
+
+int ExitStatus(Outcome outcome, Server& server, const User& user) {
+  std::cout << std::flush;
+  switch (outcome) {
+    case Outcome::kSucceeded:
+      return kSuccess;
+    case Outcome::kFailed:
+      std::cerr << "rehearse: the run failed: " << ReasonOf(server) << "\n";
+      return kRunFailed;
+    case Outcome::kCancelled:
+      std::cerr << "rehearse: the run was cancelled at " << *user.cancelled_at() << "%\n";
+      return kRunFailed;
+  }
+  return kRunFailed;
 }
 
 int Rehearse(const Options& options) {
-  const Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
+  Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
+  if (options.language) scenario.language = *options.language;
   Server server;
-  const std::vector<SourceVolume> sources = Build(scenario, server);
+  const Screen::Kind kind = KindOfScreen();
+  const std::vector<SourceVolume> sources =
+      Build(scenario, server, [&server, kind](const std::string& tool, const ChildProcess& child) {
+        PassTime(server, kind, tool, child);
+      });
   const std::vector<JunctionState> junctions = JunctionStates(sources);
   const BootStore boot = server.boot().store;
   std::cout << scenario.title << "\n\n";
-  ShowLog(server.files());
-  const bool succeeded = RunProgram(server);
+  Screen screen(std::cout, kind);
+  User user(options.intention);
+  Watch(server, screen, user);
+  const Outcome outcome = RunProgram(server, user);
   server.files().Watch(nullptr);
+  server.desktop().dialogs().Watch(nullptr);
 
-  std::cout << "\n";
-  for (const ShownMessageBox& box : server.desktop().Boxes()) {
-    std::cout << "message box [" << box.caption << "]: " << box.text << "\n";
-  }
-  std::cout << BootReport(boot, server.boot().store)
+  std::cout << "\n"
+            << BootReport(boot, server.boot().store)
             << LetterReport(GatherLetters(scenario, server))
             << JunctionReport(GatherJunctions(sources, junctions, server))
-            << DescriptorReport(GatherDescriptors(sources, server.security().domains()));
+            << DescriptorReport(GatherDescriptors(sources, server.security().domains()))
+            << RestartReport(server.shutdown().Scheduled());
   if (!CopyLogs(server, options.logs)) return kRunFailed;
-  if (succeeded) return kSuccess;
-  std::cout << std::flush;
-  std::cerr << "rehearse: the run failed: " << ReasonOf(server) << "\n";
-  return kRunFailed;
+  return ExitStatus(outcome, server, user);
 }
 
 int Main(const std::vector<std::string>& arguments) {

@@ -30,7 +30,7 @@ bool IsInOrder(const BootStore& store) {
 std::string State(const BootStore& store, const std::string& identifier) {
   const BootEntry* const entry = store.Find(identifier);
   if (entry == nullptr) return "-";
-  const std::string locale = entry->Value("locale");
+  std::string locale = entry->Value("locale");
   if (identifier == kBootManager) return locale;
   const BootEntry* const manager = store.Find(kBootManager);
   std::string state = "not displayed";
@@ -58,7 +58,7 @@ std::string BootReport(const BootStore& before, const BootStore& after) {
     rows.push_back({entry.Value("description"), State(before, entry.identifier),
                     State(after, entry.identifier)});
   };
-  const std::string conclusion = "boot: " + Conclusion(before, after) + "\n";
+  std::string conclusion = "boot: " + Conclusion(before, after) + "\n";
   if (before.entries.empty() && after.entries.empty()) return conclusion;
   for (const BootEntry& entry : before.entries) add(entry);
   for (const BootEntry& entry : after.entries) {

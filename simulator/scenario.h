@@ -18,6 +18,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -30,6 +31,7 @@
 
 namespace simulator {
 
+class ChildProcess;
 class Server;
 
 // One line: the file, the place in it and what was expected there.
@@ -103,11 +105,15 @@ struct Scenario {
 // Throws ScenarioError. Folders to import are taken relative to the file's.
 Scenario ReadScenario(const std::filesystem::path& file);
 
+// Called on the tool's own thread before it does its work: whatever time it takes passes in there.
+using ToolPace = std::function<void(const std::string& tool, ChildProcess& child)>;
+
 // Makes a fresh server the scenario's and tells what the source server had, in the order of the
 // disks. Throws ScenarioError when a folder cannot be imported, or when what the scenario puts in a
 // place cannot lie there: a file where the server has a folder, a junction above the server's
 // files.
-std::vector<SourceVolume> Build(const Scenario& scenario, Server& server);
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server,
+                                const ToolPace& pace = nullptr);
 
 }  // namespace simulator
 

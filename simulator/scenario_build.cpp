@@ -158,15 +158,17 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
 }
 
 // Installs the tool, but for the calls that are to misbehave.
-void InstallTool(const std::string& name, Program real, const std::vector<ScenarioTool>& tools,
-                 Server& server) {
+void InstallTool(const std::string& name, Program real, const Scenario& scenario,
+                 const ToolPace& pace, Server& server) {
   std::vector<ScenarioTool> calls;
-  std::copy_if(tools.begin(), tools.end(), std::back_inserter(calls),
+  std::copy_if(scenario.tools.begin(), scenario.tools.end(), std::back_inserter(calls),
                [&name](const ScenarioTool& tool) { return tool.name == name; });
   const auto count = std::make_shared<std::atomic<int>>(0);
   server.processes().Install(name,
-                             [count, real = std::move(real), calls = std::move(calls)](
+                             [name, pace, count, real = std::move(real), calls = std::move(calls)](
                                  Server& at, ChildProcess& child) -> DWORD {
+                               if (pace) pace(name, child);
+                               if (child.Terminated()) return 1;
                                const int call = ++*count;
                                for (const ScenarioTool& tool : calls) {
                                  if (tool.call != call) continue;
@@ -179,7 +181,7 @@ void InstallTool(const std::string& name, Program real, const std::vector<Scenar
 
 }  // namespace
 
-std::vector<SourceVolume> Build(const Scenario& scenario, Server& server) {
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const ToolPace& pace) {
   System& system = server.system();
   system.major_version = scenario.major_version;
   system.minor_version = scenario.minor_version;
@@ -188,11 +190,11 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server) {
   system.computer_name = scenario.computer_name;
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
-  InstallTool("diskpart", DiskpartProgram(), scenario.tools, server);
+  InstallTool("diskpart", DiskpartProgram(), scenario, pace, server);
   if (scenario.boot) server.boot() = *scenario.boot;
   if (scenario.HasBootStore()) {
-    InstallTool("bcdedit", BcdeditProgram(), scenario.tools, server);
-    InstallTool("bcdboot", BcdbootProgram(), scenario.tools, server);
+    InstallTool("bcdedit", BcdeditProgram(), scenario, pace, server);
+    InstallTool("bcdboot", BcdbootProgram(), scenario, pace, server);
   } else {
     server.boot() = {};
   }

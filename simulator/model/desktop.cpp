@@ -95,6 +95,7 @@ void Desktop::AnswerBoxes(std::function<int(const ShownMessageBox&)> rule) {
 }
 
 int Desktop::Show(ShownMessageBox box) {
+  dialogs_.TellWatcher();
   std::unique_lock lock(mutex_);
   const std::function<int(const ShownMessageBox&)> rule = rule_;
   lock.unlock();

@@ -30,6 +30,7 @@ struct Dialog {
   uint64_t thread = 0;
   bool dying = false;  // DestroyWindow is under way
   bool has_controls = true;
+  bool was_visited = false;  // since the watcher was told
 
   Control* Find(int id);  // null when there is none any more
   ShownDialog Shown() const;

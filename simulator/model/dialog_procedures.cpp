@@ -117,6 +117,7 @@ void DestroyDialog(Desktop& desktop, HWND dialog) {
   desktop.dialogs().RemoveControls(dialog);
   CallProcedure(desktop, dialog, WM_NCDESTROY, 0, 0);
   desktop.dialogs().Remove(dialog);
+  desktop.dialogs().TellWatcher();
 }
 
 LRESULT Send(Desktop& desktop, HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

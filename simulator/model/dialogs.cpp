@@ -64,6 +64,7 @@ void Dialogs::Remove(HWND dialog) {
   removed.shown.timers.clear();
   removed.shown.visible = false;
   removed.shown.destroyed = true;
+  removed.was_visited = true;
   changed_.notify_all();
 }
 
@@ -72,6 +73,7 @@ DWORD Dialogs::Visit(HWND window, const std::function<DWORD(Dialog&, Control*)>&
   const Place* const place = Find(window);
   if (place == nullptr) return ERROR_INVALID_WINDOW_HANDLE;
   if (place->dialog->thread != ThisThread()) Unsupported("a call on another thread's window");
+  place->dialog->was_visited = true;
   return visit(*place->dialog, place->control);
 }
 

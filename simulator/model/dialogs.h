@@ -39,6 +39,15 @@ class Dialogs {
   // freed. Windows would leave it to the end of the process.
   std::vector<MSG> TakeLost();
 
+  // Called with a dialog that may look different whenever its thread has handled a message or is
+  // about to show a box, and once it is destroyed: on that thread, without a lock held.
+  using Watcher = std::function<void(const ShownDialog&)>;
+  void Watch(Watcher watcher);
+  // From now on who posts to another thread's window goes on when everything posted there has been
+  // handled, or, should the window go, at the end of the process. Windows may happen to run threads
+  // that way.
+  void HandlePostsAtOnce();
+
   // A handle that no window has had.
   HWND NewHandle();
   bool Has(HWND window) const;
@@ -50,6 +59,8 @@ class Dialogs {
   // it is another thread's.
   DWORD Visit(HWND window, const std::function<DWORD(Dialog&, Control*)>& visit);
   bool IsOfThisThread(HWND window) const;
+  // Tells the watcher of the calling thread's dialogs.
+  void TellWatcher();
 
   // ERROR_INVALID_WINDOW_HANDLE, ERROR_NOT_ENOUGH_QUOTA once 10,000 messages wait for the thread.
   DWORD Post(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
@@ -83,6 +94,7 @@ class Dialogs {
   HWND NextHandle();
   Place* Find(HWND window);
   Dialog& FindDialog(HWND window);
+  bool IsIdle(const Dialog& dialog);
   std::optional<MSG> Take(Queue& queue, uint64_t thread);
   HWND WindowToPaint(uint64_t thread) const;
   bool HasMessage(const Queue& queue, uint64_t thread) const;
@@ -96,6 +108,8 @@ class Dialogs {
   std::vector<MSG> lost_;
   UINT_PTR next_handle_ = 0x10010;
   bool ended_ = false;
+  Watcher watcher_;
+  bool handles_posts_at_once_ = false;
   DeviceContexts contexts_;
 };
 

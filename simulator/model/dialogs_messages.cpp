@@ -4,7 +4,7 @@
 namespace simulator {
 
 DWORD Dialogs::Post(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  const std::lock_guard lock(mutex_);
+  std::unique_lock lock(mutex_);
   const Place* const place = Find(window);
   if (place == nullptr) return ERROR_INVALID_WINDOW_HANDLE;
   const DWORD time = static_cast<DWORD>(clock_.Milliseconds());
@@ -13,6 +13,13 @@ DWORD Dialogs::Post(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     return ERROR_NOT_ENOUGH_QUOTA;
   }
   changed_.notify_all();
+  if (handles_posts_at_once_ && place->dialog->thread != ThisThread()) {
+    const HWND dialog = place->dialog->shown.window;
+    changed_.wait(lock, [this, dialog] {
+      const Place* const left = Find(dialog);
+      return ended_ || (left != nullptr && IsIdle(*left->dialog));
+    });
+  }
   return ERROR_SUCCESS;
 }
 
@@ -33,6 +40,7 @@ bool Dialogs::KillTimer(Dialog& dialog, UINT_PTR id) {
 }
 
 std::optional<MSG> Dialogs::WaitForMessage() {
+  TellWatcher();
   std::unique_lock lock(mutex_);
   const uint64_t thread = ThisThread();
   Queue& queue = queues_[thread];
@@ -45,6 +53,7 @@ std::optional<MSG> Dialogs::WaitForMessage() {
 }
 
 std::optional<MSG> Dialogs::TakeBesideBox() {
+  TellWatcher();
   const std::lock_guard lock(mutex_);
   const uint64_t thread = ThisThread();
   Queue& queue = queues_[thread];

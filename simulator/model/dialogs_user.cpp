@@ -26,11 +26,13 @@ void Dialogs::WaitUntilIdle(HWND dialog) {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [this, dialog] {
     const Place* const place = Find(dialog);
-    if (place == nullptr) return true;
-    const uint64_t thread = place->dialog->thread;
-    const Queue& queue = queues_[thread];
-    return queue.is_waited_for && !HasMessage(queue, thread);
+    return place == nullptr || IsIdle(*place->dialog);
   });
+}
+
+bool Dialogs::IsIdle(const Dialog& dialog) {
+  const Queue& queue = queues_[dialog.thread];
+  return queue.is_waited_for && !HasMessage(queue, dialog.thread);
 }
 
 void Dialogs::Click(HWND dialog, int id) {
@@ -51,6 +53,29 @@ void Dialogs::Press(HWND dialog, WPARAM key) { Deliver(Post(dialog, WM_KEYDOWN, 
 std::vector<MSG> Dialogs::TakeLost() {
   const std::lock_guard lock(mutex_);
   return std::exchange(lost_, {});
+}
+
+void Dialogs::Watch(Watcher watcher) {
+  const std::lock_guard lock(mutex_);
+  watcher_ = std::move(watcher);
+}
+
+void Dialogs::TellWatcher() {
+  std::unique_lock lock(mutex_);
+  const Watcher watcher = watcher_;
+  if (!watcher) return;
+  std::vector<ShownDialog> visited;
+  for (Dialog& dialog : dialogs_) {
+    if (dialog.thread != ThisThread() || !std::exchange(dialog.was_visited, false)) continue;
+    visited.push_back(dialog.Shown());
+  }
+  lock.unlock();
+  for (const ShownDialog& dialog : visited) watcher(dialog);
+}
+
+void Dialogs::HandlePostsAtOnce() {
+  const std::lock_guard lock(mutex_);
+  handles_posts_at_once_ = true;
 }
 
 }  // namespace simulator

@@ -316,6 +316,21 @@ TEST_F(ScenarioTest, MakesOneCallOfAToolMisbehave) {
   EXPECT_EQ(tests::RunChild("diskpart /s C:\\s").exit_code, 0u);
 }
 
+TEST_F(ScenarioTest, LetsToolsTakeTheirTime) {
+  Server server;
+  std::vector<std::string> paced;
+  Build(Read(WithDisks("", R"(, "tools": [{"name": "bcdedit", "exit_code": 7}])")), server,
+        [&paced, &server](const std::string& tool, ChildProcess&) {
+          paced.push_back(tool);
+          server.clock().Advance(1000);
+        });
+  const int64_t before = server.clock().Milliseconds();
+  EXPECT_EQ(tests::RunChild("bcdedit").exit_code, 7u);
+  EXPECT_EQ(tests::RunChild("diskpart /s C:\\none").exit_code, 3u);
+  EXPECT_EQ(paced, (std::vector<std::string>{"bcdedit", "diskpart"}));
+  EXPECT_EQ(server.clock().Milliseconds(), before + 2000);
+}
+
 TEST_F(ScenarioTest, SetsFaults) {
   Server server;
   Build(Read(WithDisks("", R"(, "faults": [{"call": "X", "occurrence": 2, "error": 8}])")), server);

@@ -1,0 +1,33 @@
+// The command line of a rehearsal.
+#ifndef SIMULATOR_REHEARSE_OPTIONS_H_
+#define SIMULATOR_REHEARSE_OPTIONS_H_
+
+#include <windows.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/rehearse_user.h"
+
+namespace simulator {
+
+struct Options {
+  std::string scenario = "default";
+  std::filesystem::path logs = "out/Logs";
+  std::optional<LANGID> language;  // instead of the scenario's
+  Intention intention;
+  bool list = false;
+  bool help = false;
+};
+
+extern const std::string_view kHelp;
+
+// Empty, or what is wrong with the arguments, which do not begin with the program.
+std::string ParseArguments(const std::vector<std::string>& arguments, Options& options);
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_REHEARSE_OPTIONS_H_
