@@ -4,7 +4,7 @@
 
 program_packages='g++ cmake ninja-build nlohmann-json3-dev'
 test_packages='libgtest-dev'
-windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64'
+windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth'
 bench_packages='libbenchmark-dev'
 
 # Prints those of its arguments that are not installed.
