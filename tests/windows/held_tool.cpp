@@ -1,6 +1,6 @@
-// Stands in for a tool of the system that takes long: ends when it is terminated, or by itself after
-// two minutes, should nobody be there any more to do it. Graphical, since the console of one that is
-// ended while it starts would keep its output open.
+// Stands in for a tool of the system that takes long: ends when it is terminated, or by itself
+// after two minutes, should nobody be there any more to do it. Graphical, since the console of one
+// that is ended while it starts would keep its output open.
 #include <windows.h>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
