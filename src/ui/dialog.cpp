@@ -7,13 +7,16 @@ bool Dialog::Create(HINSTANCE module, int template_id, HWND parent) {
                               reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
-// The window keeps its object; WM_INITDIALOG brings it.
+// WM_INITDIALOG brings the object, which the window keeps.
 INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  Dialog* dialog = nullptr;
   if (message == WM_INITDIALOG) {
+    dialog = reinterpret_cast<Dialog*>(lparam);
+    dialog->window_ = window;
     ::SetWindowLongPtrW(window, DWLP_USER, lparam);
-    reinterpret_cast<Dialog*>(lparam)->window_ = window;
+  } else {
+    dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));
   }
-  auto* const dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));
   if (dialog == nullptr) return FALSE;
   const INT_PTR result = dialog->HandleMessage(message, wparam, lparam);
   if (message == WM_NCDESTROY) {
