@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "simulator/model/dialog_procedures.h"
+#include "support/deliberate_leak.h"
 #include "support/simulated_program.h"
 #include "ui/resource.h"
 
@@ -140,7 +141,10 @@ TEST_F(RunEnd, RestartsWithoutANoticeThatCannotBeLoaded) {
 
 TEST_F(RunEnd, IsAFailureWhenTheThreadCannotBeMade) {
   server_.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
-  EXPECT_EQ(Run(), 0);
+  {
+    const tests::DeliberateLeak start_block;
+    EXPECT_EQ(Run(), 0);
+  }
   EXPECT_EQ(OnlyBox().text, "Vantoro Restore Not Finished.");
   EXPECT_NE(server_.files()
                 .Read("C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log")
