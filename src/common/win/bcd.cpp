@@ -31,40 +31,43 @@ bool WinUtil::GetBCDBootInfo(BCDBootInfo& info) {
   return false;
 }
 
-bool WinUtil::ExportBCDBoot(const std::string& path) {
+bool WinUtil::EditBootStore(BootOperation operation, const std::string& arguments, DWORD& code) {
+  code = 0;
   bool has_boot_tools = false;
-  if (!FindPlatform(BootOperation::kExport, has_boot_tools)) return false;
-  if (!has_boot_tools) return true;
+  if (!FindPlatform(operation, has_boot_tools)) return false;
   std::string output;
-  const DWORD code = ExecCommandWithResults("", "bcdedit /export \"" + path + "\"", output);
-  if (code == 0) return true;
-  logger_->Error("WinUtil::ExportBCDBoot export %s Failed, code=%d", path.c_str(),
-                 static_cast<int>(code));
-  return false;
+  if (has_boot_tools) code = ExecCommandWithResults("", "bcdedit " + arguments, output);
+  return code == 0;
+}
+
+bool WinUtil::ExportBCDBoot(const std::string& path) {
+  DWORD code = 0;
+  const bool is_done = EditBootStore(BootOperation::kExport, "/export \"" + path + "\"", code);
+  if (code != 0) {
+    logger_->Error("WinUtil::ExportBCDBoot export %s Failed, code=%d", path.c_str(),
+                   static_cast<int>(code));
+  }
+  return is_done;
 }
 
 bool WinUtil::ImportBCDBoot(const std::string& path) {
-  bool has_boot_tools = false;
-  if (!FindPlatform(BootOperation::kImport, has_boot_tools)) return false;
-  if (!has_boot_tools) return true;
-  std::string output;
-  const DWORD code = ExecCommandWithResults("", "bcdedit /import \"" + path + "\"", output);
-  if (code == 0) return true;
-  logger_->Error("WinUtil::ImportBCDBoot import %s Failed, code=%d", path.c_str(),
-                 static_cast<int>(code));
-  return false;
+  DWORD code = 0;
+  const bool is_done = EditBootStore(BootOperation::kImport, "/import \"" + path + "\"", code);
+  if (code != 0) {
+    logger_->Error("WinUtil::ImportBCDBoot import %s Failed, code=%d", path.c_str(),
+                   static_cast<int>(code));
+  }
+  return is_done;
 }
 
 bool WinUtil::DeleteBCDBootOSLoader(const std::string& identifier) {
-  bool has_boot_tools = false;
-  if (!FindPlatform(BootOperation::kDelete, has_boot_tools)) return false;
-  if (!has_boot_tools) return true;
-  std::string output;
-  const DWORD code = ExecCommandWithResults("", "bcdedit /delete " + identifier, output);
-  if (code == 0) return true;
-  logger_->Error("WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier.c_str(),
-                 static_cast<int>(code));
-  return false;
+  DWORD code = 0;
+  const bool is_done = EditBootStore(BootOperation::kDelete, "/delete " + identifier, code);
+  if (code != 0) {
+    logger_->Error("WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier.c_str(),
+                   static_cast<int>(code));
+  }
+  return is_done;
 }
 
 bool WinUtil::RemakeBCDBoot(const std::string& locale) {

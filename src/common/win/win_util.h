@@ -99,7 +99,12 @@ class WinUtil {
 
  private:
   // Asks for the platform once in a process for each operation; false when it cannot be told.
-  bool FindPlatform(BootOperation operation, bool& has_boot_tools);
+  [[nodiscard]] bool FindPlatform(BootOperation operation, bool& has_boot_tools);
+
+  // Runs bcdedit where there is one. False, with its code, when it fails; with code 0 when the
+  // platform cannot be told.
+  [[nodiscard]] bool EditBootStore(BootOperation operation, const std::string& arguments,
+                                   DWORD& code);
 
   // The path of the script file written, empty when it could not be.
   std::string CreateScriptFile(const std::string& operation, const std::string& script);
