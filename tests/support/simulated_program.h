@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -39,13 +40,18 @@ class ProgramTest : public testing::Test {
     ui::ProcessState::Instance().Forget();
   }
 
-  // The first tool does not end by itself, so that the run lasts.
-  void HoldTheRun() {
-    server_.processes().Install("bcdedit",
-                                [](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
-                                  child.WaitUntilTerminated();
-                                  return 0;
-                                });
+  // A tool does not end by itself, so that the run lasts; RunWith waits until the run is there.
+  void HoldTheRun(const std::string& tool = "bcdedit") {
+    is_to_be_held_ = true;
+    server_.processes().Install(
+        tool, [this](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
+          // More than a pipe holds: behind it the program reads, and has listed the child.
+          child.WriteOutput(std::string(5000, 'x'));
+          is_held_ = true;
+          is_held_.notify_all();
+          child.WaitUntilTerminated();
+          return 0;
+        });
   }
 
   // Runs the program. Its exit code.
@@ -58,6 +64,7 @@ class ProgramTest : public testing::Test {
   int RunWith(const std::function<void(HWND dialog)>& user) {
     std::thread person([&] {
       const HWND dialog = server_.desktop().dialogs().WaitForDialog();
+      if (is_to_be_held_) is_held_.wait(false);
       Rest(dialog);
       user(dialog);
     });
@@ -105,6 +112,8 @@ class ProgramTest : public testing::Test {
     return server_.com().TaskbarProgressOf(Dialog().window);
   }
 
+  bool is_to_be_held_ = false;
+  std::atomic<bool> is_held_ = false;
   mutable simulator::Server server_;
   BootTools boot_tools_{server_};
 };

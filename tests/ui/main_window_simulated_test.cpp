@@ -209,13 +209,8 @@ TEST_F(MainWindowTest, HasOneTaskBarHelperHoweverOftenTheRunStarts) {
 }
 
 TEST_F(MainWindowTest, HasNoTaskBarProgressOnASystemItCannotTell) {
-  // The first query of this kind is the dialog's: the run's is held behind it.
   server_.calls().FailNext("GetVersionExA", ERROR_NOT_SUPPORTED, 1, simulator::Lasting::kForGood);
-  server_.processes().Install("diskpart",
-                              [](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
-                                child.WaitUntilTerminated();
-                                return 0;
-                              });
+  HoldTheRun("diskpart");  // the boot stage ends without its tool
   While([&](HWND dialog) {
     PostPercent(dialog, 10.0);
     EXPECT_EQ(Position(), 10);
