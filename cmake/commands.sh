@@ -4,8 +4,9 @@
 
 program_packages='g++ cmake ninja-build nlohmann-json3-dev'
 test_packages='libgtest-dev'
-windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth'
+windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth locales zip'
 bench_packages='libbenchmark-dev'
+picture_packages='imagemagick'
 
 # Prints those of its arguments that are not installed.
 missing_packages() {

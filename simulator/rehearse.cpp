@@ -18,6 +18,7 @@
 #include "simulator/model/server.h"
 #include "simulator/rehearse_options.h"
 #include "simulator/rehearse_user.h"
+#include "simulator/rehearse_windows.h"
 #include "simulator/report_boot.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/report_junctions.h"
@@ -180,6 +181,7 @@ int ExitStatus(Outcome outcome, Server& server, const User& user) {
 int Rehearse(const Options& options) {
   Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
   if (options.language) scenario.language = *options.language;
+  if (options.windows) return RehearseUnderWine(scenario, options) ? kSuccess : kRunFailed;
   Server server;
   const Screen::Kind kind = KindOfScreen();
   const std::vector<SourceVolume> sources =
@@ -226,6 +228,9 @@ int Main(const std::vector<std::string>& arguments) {
     return kWrongUsage;
   } catch (const std::filesystem::filesystem_error& error) {
     std::cerr << "rehearse: " << error.path1().string() << ": " << error.code().message() << "\n";
+    return kWrongUsage;
+  } catch (const std::runtime_error& error) {
+    std::cerr << "rehearse: " << error.what() << "\n";
     return kWrongUsage;
   }
   return kSuccess;

@@ -47,6 +47,8 @@ std::string ParseAnswer(Values& values, Intention& intention) {
 std::string ParseOption(const std::string& option, Values& values, Options& options) {
   if (option == "--list") {
     options.list = true;
+  } else if (option == "--windows") {
+    options.windows = true;
   } else if (option == "--help") {
     options.help = true;
   } else if (option == "--scenario" || option == "--logs") {
@@ -73,7 +75,8 @@ std::string ParseOption(const std::string& option, Values& values, Options& opti
 }  // namespace
 
 const std::string_view kHelp =
-    "usage: rehearse [--scenario NAME|FILE] [--language LANGID] [--answer ANSWER] [--logs FOLDER]\n"
+    "usage: rehearse [--windows] [--scenario NAME|FILE] [--language LANGID] [--answer ANSWER]\n"
+    "                [--logs FOLDER]\n"
     "       rehearse --list | --help\n"
     "\n"
     "Runs the restore program on a simulated server, shows its dialog and its log, and reports "
@@ -89,6 +92,9 @@ const std::string_view kHelp =
     "  --answer cancel-at PERCENT\n"
     "                     the user cancels the run as soon as the bar has come so far\n"
     "  --logs FOLDER      where the program's log is copied; ./out/Logs without this option\n"
+    "  --windows          the program of Windows itself, under Wine, on drives of a prefix of its "
+    "own;\n"
+    "                     what the screen showed at the end lies beside the log\n"
     "  --list             the shipped scenarios and what they show\n"
     "  --help             this text\n"
     "\n"
@@ -100,6 +106,9 @@ std::string ParseArguments(const std::vector<std::string>& arguments, Options& o
   while (!values.IsAtEnd()) {
     std::string wrong = ParseOption(values.Take(), values, options);
     if (!wrong.empty()) return wrong;
+  }
+  if (options.windows && options.intention.wish == Wish::kCancel) {
+    return "--answer cancel-at is not for --windows";
   }
   return "";
 }

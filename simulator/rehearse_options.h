@@ -19,6 +19,7 @@ struct Options {
   std::filesystem::path logs = "out/Logs";
   std::optional<LANGID> language;  // instead of the scenario's
   Intention intention;
+  bool windows = false;  // the program of Windows, under Wine
   bool list = false;
   bool help = false;
 };

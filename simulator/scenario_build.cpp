@@ -12,9 +12,7 @@
 #include "simulator/model/well_known_sids.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/scenario.h"
-#include "simulator/tools/bcdboot.h"
-#include "simulator/tools/bcdedit.h"
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/server_tools.h"
 
 namespace simulator {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/files.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 

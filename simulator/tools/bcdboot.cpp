@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "simulator/model/path_name.h"
-#include "simulator/model/server.h"
 #include "simulator/model/windows_boot.h"
+#include "simulator/tools/machine.h"
 
 namespace simulator {
 namespace {
@@ -35,17 +35,15 @@ char UpperLetter(char letter) {
 }
 
 // "C:"; nothing when no volume has the letter.
-std::optional<std::string> MountedDrive(const std::string& drive, const Files& files) {
-  if (drive.size() != 2 || drive[1] != ':' || !files.VolumeAt(drive[0])) return std::nullopt;
+std::optional<std::string> MountedDrive(const std::string& drive, const Machine& machine) {
+  if (drive.size() != 2 || drive[1] != ':' || !machine.IsTaken(drive[0])) return std::nullopt;
   return std::string{UpperLetter(drive[0]), ':'};
 }
 
 // "C:\Windows"; nothing when it is no folder of a drive.
-std::optional<std::string> WindowsFolder(const std::string& source, const Files& files) {
-  DWORD attributes = 0;
-  if (files.Attributes(source, &attributes) != ERROR_SUCCESS) return std::nullopt;
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return std::nullopt;
-  std::string folder = files.FullPath(source);
+std::optional<std::string> WindowsFolder(const std::string& source, const Machine& machine) {
+  if (!machine.IsFolder(source)) return std::nullopt;
+  std::string folder = machine.FullPath(source);
   if (folder.size() < 3 || folder[1] != ':') return std::nullopt;
   folder[0] = UpperLetter(folder[0]);
   return folder;
@@ -94,28 +92,20 @@ BootEntry RebuiltManager(const BootStore& store, const std::string& drive,
   return manager;
 }
 
-DWORD Main(Server& server, ChildProcess& child) {
-  std::vector<std::string> arguments = child.Arguments();
-  arguments.erase(arguments.begin());
-  return Finish(RunBcdboot(arguments, server), child);
-}
-
 }  // namespace
 
-ToolResult RunBcdboot(const std::vector<std::string>& arguments, Server& server) {
+ToolResult RunBcdboot(const std::vector<std::string>& arguments, Machine& machine) {
   const std::optional<Options> options = ReadOptions(arguments);
   if (!options) return Failure();
-  const std::optional<std::string> drive = MountedDrive(options->drive, server.files());
-  const std::optional<std::string> folder = WindowsFolder(options->source, server.files());
+  const std::optional<std::string> drive = MountedDrive(options->drive, machine);
+  const std::optional<std::string> folder = WindowsFolder(options->source, machine);
   if (!drive || !folder) return Failure();
 
-  Boot& boot = server.boot();
+  Boot& boot = machine.boot();
   BootEntry loader = LoaderToKeep(boot, {*folder, "Windows Server", options->locale});
   BootEntry manager = RebuiltManager(boot.store, *drive, loader);
   boot.store.entries = {std::move(manager), std::move(loader)};
   return {"Boot files successfully created.\r\n", 0};
 }
-
-Program BcdbootProgram() { return Main; }
 
 }  // namespace simulator

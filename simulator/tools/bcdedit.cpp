@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "simulator/model/open_file.h"
 #include "simulator/model/path_name.h"
-#include "simulator/model/server.h"
 #include "simulator/model/system_messages.h"
 #include "simulator/tools/bcdedit_output.h"
 #include "simulator/tools/boot_store_file.h"
+#include "simulator/tools/machine.h"
 
 namespace simulator {
 namespace {
@@ -37,35 +35,19 @@ ToolResult Misuse(const std::string& what) {
               ERROR_INVALID_PARAMETER);
 }
 
-ToolResult Export(const std::string& path, Server& server) {
-  const OpenMode mode{.write = true, .creation = Creation::kCreateAlways};
-  std::shared_ptr<OpenFile> file;
-  DWORD error = server.files().Open(path, mode, &file);
-  size_t written = 0;
-  if (error == ERROR_SUCCESS) error = file->Write(BootStoreFile(server.boot().store), &written);
+ToolResult Export(const std::string& path, Machine& machine) {
+  const DWORD error = machine.WriteTo(path, BootStoreFile(machine.boot().store));
   return error == ERROR_SUCCESS ? Done() : Fail(kExportFailed, error);
 }
 
-DWORD ReadAll(const std::string& path, Files& files, std::string* bytes) {
-  std::shared_ptr<OpenFile> file;
-  DWORD error = files.Open(path, {.read = true}, &file);
-  char buffer[4096];
-  size_t read = sizeof buffer;
-  while (error == ERROR_SUCCESS && read > 0) {
-    error = file->Read(buffer, sizeof buffer, &read);
-    bytes->append(buffer, read);
-  }
-  return error;
-}
-
-ToolResult Import(const std::string& path, Server& server) {
+ToolResult Import(const std::string& path, Machine& machine) {
   std::string bytes;
-  const DWORD error = ReadAll(path, server.files(), &bytes);
+  const DWORD error = machine.ReadFrom(path, &bytes);
   if (error != ERROR_SUCCESS) return Fail(kImportFailed, error);
   std::optional<BootStore> store = ParseBootStoreFile(bytes);
   // The text for ERROR_BADDB.
   if (!store) return Fail(kImportFailed, "The configuration registry database is corrupt.");
-  server.boot().store = *std::move(store);
+  machine.boot().store = *std::move(store);
   return Done();
 }
 
@@ -109,16 +91,10 @@ ToolResult Delete(const std::string& text, Boot& boot) {
   return Done();
 }
 
-DWORD Main(Server& server, ChildProcess& child) {
-  std::vector<std::string> arguments = child.Arguments();
-  arguments.erase(arguments.begin());
-  return Finish(RunBcdedit(arguments, server), child);
-}
-
 }  // namespace
 
-ToolResult RunBcdedit(const std::vector<std::string>& arguments, Server& server) {
-  if (arguments.empty()) return {BootListing(server.boot(), server.system().language), 0};
+ToolResult RunBcdedit(const std::vector<std::string>& arguments, Machine& machine) {
+  if (arguments.empty()) return {BootListing(machine.boot(), machine.system().language), 0};
   const std::string command = NameKey(arguments[0]);
   if (command != "/export" && command != "/import" && command != "/delete") {
     return Misuse("Invalid command line switch: " + arguments[0]);
@@ -126,11 +102,9 @@ ToolResult RunBcdedit(const std::vector<std::string>& arguments, Server& server)
   if (arguments.size() != 2) {
     return Misuse("The " + command.substr(1) + " command specified is not valid.");
   }
-  if (command == "/export") return Export(arguments[1], server);
-  if (command == "/import") return Import(arguments[1], server);
-  return Delete(arguments[1], server.boot());
+  if (command == "/export") return Export(arguments[1], machine);
+  if (command == "/import") return Import(arguments[1], machine);
+  return Delete(arguments[1], machine.boot());
 }
-
-Program BcdeditProgram() { return Main; }
 
 }  // namespace simulator

@@ -1,12 +1,11 @@
 #include "simulator/tools/diskpart.h"
 
 #include <optional>
-#include <vector>
 
-#include "simulator/model/server.h"
 #include "simulator/model/unsupported.h"
 #include "simulator/tools/diskpart_output.h"
 #include "simulator/tools/diskpart_script.h"
+#include "simulator/tools/machine.h"
 
 namespace simulator {
 namespace {
@@ -18,7 +17,7 @@ constexpr DWORD kCommandFailed = 5;
 // The state that the commands of one script share.
 class Session {
  public:
-  explicit Session(Server& server) : server_(server) {}
+  explicit Session(Machine& machine) : machine_(machine) {}
 
   // False when the command failed; Output() then ends with the reason.
   bool Execute(const DiskpartCommand& command);
@@ -35,7 +34,7 @@ class Session {
   // The volume of the selected partition; null when it shows none.
   Volume* SelectedVolume() const;
 
-  Server& server_;
+  Machine& machine_;
   const Disk* disk_ = nullptr;
   const Partition* partition_ = nullptr;
   std::string output_;
@@ -56,9 +55,9 @@ bool Session::Execute(const DiskpartCommand& command) {
     case DiskpartVerb::kNothing:
       return true;
     case DiskpartVerb::kListDisk:
-      output_ += DiskListing(server_.disks(),
+      output_ += DiskListing(machine_.disks(),
                              disk_ == nullptr ? std::nullopt : std::optional(disk_->number),
-                             server_.system());
+                             machine_.system());
       return true;
     case DiskpartVerb::kSelectDisk:
       return SelectDisk(command.number);
@@ -81,14 +80,14 @@ bool Session::Execute(const DiskpartCommand& command) {
       break;
   }
   // The real tool goes on with a list of all its commands.
-  output_ += "\r\n" + DiskpartVersion(server_.system());
+  output_ += "\r\n" + DiskpartVersion(machine_.system());
   return false;
 }
 
 bool Session::SelectDisk(int number) {
   disk_ = nullptr;
   partition_ = nullptr;
-  for (const Disk& disk : server_.disks()) {
+  for (const Disk& disk : machine_.disks()) {
     if (disk.number == number) disk_ = &disk;
   }
   if (disk_ == nullptr) {
@@ -117,8 +116,7 @@ bool Session::DetailDisk() {
   if (disk_ == nullptr) {
     return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
   }
-  output_ +=
-      DiskDetail(server_.disks(), *disk_, SelectedVolume(), server_.files(), server_.system());
+  output_ += DiskDetail(*disk_, SelectedVolume(), machine_);
   return true;
 }
 
@@ -133,18 +131,17 @@ bool Session::Assign(std::optional<char> letter) {
   if (volume == nullptr) {
     return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
   }
-  Files& files = server_.files();
-  const std::optional<char> present = files.LetterOf(*volume);
+  const std::optional<char> present = machine_.LetterOf(*volume);
   if (present && (!letter || letter == present)) return Done(kAssigned);
-  if (!letter) letter = files.FreeLetter();
-  if (!letter || files.VolumeAt(*letter)) {
+  if (!letter) letter = machine_.FreeLetter();
+  if (!letter || machine_.IsTaken(*letter)) {
     return Fail("The specified drive letter is not free to be assigned.");
   }
   if (present && partition_->info == "Boot") {
     return Fail("DiskPart cannot change the drive letter of a boot or paging file volume.");
   }
-  if (present) files.Unmount(*present);
-  files.Mount(*letter, partition_->volume);
+  if (present) machine_.Unmount(*present);
+  machine_.Mount(*letter, partition_->volume);
   return Done(kAssigned);
 }
 
@@ -153,42 +150,20 @@ bool Session::Remove() {
   if (volume == nullptr) {
     return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
   }
-  const std::optional<char> letter = server_.files().LetterOf(*volume);
+  const std::optional<char> letter = machine_.LetterOf(*volume);
   if (!letter) return Fail("There is no drive letter or mount point to remove.");
   if (partition_->info == "Boot") {
     return Fail("DiskPart cannot remove the drive letter of a boot or paging file volume.");
   }
-  server_.files().Unmount(*letter);
+  machine_.Unmount(*letter);
   return Done("DiskPart successfully removed the drive letter or mount point.");
-}
-
-DWORD Main(Server& server, ChildProcess& child) {
-  const std::vector<std::string> arguments = child.Arguments();
-  if (arguments.size() == 1) Unsupported("diskpart: commands from the standard input");
-  const std::string banner = DiskpartBanner(server.system());
-  if (arguments.size() != 3 || (arguments[1] != "/s" && arguments[1] != "/S")) {
-    child.WriteOutput(banner +
-                      "\r\n"
-                      "Microsoft DiskPart syntax:\r\n"
-                      "\tdiskpart [/s <script>] [/?]\r\n"
-                      "\r\n"
-                      "\t/s <script> - Use a DiskPart script.\r\n"
-                      "\t/?          - Show this help screen.\r\n");
-    return kBadParameters;
-  }
-  const std::optional<std::string> script = server.files().Read(arguments[2]);
-  if (!script) {
-    child.WriteOutput(banner + "\r\nError opening script file: " + arguments[2] + "\r\n");
-    return kNoScript;
-  }
-  return Finish(RunDiskpart(*script, server), child);
 }
 
 }  // namespace
 
-ToolResult RunDiskpart(std::string_view script, Server& server) {
-  Session session(server);
-  const std::string banner = DiskpartBanner(server.system());
+ToolResult RunDiskpartScript(std::string_view script, Machine& machine) {
+  Session session(machine);
+  const std::string banner = DiskpartBanner(machine.system());
   while (!script.empty()) {
     const size_t end = script.find('\n');
     const DiskpartCommand command = ParseDiskpartCommand(script.substr(0, end));
@@ -199,6 +174,24 @@ ToolResult RunDiskpart(std::string_view script, Server& server) {
   return {banner + session.Output(), 0};
 }
 
-Program DiskpartProgram() { return Main; }
+ToolResult RunDiskpart(const std::vector<std::string>& arguments, Machine& machine) {
+  if (arguments.empty()) Unsupported("diskpart: commands from the standard input");
+  const std::string banner = DiskpartBanner(machine.system());
+  if (arguments.size() != 2 || (arguments[0] != "/s" && arguments[0] != "/S")) {
+    return {banner +
+                "\r\n"
+                "Microsoft DiskPart syntax:\r\n"
+                "\tdiskpart [/s <script>] [/?]\r\n"
+                "\r\n"
+                "\t/s <script> - Use a DiskPart script.\r\n"
+                "\t/?          - Show this help screen.\r\n",
+            kBadParameters};
+  }
+  std::string script;
+  if (machine.ReadFrom(arguments[1], &script) != ERROR_SUCCESS) {
+    return {banner + "\r\nError opening script file: " + arguments[1] + "\r\n", kNoScript};
+  }
+  return RunDiskpartScript(script, machine);
+}
 
 }  // namespace simulator

@@ -4,6 +4,7 @@
 
 #include "simulator/model/unsupported.h"
 #include "simulator/tools/columns.h"
+#include "simulator/tools/machine.h"
 
 namespace simulator {
 namespace {
@@ -13,6 +14,9 @@ bool IsOld(const System& system) { return system.major_version < 6; }
 
 const char* Copyright(const System& system) {
   if (IsOld(system)) return "Copyright (C) 1999-2001 Microsoft Corporation.\r\n";
+  if (system.major_version == 6 && system.minor_version == 0) {
+    return "Copyright (C) 1999-2007 Microsoft Corporation.\r\n";
+  }
   if (system.major_version == 6 && system.minor_version == 1) {
     return "Copyright (C) 1999-2008 Microsoft Corporation.\r\n";
   }
@@ -35,13 +39,13 @@ std::string VolumeType(const Volume& volume) {
 }
 
 std::string VolumeLine(int number, const Partition& partition, const Volume* selected,
-                       const Files& files) {
+                       const Machine& machine) {
   const Volume& volume = *partition.volume;
   constexpr size_t kNameWidth = 10, kLabelWidth = 11, kFileSystemWidth = 5, kTypeWidth = 10;
   constexpr size_t kSizeWidth = 7, kStatusWidth = 9, kInfoWidth = 8;
   std::string line = &volume == selected ? "* " : "  ";
   line += LeftColumn("Volume " + std::to_string(number), kNameWidth) + "   ";
-  line += files.LetterOf(volume).value_or(' ');
+  line += machine.LetterOf(volume).value_or(' ');
   line += "   ";
   line += LeftColumn(volume.label, kLabelWidth) + "  ";
   line += LeftColumn(volume.file_system, kFileSystemWidth) + "  ";
@@ -82,8 +86,6 @@ std::string Properties(const Disk& disk, const System& system) {
 }  // namespace
 
 std::string DiskpartVersion(const System& system) {
-  const bool simulated = IsOld(system) || system.major_version > 6 || system.minor_version >= 1;
-  if (!simulated) Unsupported("diskpart of Windows 6.0");
   std::string version = "Microsoft DiskPart version " + std::to_string(system.major_version) + "." +
                         std::to_string(system.minor_version) + "." + std::to_string(system.build);
   if (system.major_version >= 10) version += ".0";
@@ -115,16 +117,15 @@ std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selec
   return text;
 }
 
-std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
-                       const Files& files, const System& system) {
-  std::string text = Properties(disk, system);
+std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& machine) {
+  std::string text = Properties(disk, machine.system());
   std::string lines;
   int number = 0;
-  for (const Disk& other : disks) {
+  for (const Disk& other : machine.disks()) {
     if (!other.online) continue;
     for (const Partition& partition : other.partitions) {
       if (!partition.volume) continue;
-      if (&other == &disk) lines += VolumeLine(number, partition, selected, files);
+      if (&other == &disk) lines += VolumeLine(number, partition, selected, machine);
       ++number;
     }
   }

@@ -11,25 +11,25 @@
 #include <vector>
 
 #include "simulator/model/disks.h"
-#include "simulator/model/files.h"
 #include "simulator/model/system.h"
 
 namespace simulator {
 
+class Machine;
+
 // "Microsoft DiskPart version 10.0.14393.0".
 std::string DiskpartVersion(const System& system);
 
-// Version, copyright and computer. Windows 6.0 is not simulated.
+// Version, copyright and computer.
 std::string DiskpartBanner(const System& system);
 
 // The answer to "list disk". The selected disk's line is marked.
 std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,
                         const System& system);
 
-// The answer to "detail disk" for one of the server's disks. Volumes are counted over all disks,
+// The answer to "detail disk" for one of the machine's disks. Volumes are counted over all disks,
 // in the order of the disks and their partitions; the selected one's line is marked.
-std::string DiskDetail(const std::vector<Disk>& disks, const Disk& disk, const Volume* selected,
-                       const Files& files, const System& system);
+std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& machine);
 
 }  // namespace simulator
 

@@ -8,16 +8,11 @@
 
 namespace simulator {
 
-class ChildProcess;
-
 struct ToolResult {
   std::string output;
   DWORD exit_code = 0;
   std::string error_output = {};
 };
-
-// Writes the output, then the error output, and tells the exit code.
-DWORD Finish(const ToolResult& result, ChildProcess& child);
 
 }  // namespace simulator
 

@@ -7,7 +7,7 @@
 #include "restore/stages.h"
 #include "simulator/model/server.h"
 #include "simulator/model/windows_boot.h"
-#include "simulator/tools/bcdedit.h"
+#include "simulator/tools/server_tools.h"
 #include "support/recording_logger.h"
 #include "support/simulated_boot_tools.h"
 

@@ -8,7 +8,7 @@
 
 #include "restore/stages.h"
 #include "simulator/model/server.h"
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/server_tools.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
 
@@ -25,7 +25,8 @@ class RestoreDisksTest : public testing::Test {
  protected:
   RestoreDisksTest()
       : diskpart_(server_, [this](const std::string& commands) -> tests::DiskpartReply {
-          const simulator::ToolResult result = simulator::RunDiskpart(Uncut(commands), server_);
+          const simulator::ToolResult result =
+              simulator::RunDiskpartScript(Uncut(commands), server_);
           return {result.exit_code, result.output};
         }) {}
 

@@ -1,4 +1,4 @@
-#include "simulator/tools/bcdboot.h"
+#include "simulator/tools/server_tools.h"
 
 #include <gtest/gtest.h>
 

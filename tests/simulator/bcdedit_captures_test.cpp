@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "simulator/model/server.h"
-#include "simulator/tools/bcdedit.h"
+#include "simulator/tools/server_tools.h"
 #include "support/samples.h"
 
 namespace simulator {

@@ -1,10 +1,9 @@
-#include "simulator/tools/diskpart.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "simulator/model/server.h"
+#include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/simulated_disks.h"
 
@@ -17,7 +16,7 @@ using tests::RunChild;
 
 TEST(Diskpart, PrintsItsBannerForAnEmptyScript) {
   Server server;
-  const ToolResult result = RunDiskpart("", server);
+  const ToolResult result = RunDiskpartScript("", server);
   EXPECT_EQ(result.output,
             "\r\nMicrosoft DiskPart version 10.0.14393.0\r\n\r\n"
             "Copyright (C) 1999-2013 Microsoft Corporation.\r\nOn computer: MIGRATED\r\n");
@@ -111,14 +110,14 @@ TEST(Diskpart, AssignWithoutALetterTakesTheFirstFreeOne) {
   Server server;
   AddTwoDisks(server);
   server.files().Unmount('E');
-  EXPECT_EQ(RunDiskpart("sel disk 1\r\nsel part 1\r\nassign", server).exit_code, 0u);
+  EXPECT_EQ(RunDiskpartScript("sel disk 1\r\nsel part 1\r\nassign", server).exit_code, 0u);
   EXPECT_EQ(server.files().LetterOf(*server.disks()[1].partitions[0].volume), 'D');
 }
 
 TEST(Diskpart, AssignWithoutALetterKeepsTheOneThatIsThere) {
   Server server;
   AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpart("sel disk 1\r\nsel part 1\r\nassign", server).exit_code, 0u);
+  EXPECT_EQ(RunDiskpartScript("sel disk 1\r\nsel part 1\r\nassign", server).exit_code, 0u);
   EXPECT_EQ(server.files().LetterOf(*server.disks()[1].partitions[0].volume), 'E');
 }
 
@@ -134,7 +133,7 @@ TEST(Diskpart, RemovesALetter) {
 TEST(Diskpart, StopsAtTheFirstCommandThatFails) {
   Server server;
   AddTwoDisks(server);
-  const ToolResult result = RunDiskpart("assign letter=Z\r\nlist disk\r\n", server);
+  const ToolResult result = RunDiskpartScript("assign letter=Z\r\nlist disk\r\n", server);
   EXPECT_EQ(result.exit_code, 5u);
   EXPECT_TRUE(result.output.ends_with("Please select a volume and try again.\r\n"));
 }
@@ -142,7 +141,7 @@ TEST(Diskpart, StopsAtTheFirstCommandThatFails) {
 TEST(Diskpart, EndsAtExit) {
   Server server;
   AddTwoDisks(server);
-  const ToolResult result = RunDiskpart("exit\r\nbogus\r\n", server);
+  const ToolResult result = RunDiskpartScript("exit\r\nbogus\r\n", server);
   EXPECT_EQ(result.exit_code, 0u);
   EXPECT_TRUE(result.output.ends_with("\r\nLeaving DiskPart...\r\n"));
 }
@@ -150,15 +149,15 @@ TEST(Diskpart, EndsAtExit) {
 TEST(Diskpart, MayNotTakeTheLetterOfTheBootVolume) {
   Server server;
   AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpart("sel disk 0\nsel part 1\nremove", server).exit_code, 5u);
-  EXPECT_EQ(RunDiskpart("sel disk 0\nsel part 1\nassign letter=Z", server).exit_code, 5u);
+  EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nremove", server).exit_code, 5u);
+  EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nassign letter=Z", server).exit_code, 5u);
   EXPECT_EQ(server.files().VolumeAt('C'), server.disks()[0].partitions[0].volume);
 }
 
 TEST(Diskpart, SelectingADiskDropsTheSelectedPartition) {
   Server server;
   AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpart("sel disk 1\nsel part 1\nsel disk 1\nremove", server).exit_code, 5u);
+  EXPECT_EQ(RunDiskpartScript("sel disk 1\nsel part 1\nsel disk 1\nremove", server).exit_code, 5u);
 }
 
 struct Refusal {
@@ -171,7 +170,7 @@ class DiskpartRefuses : public testing::TestWithParam<Refusal> {};
 TEST_P(DiskpartRefuses, WithTheToolsReasonAndCode5) {
   Server server;
   AddTwoDisks(server);
-  const ToolResult result = RunDiskpart(GetParam().script, server);
+  const ToolResult result = RunDiskpartScript(GetParam().script, server);
   EXPECT_EQ(result.exit_code, 5u);
   EXPECT_TRUE(result.output.ends_with("\r\n\r\n" + std::string(GetParam().reason) + "\r\n"))
       << result.output;
@@ -218,7 +217,7 @@ class DiskpartAccepts : public testing::TestWithParam<const char*> {};
 TEST_P(DiskpartAccepts, LaxSpellingsOfOneScript) {
   Server server;
   AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpart(GetParam(), server).exit_code, 0u);
+  EXPECT_EQ(RunDiskpartScript(GetParam(), server).exit_code, 0u);
   EXPECT_EQ(server.files().VolumeAt('G'), server.disks()[1].partitions[0].volume);
 }
 
@@ -235,7 +234,7 @@ TEST(DiskpartDeathTest, EndsTheProcessForACommandThatOnlyTheRealToolKnows) {
   EXPECT_DEATH(
       {
         Server server;
-        RunDiskpart("clean", server);
+        RunDiskpartScript("clean", server);
       },
       "diskpart: clean");
 }
@@ -245,7 +244,7 @@ TEST(DiskpartProgram, RunsTheScriptThatItsArgumentNames) {
   AddTwoDisks(server);
   server.processes().Install("diskpart", DiskpartProgram());
   server.files().Write("C:\\s.1", "sel disk 1\r\r\nbogus");
-  const ToolResult direct = RunDiskpart("sel disk 1\r\r\nbogus", server);
+  const ToolResult direct = RunDiskpartScript("sel disk 1\r\r\nbogus", server);
   for (const char* const command : {"diskpart /s C:\\s.1", "DISKPART.EXE /S \"C:\\s.1\""}) {
     const ToolResult result = RunChild(command);
     EXPECT_EQ(result.output, direct.output);

@@ -17,8 +17,15 @@ TEST(RehearseOptions, AreTheDefaultsWithoutArguments) {
   EXPECT_EQ(options.logs, "out/Logs");
   EXPECT_FALSE(options.language);
   EXPECT_EQ(options.intention.wish, Wish::kRestart);
+  EXPECT_FALSE(options.windows);
   EXPECT_FALSE(options.list);
   EXPECT_FALSE(options.help);
+}
+
+TEST(RehearseOptions, TellTheProgramOfWindows) {
+  Options options;
+  EXPECT_EQ(ParseArguments({"--windows", "--answer", "later"}, options), "");
+  EXPECT_TRUE(options.windows);
 }
 
 TEST(RehearseOptions, TakeEveryOptionTogether) {
@@ -49,6 +56,7 @@ TEST(RehearseOptions, NameWhatIsWrong) {
     Arguments arguments;
     const char* wrong;
   } kCases[] = {
+      {{"--windows", "--answer", "cancel-at", "40"}, "--answer cancel-at is not for --windows"},
       {{"--quick"}, "unknown argument \"--quick\""},
       {{"40"}, "unknown argument \"40\""},
       {{"--scenario"}, "--scenario needs a value"},

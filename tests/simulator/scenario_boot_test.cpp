@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "simulator/model/server.h"
-#include "simulator/tools/bcdedit.h"
+#include "simulator/tools/server_tools.h"
 #include "support/simulated_scenario_test.h"
 
 namespace simulator {

@@ -7,7 +7,7 @@
 
 #include "simulator/model/server.h"
 #include "simulator/report_letters.h"
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/simulated_scenario_test.h"
 
@@ -343,7 +343,7 @@ TEST(GatherLetters, TellsLettersBeforeAndAfterAMove) {
   const Scenario scenario = ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / "default.json");
   Server server;
   Build(scenario, server);
-  ASSERT_EQ(RunDiskpart("sel disk 3\nsel part 2\nassign letter=G", server).exit_code, 0u);
+  ASSERT_EQ(RunDiskpartScript("sel disk 3\nsel part 2\nassign letter=G", server).exit_code, 0u);
   const std::vector<VolumeLetters> volumes = GatherLetters(scenario, server);
   ASSERT_EQ(volumes.size(), 5u);
   EXPECT_EQ(volumes[3].disk, 3);

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "simulator/model/server.h"
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/server_tools.h"
 
 namespace tests {
 
@@ -18,12 +18,12 @@ inline constexpr uint64_t kGB = uint64_t{1} << 30;
 
 // What the disk tool prints before the output of any command.
 inline std::string DiskpartBannerOf(simulator::Server& server) {
-  return simulator::RunDiskpart("", server).output;
+  return simulator::RunDiskpartScript("", server).output;
 }
 
 // What it prints behind that.
 inline std::string DiskpartOutput(std::string_view script, simulator::Server& server) {
-  return simulator::RunDiskpart(script, server).output.substr(DiskpartBannerOf(server).size());
+  return simulator::RunDiskpartScript(script, server).output.substr(DiskpartBannerOf(server).size());
 }
 
 // The server's own volume for the letter C, else a new one.

@@ -1,0 +1,140 @@
+#include "simulator/rehearse_windows.h"
+
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/model/windows_boot.h"
+#include "simulator/report_boot.h"
+#include "simulator/report_descriptors.h"
+#include "simulator/report_junctions.h"
+#include "simulator/report_letters.h"
+#include "simulator/report_restart.h"
+#include "simulator/screen.h"
+#include "simulator/wine/wine_descriptors.h"
+#include "simulator/wine/wine_run.h"
+#include "ui/resource.h"
+
+namespace simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PrefixFolder(const std::string& name) {
+  return fs::path(VANTORO_SOURCE_DIR) / "build" / "wine" / name;
+}
+
+ShownDialog AsShown(const WatchedDialog& watched) {
+  ShownControl bar;
+  bar.id = IDC_PROGRESS;
+  bar.window_class = "msctls_progress32";
+  bar.position = watched.position;
+  bar.maximum = watched.maximum;
+  ShownDialog dialog;
+  dialog.caption = watched.title;
+  dialog.visible = true;
+  dialog.controls.push_back(bar);
+  return dialog;
+}
+
+// Shows what has come to the log since it was looked at last.
+class LogReader {
+ public:
+  LogReader(const WineServer& server, Screen& screen) : server_(server), screen_(screen) {}
+
+  void Look() {
+    const std::string log = server_.Log();
+    screen_.ShowLog(log.substr(shown_));
+    shown_ = log.size();
+  }
+
+ private:
+  const WineServer& server_;
+  Screen& screen_;
+  size_t shown_ = 0;
+};
+
+void TakePicture(const fs::path& file) {
+  Run({.arguments = {"import", "-window", "root", file.string()},
+       .environment = {},
+       .folder = "."});
+  Run({.arguments = {"mogrify", "-trim", "+repage", "-strip", file.string()},
+       .environment = {},
+       .folder = "."});
+}
+
+std::vector<VolumeLetters> Letters(const Scenario& scenario, const WineServer& server) {
+  std::vector<VolumeLetters> volumes;
+  for (size_t d = 0; d < scenario.disks.size(); ++d) {
+    const int disk = static_cast<int>(d);
+    for (const ScenarioPartition& partition : scenario.disks[d].partitions) {
+      if (!partition.volume || !partition.volume->source_letter) continue;
+      volumes.push_back({disk, partition.number, partition.volume->label, partition.size,
+                         *partition.volume->source_letter, partition.volume->letter,
+                         server.LetterOf(disk, partition.number)});
+    }
+  }
+  return volumes;
+}
+
+// Wine makes none; their targets may be missing besides.
+std::vector<JunctionOutcome> Junctions(const Scenario& scenario, const WineServer& server) {
+  std::vector<JunctionOutcome> junctions;
+  for (const ScenarioDisk& disk : scenario.disks) {
+    for (const ScenarioPartition& partition : disk.partitions) {
+      if (!partition.volume || !partition.volume->source) continue;
+      for (const ScenarioJunction& junction : partition.volume->source->junctions) {
+        junctions.push_back(
+            {JunctionState::kNone, JunctionState::kNone, server.prefix().Exists(junction.target)});
+      }
+    }
+  }
+  return junctions;
+}
+
+}  // namespace
+
+bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
+  WineServer server(scenario, {}, PrefixFolder("rehearsal"));
+  const BootStore boot = server.State().boot.store;
+  std::cout << scenario.title << "\n\n";
+  Screen screen(std::cout, Screen::Kind::kPlain);
+  LogReader log(server, screen);
+  fs::create_directories(options.logs);
+  const fs::path picture = options.logs / "vantoro_restore.png";
+
+  WatchOptions watch;
+  watch.restarts = options.intention.wish == Wish::kRestart;
+  watch.on_dialog = [&](const WatchedDialog& dialog) {
+    log.Look();
+    screen.ShowDialog(AsShown(dialog));
+  };
+  watch.on_box = [&](const WatchedBox& box) {
+    log.Look();
+    TakePicture(picture);
+    const bool is_refused = box.buttons.size() > 1 && !watch.restarts;
+    screen.ShowBox({nullptr, box.text, box.caption, MB_OK, IDOK}, is_refused ? IDCANCEL : IDOK);
+  };
+  const WatchedRun run = RunWatched(server, watch);
+  log.Look();
+
+  std::cout
+      << "\n"
+      << BootReport(boot, server.State().boot.store) << LetterReport(Letters(scenario, server))
+      << JunctionReport(Junctions(scenario, server))
+      << DescriptorReport(GatherKeptDescriptors(scenario, server, PrefixFolder("plain")).outcome)
+      << RestartReport(run.shutdowns.empty() ? std::nullopt : std::optional(run.shutdowns.front()))
+      << "Wine makes no junctions, and keeps of a descriptor what fits into a file's mode: it "
+         "is\ncompared with what plain calls leave of the source's there.\n";
+  for (const fs::path& file : server.LogFiles()) {
+    fs::copy_file(file, options.logs / file.filename(), fs::copy_options::overwrite_existing);
+    std::cout << "log: " << (options.logs / file.filename()).string() << "\n";
+  }
+  std::cout << "picture: " << picture.string() << "\n";
+  // A run that succeeded asks about the restart.
+  return !run.boxes.empty() && run.boxes.back().buttons.size() > 1;
+}
+
+}  // namespace simulator

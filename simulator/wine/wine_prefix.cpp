@@ -1,0 +1,241 @@
+#include "simulator/wine/wine_prefix.h"
+
+#include <fcntl.h>
+#include <iconv.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include "simulator/model/path_name.h"
+
+namespace simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Language {
+  LANGID language;
+  const char* locale;  // of the host; what Wine takes its own from
+  const char* source;  // what localedef makes it of; nothing for one that every host has
+  const char* code_page;
+};
+
+constexpr Language kLanguages[] = {{1033, "C.UTF-8", "", "CP1252"},
+                                   {1031, "de_DE.UTF-8", "de_DE", "CP1252"},
+                                   {2052, "zh_CN.UTF-8", "zh_CN", "CP936"}};
+
+const Language& LanguageOf(LANGID language) {
+  const auto* const found =
+      std::find_if(std::begin(kLanguages), std::end(kLanguages),
+                   [&](const Language& each) { return each.language == language; });
+  if (found == std::end(kLanguages)) {
+    throw std::runtime_error("no locale of the host is known for the language " +
+                             std::to_string(language));
+  }
+  return *found;
+}
+
+// One process at a time makes what the others then use.
+class Lock {
+ public:
+  explicit Lock(const fs::path& file) : descriptor_(::open(file.c_str(), O_CREAT | O_RDWR, 0644)) {
+    if (descriptor_ < 0 || ::flock(descriptor_, LOCK_EX) != 0) {
+      throw std::system_error(errno, std::generic_category(), file.string());
+    }
+  }
+  ~Lock() { ::close(descriptor_); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+ private:
+  const int descriptor_;
+};
+
+void EndAll(const fs::path& prefix) {
+  HostProcess server({.arguments = {"wineserver", "-k"},
+                      .environment = {{"WINEPREFIX", prefix.string()}},
+                      .folder = prefix});
+}
+
+// Nothing of the host is left: no drive and no device, no folder that leads out.
+void Isolate(const fs::path& prefix) {
+  for (const auto& link : fs::directory_iterator(prefix / "dosdevices")) {
+    if (link.path().filename() != "c:") fs::remove(link.path());
+  }
+  for (const auto& user : fs::directory_iterator(prefix / "drive_c" / "users")) {
+    for (const auto& folder : fs::directory_iterator(user.path())) {
+      if (!folder.is_symlink()) continue;
+      fs::remove(folder.path());
+      fs::create_directory(folder.path());
+    }
+  }
+}
+
+fs::path MakeBase(const fs::path& parent) {
+  const fs::path base = parent / "base";
+  const fs::path done = parent / "base.done";
+  fs::create_directories(parent);
+  const Lock lock(parent / "making.lock");
+  if (fs::exists(done)) return base;
+  fs::remove_all(base);
+  Run({.arguments = {VANTORO_SOURCE_DIR "/cmake/wine-run", "cmd", "/c", "exit"},
+       .environment = {{"WINEPREFIX", base.string()}, {"LC_ALL", "C.UTF-8"}},
+       .folder = parent});
+  Run({.arguments = {"wineserver", "-w"},
+       .environment = {{"WINEPREFIX", base.string()}},
+       .folder = parent});
+  Isolate(base);
+  std::ofstream(done) << "made\n";
+  return base;
+}
+
+void MakeLocale(const fs::path& folder, const Language& language) {
+  if (*language.source == '\0') return;
+  fs::create_directories(folder);
+  const Lock lock(folder / (std::string(language.locale) + ".lock"));
+  if (fs::exists(folder / language.locale / "LC_CTYPE")) return;
+  // Warns, and ends with 1, for locales that are well known to be so.
+  HostProcess definition({.arguments = {"localedef", "-c", "-i", language.source, "-f", "UTF-8",
+                                        (folder / language.locale).string()},
+                          .environment = {},
+                          .folder = folder});
+  definition.Wait();
+  if (!fs::exists(folder / language.locale / "LC_CTYPE")) {
+    throw std::runtime_error(std::string("localedef has not made ") + language.locale);
+  }
+}
+
+// Folders are made, files linked: they are the same for all.
+void LinkTree(const fs::path& from, const fs::path& to) {
+  fs::copy(from, to,
+           fs::copy_options::recursive | fs::copy_options::create_hard_links |
+               fs::copy_options::copy_symlinks);
+}
+
+void Append(const fs::path& file, const std::string& section, const std::string& values) {
+  std::ofstream(file, std::ios::app) << "\n[" << section << "] 1\n" << values << "\n";
+}
+
+}  // namespace
+
+WinePrefix::WinePrefix(fs::path folder, LANGID language)
+    : folder_(std::move(folder)), language_(language) {
+  const fs::path base = MakeBase(folder_.parent_path());
+  MakeLocale(folder_.parent_path() / "locales", LanguageOf(language));
+  if (fs::exists(folder_)) EndAll(folder_);
+  fs::remove_all(folder_);
+  LinkTree(base, folder_);
+  // Those that are written in place must be files of their own.
+  for (const char* const registry : {"system.reg", "user.reg", "userdef.reg"}) {
+    fs::remove(folder_ / registry);
+    fs::copy_file(base / registry, folder_ / registry);
+  }
+}
+
+WinePrefix::~WinePrefix() { EndAll(folder_); }
+
+fs::path WinePrefix::VolumeFolder(const std::string& name) const {
+  return folder_ / "volumes" / name;
+}
+
+std::string WinePrefix::VolumeLink(const std::string& name) { return "../volumes/" + name; }
+
+fs::path WinePrefix::OnSystemVolume(std::string_view path) const {
+  return Below(folder_ / "drive_c", path);
+}
+
+fs::path WinePrefix::Below(fs::path folder, std::string_view path) {
+  for (const std::string& name : NamesBelowRoot(path)) {
+    fs::path next = folder / name;
+    if (!fs::exists(next) && fs::is_directory(folder)) {
+      for (const auto& entry : fs::directory_iterator(folder)) {
+        if (NameKey(entry.path().filename().string()) == NameKey(name)) next = entry.path();
+      }
+    }
+    folder = std::move(next);
+  }
+  return folder;
+}
+
+void WinePrefix::DefineDrive(char letter, const std::string& link, UINT type) {
+  const std::string name = NameKey(std::string(1, letter)) + ":";
+  fs::create_symlink(link, folder_ / "dosdevices" / name);
+  if (type != DRIVE_FIXED) {
+    AddToMachineRegistry("Software\\\\Wine\\\\Drives", "\"" + name + "\"=\"floppy\"");
+  }
+}
+
+std::vector<std::pair<char, std::string>> WinePrefix::Drives() const {
+  std::vector<std::pair<char, std::string>> drives;
+  for (const auto& link : fs::directory_iterator(folder_ / "dosdevices")) {
+    const std::string name = link.path().filename().string();
+    if (name.size() != 2 || name[1] != ':') continue;
+    drives.emplace_back(static_cast<char>(name[0] - 'a' + 'A'), fs::read_symlink(link.path()));
+  }
+  std::sort(drives.begin(), drives.end());
+  return drives;
+}
+
+bool WinePrefix::Exists(std::string_view path) const {
+  constexpr size_t kRoot = 3;  // "C:\\"
+  for (const auto& [letter, link] : Drives()) {
+    if (NameKey(path.substr(0, 1)) != NameKey(std::string(1, letter))) continue;
+    return fs::exists(Below(folder_ / "dosdevices" / link, path.substr(kRoot)));
+  }
+  return false;
+}
+
+void WinePrefix::AddToUserRegistry(const std::string& section, const std::string& values) {
+  Append(folder_ / "user.reg", section, values);
+}
+
+void WinePrefix::AddToMachineRegistry(const std::string& section, const std::string& values) {
+  Append(folder_ / "system.reg", section, values);
+}
+
+HostCommand WinePrefix::Command(std::vector<std::string> arguments) const {
+  arguments.insert(arguments.begin(), VANTORO_SOURCE_DIR "/cmake/wine-run");
+  return {.arguments = std::move(arguments),
+          .environment = {{"WINEPREFIX", folder_.string()},
+                          {"WINEDEBUG", "-all,fixme+advapi,fixme+progress"},
+                          {"LOCPATH", (folder_.parent_path() / "locales").string()},
+                          {"LC_ALL", LanguageOf(language_).locale}},
+          .folder = folder_ / "drive_c",
+          .errors = folder_ / "errors.txt"};
+}
+
+const char* CodePageOf(LANGID language) { return LanguageOf(language).code_page; }
+
+std::string InCodePage(std::string_view text, LANGID language) {
+  const iconv_t converter = ::iconv_open(CodePageOf(language), "UTF-8");
+  if (converter == reinterpret_cast<iconv_t>(-1)) {
+    throw std::runtime_error(std::string("iconv does not know ") + CodePageOf(language));
+  }
+  std::string copy(text);
+  std::string converted(text.size() * 2 + 1, '\0');
+  char* in = copy.data();
+  size_t in_left = copy.size();
+  char* out = converted.data();
+  size_t out_left = converted.size();
+  while (in_left > 0 &&
+         ::iconv(converter, &in, &in_left, &out, &out_left) == static_cast<size_t>(-1)) {
+    *out++ = '?';
+    --out_left;
+    // Behind the character, with the bytes that continue it.
+    do {
+      ++in;
+      --in_left;
+    } while (in_left > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80);
+  }
+  ::iconv_close(converter);
+  converted.resize(converted.size() - out_left);
+  return converted;
+}
+
+}  // namespace simulator

@@ -1,0 +1,65 @@
+// Wine prefixes: machines on which the program of Windows runs. One is made as a whole, the others
+// are its copies.
+#ifndef SIMULATOR_WINE_WINE_PREFIX_H_
+#define SIMULATOR_WINE_WINE_PREFIX_H_
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/wine/host_process.h"
+
+namespace simulator {
+
+class WinePrefix {
+ public:
+  // A fresh machine with drive C alone, in a folder that is made anew. What is copied from is made
+  // at the first call below `folder`'s parent. Throws std::exception when any of it fails.
+  WinePrefix(std::filesystem::path folder, LANGID language);
+  // Ends all that still runs there.
+  ~WinePrefix();
+  WinePrefix(const WinePrefix&) = delete;
+  WinePrefix& operator=(const WinePrefix&) = delete;
+
+  const std::filesystem::path& folder() const { return folder_; }
+  // The host folder of a volume that is not the system's own, and what drives' links say for it.
+  std::filesystem::path VolumeFolder(const std::string& name) const;
+  static std::string VolumeLink(const std::string& name);
+  static constexpr std::string_view kSystemVolumeLink = "../drive_c";
+
+  // The file or folder of the host at a path behind C's root, "Windows\System32", names in any
+  // case; names that are not there yet are taken as they stand.
+  std::filesystem::path OnSystemVolume(std::string_view path) const;
+  static std::filesystem::path Below(std::filesystem::path folder, std::string_view path);
+
+  // Letters are upper case. `link` is a VolumeLink.
+  void DefineDrive(char letter, const std::string& link, UINT type);
+  // The link of each drive that there is.
+  std::vector<std::pair<char, std::string>> Drives() const;
+
+  // Whether there is a file or folder at a path of Windows, "D:\\Data".
+  bool Exists(std::string_view path) const;
+
+  // Before anything runs: text of a section of the user's registry, and of the machine's.
+  void AddToUserRegistry(const std::string& section, const std::string& values);
+  void AddToMachineRegistry(const std::string& section, const std::string& values);
+
+  // A program of Windows, by its path there, with the errors that Wine tells of itself.
+  HostCommand Command(std::vector<std::string> arguments) const;
+
+ private:
+  const std::filesystem::path folder_;
+  const LANGID language_;
+};
+
+// The code page of the narrow texts of a Windows of that language, as iconv calls it.
+const char* CodePageOf(LANGID language);
+// From UTF-8; what the code page lacks becomes '?'.
+std::string InCodePage(std::string_view text, LANGID language);
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_WINE_WINE_PREFIX_H_

@@ -1,0 +1,114 @@
+#include "wine/rehearsed_run.h"
+
+#include <atomic>
+#include <thread>
+
+#include "acl/acl_util.h"
+#include "restore/messages.h"
+#include "simulator/model/server.h"
+#include "support/simulated_boot_tools.h"
+#include "ui/process_state.h"
+
+namespace tests {
+namespace {
+
+constexpr char kLinkName[] = "\\vantoro_restore.exe.lnk";
+
+// What the program remembers is forgotten.
+void StartProcess() {
+  acl::ACLUtil::privileges_enabled = false;
+  ForgetPlatforms();
+  restore::SetDialog(nullptr);
+  ui::ProcessState::Instance().Forget();
+}
+
+// The user accepts what the box offers, but for a restart that he does not want.
+int Answer(const simulator::ShownMessageBox& box, bool restarts) {
+  constexpr UINT kIcon = 0xF0;
+  return (box.type & kIcon) == MB_ICONQUESTION && !restarts ? IDCANCEL : IDOK;
+}
+
+class HeldTool {
+ public:
+  HeldTool(const std::string& name, simulator::Server& server) : server_(server) {
+    server.processes().Install(name, [this](simulator::Server&, simulator::ChildProcess& child) {
+      // More than a pipe holds: behind it the program reads, and has listed the child.
+      child.WriteOutput(std::string(5000, 'x'));
+      is_held_ = true;
+      is_held_.notify_all();
+      child.WaitUntilTerminated();
+      return DWORD{1};
+    });
+    user_ = std::thread([this] {
+      const HWND dialog = server_.desktop().dialogs().WaitForDialog();
+      is_held_.wait(false);
+      server_.desktop().dialogs().Click(dialog, IDCANCEL);
+    });
+  }
+  ~HeldTool() { user_.join(); }
+  HeldTool(const HeldTool&) = delete;
+  HeldTool& operator=(const HeldTool&) = delete;
+
+ private:
+  simulator::Server& server_;
+  std::atomic<bool> is_held_ = false;
+  std::thread user_;
+};
+
+void RunProgram(simulator::Server& server, RehearsedRun& run) {
+  run.exit_code = server.own_process().Run(
+      [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+}
+
+std::string LogOf(simulator::Server& server, const std::string& program_folder) {
+  const std::string folder = program_folder + "\\Logs";
+  std::string text;
+  DWORD attributes = 0;
+  if (server.files().Attributes(folder, &attributes) != ERROR_SUCCESS ||
+      (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    return text;
+  }
+  for (const std::string& name : server.files().List(folder)) {
+    text += server.files().Read(folder + "\\" + name).value_or("");
+  }
+  return text;
+}
+
+}  // namespace
+
+RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOptions& options) {
+  StartProcess();
+  RehearsedRun run;
+  simulator::Server server;
+  server.system().program_path = options.program_folder + "\\vantoro_restore.exe";
+  simulator::Build(scenario, server);
+  server.files().MakeDirectories(options.program_folder);
+  if (options.logs_are_blocked) server.files().Write(options.program_folder + "\\Logs", "");
+  server.desktop().AnswerBoxes(
+      [&options](const simulator::ShownMessageBox& box) { return Answer(box, options.restarts); });
+  if (options.cancelled_in.empty()) {
+    RunProgram(server, run);
+  } else {
+    const HeldTool tool(options.cancelled_in, server);
+    RunProgram(server, run);
+  }
+  run.log = LogOf(server, options.program_folder);
+  for (const simulator::Disk& disk : server.disks()) {
+    for (const simulator::Partition& partition : disk.partitions) {
+      if (!partition.volume) continue;
+      run.letters[{disk.number, partition.number}] = server.files().LetterOf(*partition.volume);
+    }
+  }
+  run.boot = server.boot().store;
+  run.has_common_link = server.files().Exists(server.system().common_startup_directory + kLinkName);
+  run.has_program_link = server.files().Exists(options.program_folder + kLinkName);
+  run.boxes = server.desktop().Boxes();
+  if (!server.desktop().dialogs().All().empty()) {
+    run.dialog = server.desktop().dialogs().All().back();
+  }
+  run.restart = server.shutdown().Scheduled();
+  StartProcess();
+  return run;
+}
+
+}  // namespace tests
