@@ -204,6 +204,8 @@ HostCommand WinePrefix::Command(std::vector<std::string> arguments) const {
   return {.arguments = std::move(arguments),
           .environment = {{"WINEPREFIX", folder_.string()},
                           {"WINEDEBUG", "-all,fixme+advapi,fixme+progress"},
+                          // Links of Windows are not shown on the host's desktop.
+                          {"WINEDLLOVERRIDES", "winemenubuilder.exe="},
                           {"LOCPATH", (folder_.parent_path() / "locales").string()},
                           {"LC_ALL", LanguageOf(language_).locale}},
           .folder = folder_ / "drive_c",

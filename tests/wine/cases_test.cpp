@@ -22,9 +22,7 @@ TEST_F(ServerUnderWine, IsRestoredInChinese) {
   Scenario scenario = Shipped("default");
   scenario.language = kChinese;
   RunBoth(scenario);
-  ExpectSameLogs();
-  ExpectSameServers();
-  EXPECT_EQ(watched_.exit_code, 0);
+  ExpectAllTheSame();
   ASSERT_EQ(watched_.boxes.size(), 1U);
   const simulator::WatchedBox& box = watched_.boxes.front();
   EXPECT_EQ(box.caption, "Vantoro迁云还原检查工具");
@@ -119,9 +117,7 @@ TEST_P(ProgramFolder, MayHaveAnyName) {
   RehearsalOptions options;
   options.program_folder = GetParam();
   RunBoth(scenario, options);
-  ExpectSameLogs();
-  ExpectSameServers();
-  EXPECT_EQ(watched_.exit_code, 0);
+  ExpectAllTheSame();
   EXPECT_FALSE(server_->Log().empty());
   EXPECT_FALSE(fs::exists(server_->ProgramLink()));
 }
