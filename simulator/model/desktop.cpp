@@ -32,10 +32,16 @@ DWORD ErrorOfMissing(const ResourceMap<Resource>& resources) {
   return resources.empty() ? ERROR_RESOURCE_TYPE_NOT_FOUND : ERROR_RESOURCE_NAME_NOT_FOUND;
 }
 
+// Read once: every server of the process starts with them.
+const Resources& ProgramResources() {
+  static const Resources resources = ReadResources(kResourceScript, kResourceNames);
+  return resources;
+}
+
 }  // namespace
 
 Desktop::Desktop(Clock& clock, const System& system)
-    : system_(system), dialogs_(clock), resources_(ReadResources(kResourceScript, kResourceNames)) {
+    : system_(system), dialogs_(clock), resources_(ProgramResources()) {
   if (!resources_.error.empty()) Unsupported("resource script: " + resources_.error);
 }
 

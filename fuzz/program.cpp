@@ -1,0 +1,45 @@
+// The whole program, from its entry point to its exit, with somebody before the screen.
+#include <windows.h>
+
+#include <algorithm>
+
+#include "fuzz/expect.h"
+#include "fuzz/scripted_server.h"
+#include "fuzz/targets.h"
+#include "restore/messages.h"
+
+namespace fuzz {
+namespace {
+
+int RunProgram(simulator::Server& server, simulator::User& user) {
+  simulator::Desktop& desktop = server.desktop();
+  desktop.dialogs().HandlePostsAtOnce();
+  desktop.dialogs().Watch([&](const simulator::ShownDialog& dialog) {
+    if (user.WantsToCancel(dialog)) desktop.dialogs().Click(dialog.window, IDCANCEL);
+  });
+  desktop.AnswerBoxes([&](const simulator::ShownMessageBox& box) { return user.Answer(box); });
+  const int exit_code = server.own_process().Run(
+      [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  desktop.dialogs().Watch(nullptr);
+  return exit_code;
+}
+
+}  // namespace
+
+void Program(std::string_view bytes) {
+  ScriptedServer scripted(bytes);
+  simulator::Server& server = scripted.server();
+  simulator::User user(scripted.intention());
+  const int exit_code = RunProgram(server, user);
+  Expect(exit_code == 0 || exit_code == 1, "the program ends with 0 or 1");
+  for (const MSG& message : server.desktop().dialogs().TakeLost()) {
+    if (message.message == restore::WM_RESTORE_PROGRESS) {
+      restore::ReleasePosted(message.wParam, message.lParam);
+    }
+  }
+  scripted.ExpectWellFormedLog();
+  Expect(!server.shutdown().Scheduled() || scripted.intention().wish == simulator::Wish::kRestart,
+         "nobody's server is restarted without consent");
+}
+
+}  // namespace fuzz
