@@ -17,6 +17,14 @@ void WINAPI SetLastError(DWORD error) { last_error = error; }
 
 namespace simulator {
 
+std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string arguments,
+                                  uint32_t ended_code) {
+  const OwnProcess& process = server.own_process();
+  if (!process.HasEnded()) server.calls().TellWatcher(name, arguments);
+  if (process.HasEnded()) return ended_code;
+  return server.calls().Enter(name, std::move(arguments));
+}
+
 std::string TraceText(std::nullptr_t) { return "null"; }
 
 std::string TraceText(const char* text) {
@@ -44,9 +52,7 @@ std::string TraceText(const void* pointer) {
 
 Call::Call(Entry entry)
     : server_(Server::Current()),
-      fault_(server_.own_process().HasEnded()
-                 ? ERROR_PROCESS_ABORTED
-                 : server_.calls().Enter(entry.name, std::move(entry.arguments))) {
+      fault_(EnterCall(server_, entry.name, std::move(entry.arguments), ERROR_PROCESS_ABORTED)) {
   if (fault_) ::SetLastError(*fault_);
 }
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "simulator/model/platform_scope.h"
 #include "simulator/model/server.h"
 #include "simulator/model/unsupported.h"
 
@@ -17,6 +18,11 @@ namespace simulator {
 
 // The last error after a call that did not fail: no code of Windows.
 inline constexpr DWORD kSpoiltLastError = 0x0BADC0DE;
+
+// Tells who watches the calls, numbers the call and keeps it, and returns the code that it must
+// fail with: `ended_code` once the process has ended, else that of a fault that is due.
+std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string arguments,
+                                  uint32_t ended_code);
 
 // One argument as the trace shows it: text in quotation marks, numbers in decimal, handles and
 // pointers in hexadecimal, null as "null".
@@ -33,6 +39,7 @@ std::string TraceText(const void* pointer);
 // The arguments of one call.
 template <typename... Arguments>
 std::string TraceList(const Arguments&... arguments) {
+  const PlatformScope scope;
   std::string text;
   ((text += (text.empty() ? "" : ", ") + TraceText(arguments)), ...);
   return text;
@@ -77,6 +84,7 @@ class Call {
   };
   explicit Call(Entry entry);
 
+  const PlatformScope scope_;
   Server& server_;
   std::optional<uint32_t> fault_;
 };

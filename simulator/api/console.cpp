@@ -49,6 +49,7 @@ BOOL WINAPI SetConsoleTextAttribute(HANDLE console, WORD attributes) {
 
 // Fails for nobody, so it is not traced.
 void WINAPI OutputDebugStringA(LPCSTR text) {
+  const simulator::PlatformScope scope;
   simulator::Server& server = simulator::Server::Current();
   if (text != nullptr && !server.own_process().HasEnded()) server.console().DebuggerPrint(text);
   ::SetLastError(simulator::kSpoiltLastError);

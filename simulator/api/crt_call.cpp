@@ -49,9 +49,7 @@ int ErrnoOf(DWORD error) {
 
 CrtCall::CrtCall(Entry entry)
     : server_(Server::Current()),
-      fault_(server_.own_process().HasEnded()
-                 ? EIO
-                 : server_.calls().Enter(entry.name, std::move(entry.arguments))) {
+      fault_(EnterCall(server_, entry.name, std::move(entry.arguments), EIO)) {
   if (fault_) SetErrno(static_cast<int>(*fault_));
 }
 

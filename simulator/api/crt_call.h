@@ -50,6 +50,7 @@ class CrtCall {
   explicit CrtCall(Entry entry);
   static void SetErrno(int error_number);
 
+  const PlatformScope scope_;
   Server& server_;
   std::optional<uint32_t> fault_;
 };

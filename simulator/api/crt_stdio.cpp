@@ -9,6 +9,7 @@ namespace {
 
 // Printing fails for nobody and is not traced, but it may well spoil the last error.
 ssize_t PrintCookie(void*, const char* text, size_t size) {
+  const simulator::PlatformScope scope;
   simulator::Server& server = simulator::Server::Current();
   if (!server.own_process().HasEnded()) server.console().Print({text, size});
   ::SetLastError(simulator::kSpoiltLastError);

@@ -44,7 +44,10 @@ BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
   if (message == nullptr) Unsupported("GetMessageW without a message");
   if (window != nullptr || first != 0 || last != 0) Unsupported("GetMessageW of some messages");
   const Call call("GetMessageW", nullptr, first, last);
-  if (call.fails()) return kFailed;
+  if (call.fails()) {
+    call.server().own_process().LeaveWhenBrokenOff();
+    return kFailed;
+  }
   const std::optional<MSG> taken = call.server().desktop().dialogs().WaitForMessage();
   if (!taken) return call.Fail(kFailed, ERROR_PROCESS_ABORTED);
   *message = *taken;
@@ -57,10 +60,12 @@ BOOL WINAPI TranslateMessage(const MSG* message) {
 }
 
 LRESULT WINAPI DispatchMessageW(const MSG* message) {
+  const simulator::PlatformScope scope;
   return simulator::Dispatch(Server::Current().desktop(), *message);
 }
 
 BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
+  const simulator::PlatformScope scope;
   Desktop& desktop = Server::Current().desktop();
   simulator::Button button{};
   bool is_for_dialog = false;
@@ -80,6 +85,7 @@ BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
 }
 
 void WINAPI PostQuitMessage(int exit_code) {
+  const simulator::PlatformScope scope;
   Server::Current().desktop().dialogs().Quit(exit_code);
 }
 

@@ -133,6 +133,7 @@ BOOL WINAPI TerminateProcess(HANDLE process, UINT exit_code) {
 
 // Cannot fail, so it is neither numbered nor traced.
 void WINAPI ExitProcess(UINT exit_code) {
+  const simulator::PlatformScope scope;
   simulator::Server::Current().own_process().Exit(exit_code);
 }
 

@@ -10,6 +10,7 @@
 #include "simulator/model/unsupported.h"
 
 using simulator::Call;
+using simulator::PlatformScope;
 using simulator::Server;
 using simulator::Unsupported;
 
@@ -37,22 +38,27 @@ void WINAPI Sleep(DWORD milliseconds) {
 }
 
 void WINAPI InitializeCriticalSection(LPCRITICAL_SECTION critical_section) {
+  const PlatformScope scope;
   Server::Current().threads().critical_sections().Initialize(critical_section);
   *critical_section = {};
 }
 
 void WINAPI EnterCriticalSection(LPCRITICAL_SECTION critical_section) {
+  const PlatformScope scope;
   Server::Current().threads().critical_sections().Enter(critical_section);
 }
 
 BOOL WINAPI TryEnterCriticalSection(LPCRITICAL_SECTION critical_section) {
+  const PlatformScope scope;
   return Server::Current().threads().critical_sections().TryEnter(critical_section) ? TRUE : FALSE;
 }
 
 void WINAPI LeaveCriticalSection(LPCRITICAL_SECTION critical_section) {
+  const PlatformScope scope;
   Server::Current().threads().critical_sections().Leave(critical_section);
 }
 
 void WINAPI DeleteCriticalSection(LPCRITICAL_SECTION critical_section) {
+  const PlatformScope scope;
   Server::Current().threads().critical_sections().Delete(critical_section);
 }

@@ -46,6 +46,12 @@ void Calls::ClearFaults() {
   faults_.clear();
 }
 
+void Calls::Watch(Watcher watcher) { watcher_ = std::move(watcher); }
+
+void Calls::TellWatcher(std::string_view name, const std::string& arguments) const {
+  if (watcher_) watcher_(name, arguments);
+}
+
 void Calls::KeepTrace(bool keep) {
   const std::lock_guard lock(mutex_);
   keeps_trace_ = keep;

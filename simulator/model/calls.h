@@ -3,6 +3,7 @@
 #define SIMULATOR_MODEL_CALLS_H_
 
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -33,6 +34,12 @@ class Calls {
                 Lasting lasting = Lasting::kOnce);
   void ClearFaults();
 
+  // Called with each call before it is numbered, on the thread that makes it, without a lock held:
+  // it may hold the thread up, and end the process. Set while the program does not run.
+  using Watcher = std::function<void(std::string_view name, const std::string& arguments)>;
+  void Watch(Watcher watcher);
+  void TellWatcher(std::string_view name, const std::string& arguments) const;
+
   // Whether calls are kept from now on; they are at first. All are numbered and may fail.
   void KeepTrace(bool keep);
   std::vector<TracedCall> Trace() const;
@@ -54,6 +61,7 @@ class Calls {
   bool keeps_trace_ = true;
   std::vector<TracedCall> trace_;
   std::vector<Fault> faults_;
+  Watcher watcher_;
 };
 
 }  // namespace simulator

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "simulator/model/controls.h"
+#include "simulator/model/platform_scope.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
@@ -21,7 +22,9 @@ INT_PTR CallProcedure(Desktop& desktop, HWND dialog, UINT message, WPARAM wparam
     procedure = found.procedure;
     return DWORD{ERROR_SUCCESS};
   });
-  return procedure == nullptr ? 0 : procedure(dialog, message, wparam, lparam);
+  if (procedure == nullptr) return 0;
+  const PlatformScope back_in_the_program(false);
+  return procedure(dialog, message, wparam, lparam);
 }
 
 void TellFont(Desktop& desktop, HWND dialog) {
@@ -114,8 +117,10 @@ HWND MakeDialog(Desktop& desktop, WORD id, const DialogTemplate& source, DLGPROC
 
 void DestroyDialog(Desktop& desktop, HWND dialog) {
   CallProcedure(desktop, dialog, WM_DESTROY, 0, 0);
+  if (!desktop.dialogs().Has(dialog)) return;  // broken off within
   desktop.dialogs().RemoveControls(dialog);
   CallProcedure(desktop, dialog, WM_NCDESTROY, 0, 0);
+  if (!desktop.dialogs().Has(dialog)) return;
   desktop.dialogs().Remove(dialog);
   desktop.dialogs().TellWatcher();
 }

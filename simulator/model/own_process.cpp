@@ -36,6 +36,18 @@ void OwnProcess::Exit(UINT exit_code) {
   throw ProcessExit{exit_code};
 }
 
+void OwnProcess::BreakOff() {
+  broken_off_ = true;
+  end_.request_stop();
+  // First: a child that waits for the dialogs is not to go on with its work.
+  server_.processes().TerminateAll();
+  server_.desktop().dialogs().EndProcess();
+}
+
+void OwnProcess::LeaveWhenBrokenOff() {
+  if (broken_off_ && runner_ == std::this_thread::get_id()) Exit(1);
+}
+
 void OwnProcess::End() {
   end_.request_stop();
   server_.desktop().dialogs().EndProcess();
@@ -46,6 +58,7 @@ void OwnProcess::End() {
 
 void OwnProcess::Renew() {
   end_ = std::stop_source();
+  broken_off_ = false;
   server_.handles().CloseAll();
   server_.security().DisableAll();
   server_.threads().ForgetStates();

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <functional>
 #include <stop_token>
 #include <thread>
@@ -33,6 +34,14 @@ class OwnProcess {
   // destructors run that Windows would leave out, and what they call fails.
   [[noreturn]] void Exit(UINT exit_code);
 
+  // Ends the process where it stands, as somebody who kills it or a power cut would; any thread of
+  // the program. Returns to it, and Run returns once all of them have come to their ends:
+  // GetMessage on the thread of the entry point, where the program would ask for ever, is left for
+  // it.
+  void BreakOff();
+  // Goes back to Run from the thread of the entry point when the process was broken off.
+  void LeaveWhenBrokenOff();
+
   bool HasEnded() const { return end_.stop_requested(); }
   // Requested at the end: for calls that wait.
   std::stop_token Ending() const { return end_.get_token(); }
@@ -43,6 +52,7 @@ class OwnProcess {
 
   Server& server_;
   std::stop_source end_;
+  std::atomic<bool> broken_off_ = false;
   std::thread::id runner_;  // of the entry point while it runs
 };
 

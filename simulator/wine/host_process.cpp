@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -30,12 +31,18 @@ std::vector<std::string> Environment(const std::map<std::string, std::string>& a
     const std::string text = *each;
     if (added.count(text.substr(0, text.find('='))) == 0) all.push_back(text);
   }
-  for (const auto& [name, value] : added) all.push_back(name + "=" + value);
+  for (const auto& [name, value] : added) {
+    std::string text = name;
+    text += '=';
+    text += value;
+    all.push_back(std::move(text));
+  }
   return all;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;

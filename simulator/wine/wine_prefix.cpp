@@ -78,7 +78,7 @@ void Isolate(const fs::path& prefix) {
 }
 
 fs::path MakeBase(const fs::path& parent) {
-  const fs::path base = parent / "base";
+  fs::path base = parent / "base";
   const fs::path done = parent / "base.done";
   fs::create_directories(parent);
   const Lock lock(parent / "making.lock");

@@ -84,7 +84,8 @@ void WriteVolumes(Server& server, WinePrefix& prefix) {
   }
 }
 
-void MakeUnreadable(const Scenario& scenario, const WinePrefix& prefix, const Server&) {
+// What the administrator may not read becomes a folder, which nobody can open as a file.
+void ReplaceUnreadableLists(const Scenario& scenario, const WinePrefix& prefix) {
   for (size_t d = 0; d < scenario.disks.size(); ++d) {
     for (const ScenarioPartition& partition : scenario.disks[d].partitions) {
       if (!partition.volume || !partition.volume->source_letter) continue;
@@ -178,7 +179,7 @@ WineServer::WineServer(const Scenario& scenario, const WineServerOptions& option
   server.system().program_path = program();
   Build(scenario, server);
   WriteVolumes(server, prefix_);
-  MakeUnreadable(scenario, prefix_, server);
+  ReplaceUnreadableLists(scenario, prefix_);
   WriteFile(prefix_.OnSystemVolume("windows") / kMachineStateFile,
             MachineStateText(StateOf(scenario, options, server)));
   Configure(server.system(), prefix_);

@@ -39,8 +39,7 @@ class WineServer {
 
   // What the tools have left.
   MachineState State() const;
-  // Where the drives of Wine say that the volume with that label and place is; nothing when none
-  // does.
+  // The drive of Wine that is the volume of that partition; nothing when none is.
   std::optional<char> LetterOf(int disk, int partition) const;
   std::vector<std::filesystem::path> LogFiles() const;
   // The text of the log, as the program wrote it; empty when there is none.

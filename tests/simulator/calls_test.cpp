@@ -3,9 +3,11 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -118,6 +120,31 @@ TEST(LastError, IsEachThreadsOwn) {
 }
 
 TEST(CallDeathTest, NeedsAServer) { EXPECT_DEATH(Call("A"), "no server"); }
+
+TEST(Calls, TellWhoWatchesThemBeforeTheyAreNumbered) {
+  Server server;
+  std::vector<std::string> told;
+  server.calls().Watch([&](std::string_view name, const std::string& arguments) {
+    told.push_back(std::string(name) + " " + arguments + " " +
+                   std::to_string(server.calls().Count()));
+  });
+  ::DeleteFileA("C:\\a.txt");
+  ::CoInitialize(nullptr);
+  server.calls().Watch(nullptr);
+  ::DeleteFileA("C:\\b.txt");
+  EXPECT_EQ(told, (std::vector<std::string>{"DeleteFileA \"C:\\a.txt\" 0", "CoInitialize  1"}));
+}
+
+TEST(Calls, AreKnownToBePlatformCallsWhileTheyLast) {
+  Server server;
+  bool was_within = false;
+  server.calls().Watch(
+      [&](std::string_view, const std::string&) { was_within = IsInPlatformCall(); });
+  EXPECT_FALSE(IsInPlatformCall());
+  ::DeleteFileA("C:\\a.txt");
+  EXPECT_TRUE(was_within);
+  EXPECT_FALSE(IsInPlatformCall());
+}
 
 }  // namespace
 }  // namespace simulator

@@ -11,6 +11,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/model/local_heap.h"
@@ -282,6 +283,68 @@ TEST_F(OwnProcessTest, KeepsTheHandlesOfTheTestAtItsFirstRun) {
 TEST_F(OwnProcessTest, AbortsForAnEndThatIsNotHonoured) {
   EXPECT_DEATH(::ExitProcess(0), "ExitProcess elsewhere");
   EXPECT_DEATH(Run([this] { return Run([] { return 0; }); }), "a run of the program within");
+}
+
+TEST_F(OwnProcessTest, IsBrokenOffByACallThatThenChangesNothing) {
+  server_.files().Write("C:\\a.txt", "a");
+  server_.files().Write("C:\\b.txt", "b");
+  server_.calls().Watch([this](std::string_view, const std::string& arguments) {
+    if (arguments == "\"C:\\b.txt\"") server_.own_process().BreakOff();
+  });
+  Run([] {
+    EXPECT_TRUE(::DeleteFileA("C:\\a.txt"));
+    EXPECT_FALSE(::DeleteFileA("C:\\b.txt"));
+    EXPECT_EQ(::GetLastError(), DWORD{ERROR_PROCESS_ABORTED});
+    return 0;
+  });
+  EXPECT_FALSE(server_.files().Exists("C:\\a.txt"));
+  EXPECT_TRUE(server_.files().Exists("C:\\b.txt"));
+  EXPECT_EQ(server_.calls().Count(), 1);
+}
+
+TEST_F(OwnProcessTest, LeavesTheMessageLoopWhenAnotherThreadBreaksItOff) {
+  Run([this]() -> int {
+    StartThread(
+        [](LPVOID server) -> DWORD {
+          static_cast<Server*>(server)->own_process().BreakOff();
+          return 0;
+        },
+        &server_);
+    for (MSG message{};;) ::GetMessageW(&message, nullptr, 0, 0);
+  });
+  EXPECT_TRUE(server_.own_process().HasEnded());
+}
+
+TEST_F(OwnProcessTest, TerminatesItsChildrenWhenItIsBrokenOff) {
+  bool was_terminated = false;
+  server_.processes().Install("tool", [&](Server&, ChildProcess& child) -> DWORD {
+    child.WaitUntilTerminated();
+    was_terminated = true;
+    return 0;
+  });
+  Run([this] {
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION child = {};
+    std::string command_line = "tool";
+    EXPECT_TRUE(::CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, TRUE,
+                                 CREATE_NO_WINDOW, nullptr, nullptr, &startup, &child));
+    server_.own_process().BreakOff();
+    return 0;
+  });
+  EXPECT_TRUE(was_terminated);
+}
+
+TEST_F(OwnProcessTest, RunsAgainAfterItWasBrokenOff) {
+  Run([this] {
+    server_.own_process().BreakOff();
+    return 0;
+  });
+  server_.files().Write("C:\\a.txt", "a");
+  Run([] {
+    EXPECT_TRUE(::DeleteFileA("C:\\a.txt"));
+    return 0;
+  });
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "acl/acl_util.h"
+#include "common/paths.h"
 #include "restore/messages.h"
 #include "simulator/model/server.h"
 #include "support/simulated_boot_tools.h"
@@ -69,7 +70,7 @@ std::string LogOf(simulator::Server& server, const std::string& program_folder) 
     return text;
   }
   for (const std::string& name : server.files().List(folder)) {
-    text += server.files().Read(folder + "\\" + name).value_or("");
+    text += server.files().Read(common::JoinPath(folder, name)).value_or("");
   }
   return text;
 }
