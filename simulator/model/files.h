@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "simulator/model/descriptor.h"
+#include "simulator/model/made_bytes.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/shared_descriptors.h"
 #include "simulator/model/volume.h"
@@ -103,7 +104,9 @@ class Files {
   bool Exists(std::string_view path) const;
   void MakeDirectories(std::string_view path);
   void Write(std::string_view path, std::string bytes);
-  // The same on a volume that need not be mounted; the path starts behind the root: "a\b".
+  // A file that is only to be read, by the program alone.
+  void WriteMade(std::string_view path, MakeBytes make_bytes);
+  // As Write on a volume that need not be mounted; the path starts behind the root: "a\b".
   void WriteOn(const Volume& volume, std::string_view path, std::string bytes);
   std::optional<std::string> Read(std::string_view path) const;
   std::optional<std::string> ReadOn(const Volume& volume, std::string_view path) const;

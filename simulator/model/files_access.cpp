@@ -122,6 +122,9 @@ DWORD Files::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<N
   if (!Hold::IsPossible(place.node->sharing, AccessOf(mode), ShareOf(mode))) {
     return ERROR_SHARING_VIOLATION;
   }
+  if (place.node->make_bytes && mode.write) {
+    Unsupported("writing to a file that makes its bytes as they are read");
+  }
   *node = place.node;
   if (mode.creation == Creation::kCreateAlways) {
     place.volume->free += place.node->bytes.size();

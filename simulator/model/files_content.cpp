@@ -8,6 +8,19 @@
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
+namespace {
+
+void SetBytes(Node& node, std::string bytes) {
+  node.bytes = std::move(bytes);
+  node.make_bytes = nullptr;
+}
+
+const std::string& BytesOf(const Node& node) {
+  if (node.make_bytes) Unsupported("all the bytes of a file that makes them as they are read");
+  return node.bytes;
+}
+
+}  // namespace
 
 // The node with that path, made with all its parents where they are missing.
 std::shared_ptr<Node> Files::MakeBelow(const Volume& volume, const std::vector<std::string>& names,
@@ -46,26 +59,34 @@ void Files::MakeDirectories(std::string_view path) {
 void Files::Write(std::string_view path, std::string bytes) {
   const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
-  MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
+  SetBytes(*MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE), std::move(bytes));
+}
+
+void Files::WriteMade(std::string_view path, MakeBytes make_bytes) {
+  const std::lock_guard lock(shared_->mutex);
+  const std::vector<std::string> names = ParsePath(path, current_folder_).names;
+  Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE);
+  SetBytes(node, {});
+  node.make_bytes = std::move(make_bytes);
 }
 
 void Files::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
   const std::lock_guard lock(shared_->mutex);
-  MakeBelow(volume, NamesBelowRoot(path), FILE_ATTRIBUTE_ARCHIVE)->bytes = std::move(bytes);
+  SetBytes(*MakeBelow(volume, NamesBelowRoot(path), FILE_ATTRIBUTE_ARCHIVE), std::move(bytes));
 }
 
 std::optional<std::string> Files::Read(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node || node->IsFolder()) return std::nullopt;
-  return node->bytes;
+  return BytesOf(*node);
 }
 
 std::optional<std::string> Files::ReadOn(const Volume& volume, std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const Node* const node = volume.root->Find(path);
   if (node == nullptr || node->IsFolder()) return std::nullopt;
-  return node->bytes;
+  return BytesOf(*node);
 }
 
 void Files::SetAttributes(std::string_view path, DWORD attributes) {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "simulator/model/descriptor.h"
+#include "simulator/model/made_bytes.h"
 
 namespace simulator {
 
@@ -29,7 +30,8 @@ struct Sharing {
 struct Node {
   std::string name;  // as it was made; empty for a root
   DWORD attributes = FILE_ATTRIBUTE_ARCHIVE;
-  std::string bytes;  // of a file
+  std::string bytes;     // of a file
+  MakeBytes make_bytes;  // makes them in place of `bytes`; such a file can only be read
   // Null only before the node is in a Files, which then makes the one that the parent lets inherit.
   // Nodes share one that is the same.
   std::shared_ptr<const Descriptor> security;

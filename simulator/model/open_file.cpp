@@ -21,8 +21,12 @@ DWORD OpenFile::Read(char* buffer, size_t size, size_t* read) {
   *read = 0;
   if (!mode_.read) return ERROR_ACCESS_DENIED;
   const std::lock_guard lock(shared_->mutex);
-  if (position_ >= hold_->Held().bytes.size()) return ERROR_SUCCESS;
-  *read = hold_->Held().bytes.copy(buffer, size, position_);
+  const Node& node = hold_->Held();
+  if (node.make_bytes) {
+    *read = node.make_bytes(position_, buffer, size);
+  } else if (position_ < node.bytes.size()) {
+    *read = node.bytes.copy(buffer, size, position_);
+  }
   position_ += *read;
   return ERROR_SUCCESS;
 }

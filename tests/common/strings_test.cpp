@@ -55,6 +55,11 @@ TEST(Split, CutsOnlyAtTheWholeSeparator) {
   EXPECT_EQ(SplitInto("a\r\nb\nc\rd\n\re\r\n", "\r\n"), (Pieces{"a", "b\nc\rd\n\re"}));
 }
 
+TEST(Split, FindsNoEmptySeparator) {
+  EXPECT_EQ(SplitInto("a,b", ""), Pieces{"a,b"});
+  EXPECT_EQ(SplitInto("", ""), Pieces{});
+}
+
 TEST(Split, FindsNoOverlappingOccurrences) {
   EXPECT_EQ(SplitInto("aaa", "aa"), (Pieces{"", "a"}));
   EXPECT_EQ(SplitInto("aaaa", "aa"), (Pieces{"", ""}));

@@ -1,0 +1,9 @@
+# VANTORO_COVERAGE: counts what is executed of the program, see cmake/coverage-report. The counters
+# are atomic, since the program's threads share them. The simulated server is not measured, and
+# optimised it keeps the tests short.
+option(VANTORO_COVERAGE "Count the lines and branches that are executed")
+if(VANTORO_COVERAGE)
+  set(is_simulator "$<STREQUAL:$<TARGET_PROPERTY:NAME>,simulator>")
+  add_compile_options("$<IF:${is_simulator},-O1,--coverage;-fprofile-update=atomic>")
+  add_link_options(--coverage)
+endif()

@@ -1,0 +1,124 @@
+// One process in which the program runs a thousand times, each time as in a new one.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "acl/acl_util.h"
+#include "common/win/child_process_list.h"
+#include "load/load_size.h"
+#include "load/memory_use.h"
+#include "restore/messages.h"
+#include "simulator/model/local_heap.h"
+#include "simulator/model/server.h"
+#include "simulator/scenario.h"
+#include "support/simulated_boot_tools.h"
+#include "ui/process_state.h"
+
+namespace load {
+namespace {
+
+int Runs() { return Size(20, 1000, 1000); }
+
+void StartProcess() {
+  acl::ACLUtil::privileges_enabled = false;
+  tests::ForgetPlatforms();
+  restore::SetDialog(nullptr);
+  ui::ProcessState::Instance().Forget();
+}
+
+size_t Children() {
+  size_t count = 0;
+  common::win::ChildProcessList::Instance().ForEach([&](HANDLE) { ++count; });
+  return count;
+}
+
+// What a run left open on the server that it ran on.
+struct Left {
+  std::vector<std::string> handles;  // their kinds, sorted: two threads open them
+  int critical_sections;
+  int exit_code;
+  size_t boxes;
+  bool restarts;
+
+  friend bool operator==(const Left&, const Left&) = default;
+};
+
+// What this process has beside that.
+struct Kept {
+  size_t heap_blocks;
+  size_t resident;
+  size_t threads;
+  size_t children;  // in the list that only grows
+  int local_blocks;
+};
+
+// The whole program on a server of its own, which goes again.
+Left RunProgram(const simulator::Scenario& scenario) {
+  StartProcess();
+  simulator::Server server;
+  simulator::Build(scenario, server);
+  const int exit_code = server.own_process().Run(
+      [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  for (const MSG& lost : server.desktop().dialogs().TakeLost()) {
+    if (lost.message == restore::WM_RESTORE_PROGRESS) {
+      restore::ReleasePosted(lost.wParam, lost.lParam);
+    }
+  }
+  Left left{server.handles().OpenKinds(), server.threads().LiveCriticalSections(), exit_code,
+            server.desktop().Boxes().size(), server.shutdown().Scheduled().has_value()};
+  std::sort(left.handles.begin(), left.handles.end());
+  return left;
+}
+
+Kept Measure() {
+  return {HeapBlocksInUse(), Resident(), ThreadCount(), Children(), simulator::LiveLocalBlocks()};
+}
+
+class ManyRuns : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    const simulator::Scenario scenario =
+        simulator::ReadScenario(std::filesystem::path(LOAD_DIR) / "small_server.json");
+    for (int run = 0; run < 10; ++run) RunProgram(scenario);
+    before_ = Measure();
+    for (int run = 0; run < Runs(); ++run) {
+      Left left = RunProgram(scenario);
+      if (std::find(left_.begin(), left_.end(), left) == left_.end()) left_.push_back(left);
+    }
+    after_ = Measure();
+    StartProcess();
+  }
+
+  static inline std::vector<Left> left_;  // each that is different from the others
+  static inline Kept before_{};
+  static inline Kept after_{};
+};
+
+TEST_F(ManyRuns, AllRestoreTheServer) {
+  ASSERT_FALSE(left_.empty());
+  EXPECT_EQ(left_[0].exit_code, 0);
+  EXPECT_TRUE(left_[0].restarts);
+}
+
+TEST_F(ManyRuns, AllLeaveTheSameOpen) { EXPECT_EQ(left_.size(), 1U); }
+
+TEST_F(ManyRuns, KeepNothingInTheProcessButTheListOfChildren) {
+  EXPECT_EQ(after_.threads, before_.threads);
+  EXPECT_EQ(after_.local_blocks, before_.local_blocks);
+  EXPECT_GT(after_.children, before_.children);
+  // An entry is one block.
+  EXPECT_LE(Growth(before_.heap_blocks, after_.heap_blocks),
+            after_.children - before_.children + 10);
+  // Each thread may have its memory from another arena of the C library's.
+  if (!kIsSanitized) {
+    EXPECT_LE(Growth(before_.resident, after_.resident), 16 * kMebibyte);
+  }
+}
+
+}  // namespace
+}  // namespace load
