@@ -4,12 +4,12 @@
 
 program_packages='g++ cmake ninja-build nlohmann-json3-dev'
 test_packages='libgtest-dev'
-windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth locales zip'
+windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth locales imagemagick zip'
 fuzz_packages='clang libclang-rt-14-dev'
 bench_packages='libbenchmark-dev valgrind acl'
 coverage_packages='gcovr'
 static_packages='clang-tidy cppcheck'
-picture_packages='imagemagick'
+font_packages='fonts-wine fonts-wqy-microhei'  # for pictures
 
 # Prints those of its arguments that are not installed.
 missing_packages() {

@@ -229,9 +229,9 @@ int Main(const std::vector<std::string>& arguments) {
   } catch (const std::filesystem::filesystem_error& error) {
     std::cerr << "rehearse: " << error.path1().string() << ": " << error.code().message() << "\n";
     return kWrongUsage;
-  } catch (const std::runtime_error& error) {
+  } catch (const std::exception& error) {
     std::cerr << "rehearse: " << error.what() << "\n";
-    return kWrongUsage;
+    return kRunFailed;
   }
   return kSuccess;
 }

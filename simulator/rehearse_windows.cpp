@@ -1,5 +1,7 @@
 #include "simulator/rehearse_windows.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -22,8 +24,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Of this process's own.
 fs::path PrefixFolder(const std::string& name) {
-  return fs::path(VANTORO_SOURCE_DIR) / "build" / "wine" / name;
+  return fs::path(VANTORO_SOURCE_DIR) / "build" / "wine" / (name + std::to_string(::getpid()));
 }
 
 ShownDialog AsShown(const WatchedDialog& watched) {
@@ -42,16 +45,18 @@ ShownDialog AsShown(const WatchedDialog& watched) {
 // Shows what has come to the log since it was looked at last.
 class LogReader {
  public:
-  LogReader(const WineServer& server, Screen& screen) : server_(server), screen_(screen) {}
+  LogReader(const WineServer& server, LANGID language, Screen& screen)
+      : server_(server), language_(language), screen_(screen) {}
 
   void Look() {
     const std::string log = server_.Log();
-    screen_.ShowLog(log.substr(shown_));
+    screen_.ShowLog(FromCodePage(log.substr(shown_), language_));
     shown_ = log.size();
   }
 
  private:
   const WineServer& server_;
+  const LANGID language_;
   Screen& screen_;
   size_t shown_ = 0;
 };
@@ -94,16 +99,14 @@ std::vector<JunctionOutcome> Junctions(const Scenario& scenario, const WineServe
   return junctions;
 }
 
-}  // namespace
-
-bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
-  WineServer server(scenario, {}, PrefixFolder("rehearsal"));
+WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer& server) {
   const BootStore boot = server.State().boot.store;
   std::cout << scenario.title << "\n\n";
   Screen screen(std::cout, Screen::Kind::kPlain);
-  LogReader log(server, screen);
+  LogReader log(server, scenario.language, screen);
   fs::create_directories(options.logs);
   const fs::path picture = options.logs / "vantoro_restore.png";
+  fs::remove(picture);
 
   WatchOptions watch;
   watch.restarts = options.intention.wish == Wish::kRestart;
@@ -117,7 +120,7 @@ bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
     const bool is_refused = box.buttons.size() > 1 && !watch.restarts;
     screen.ShowBox({nullptr, box.text, box.caption, MB_OK, IDOK}, is_refused ? IDCANCEL : IDOK);
   };
-  const WatchedRun run = RunWatched(server, watch);
+  WatchedRun run = RunWatched(server, watch);
   log.Look();
 
   std::cout
@@ -128,13 +131,33 @@ bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
       << RestartReport(run.shutdowns.empty() ? std::nullopt : std::optional(run.shutdowns.front()))
       << "Wine makes no junctions, and keeps of a descriptor what fits into a file's mode: it "
          "is\ncompared with what plain calls leave of the source's there.\n";
-  for (const fs::path& file : server.LogFiles()) {
+  const std::vector<fs::path> files = server.LogFiles();
+  for (const fs::path& file : files) {
     fs::copy_file(file, options.logs / file.filename(), fs::copy_options::overwrite_existing);
     std::cout << "log: " << (options.logs / file.filename()).string() << "\n";
   }
-  std::cout << "picture: " << picture.string() << "\n";
+  if (files.empty()) std::cout << "log: none was written\n";
+  if (fs::exists(picture)) std::cout << "picture: " << picture.string() << "\n";
+  return run;
+}
+
+}  // namespace
+
+bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
+  const fs::path folder = PrefixFolder("rehearsal");
+  WatchedRun run;
+  {
+    WineServer server(scenario, {}, folder);
+    server.prefix().AddFonts();
+    run = Rehearse(scenario, options, server);
+  }
+  RemovePrefix(folder);
   // A run that succeeded asks about the restart.
-  return !run.boxes.empty() && run.boxes.back().buttons.size() > 1;
+  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return true;
+  std::cout << std::flush;
+  std::cerr << "rehearse: the run failed: "
+            << (run.boxes.empty() ? "see the log" : run.boxes.back().text) << "\n";
+  return false;
 }
 
 }  // namespace simulator

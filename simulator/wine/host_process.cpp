@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -51,6 +52,8 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 }  // namespace
 
 HostProcess::HostProcess(const HostCommand& command) {
+  // Writing to one that has ended is no reason to end.
+  ::signal(SIGPIPE, SIG_IGN);
   std::vector<std::string> arguments = command.arguments;
   std::vector<std::string> environment = Environment(command.environment);
   const std::array<int, 2> input = MakePipe();
@@ -63,8 +66,16 @@ HostProcess::HostProcess(const HostCommand& command) {
   constexpr mode_t kMode = 0644;
   ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, command.errors.c_str(),
                                      O_WRONLY | O_CREAT | O_APPEND, kMode);
-  const int error = ::posix_spawnp(&process_, arguments.front().c_str(), &actions, nullptr,
+  posix_spawnattr_t attributes;
+  ::posix_spawnattr_init(&attributes);
+  sigset_t defaults;
+  ::sigemptyset(&defaults);
+  ::sigaddset(&defaults, SIGPIPE);
+  ::posix_spawnattr_setsigdefault(&attributes, &defaults);
+  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+  const int error = ::posix_spawnp(&process_, arguments.front().c_str(), &actions, &attributes,
                                    Pointers(arguments).data(), Pointers(environment).data());
+  ::posix_spawnattr_destroy(&attributes);
   ::posix_spawn_file_actions_destroy(&actions);
   ::close(input[0]);
   ::close(output[1]);
@@ -79,6 +90,8 @@ HostProcess::HostProcess(const HostCommand& command) {
 }
 
 HostProcess::~HostProcess() {
+  // Nobody reads any more what it prints.
+  if (process_ != 0) ::kill(process_, SIGKILL);
   Wait();
   std::fclose(output_);
 }

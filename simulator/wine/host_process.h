@@ -23,7 +23,7 @@ class HostProcess {
  public:
   // Throws std::system_error when it cannot be started.
   explicit HostProcess(const HostCommand& command);
-  // Waits for its end.
+  // Ends it unless it was waited for.
   ~HostProcess();
   HostProcess(const HostProcess&) = delete;
   HostProcess& operator=(const HostProcess&) = delete;

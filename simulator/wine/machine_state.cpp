@@ -20,7 +20,7 @@ json VolumeJson(const MachineState& state, const Volume& volume) {
           {"size", volume.size},
           {"drive_type", volume.drive_type},
           {"letter", LetterText(state.LetterOf(volume))},
-          {"folder", state.folders.at(&volume)}};
+          {"target", state.targets.at(&volume)}};
 }
 
 json DiskJson(const MachineState& state, const Disk& disk) {
@@ -43,7 +43,7 @@ std::shared_ptr<Volume> ReadVolume(const json& from, MachineState& state) {
   from.at("file_system").get_to(volume->file_system);
   from.at("size").get_to(volume->size);
   from.at("drive_type").get_to(volume->drive_type);
-  from.at("folder").get_to(state.folders[volume.get()]);
+  from.at("target").get_to(state.targets[volume.get()]);
   const std::string letter = from.at("letter").get<std::string>();
   if (!letter.empty()) state.letters[letter.front()] = volume;
   return volume;

@@ -38,7 +38,8 @@ struct MachineState {
   System system;  // versions, language and name; paths are the prefix's own matter
   std::vector<Disk> disks;
   std::map<char, std::shared_ptr<Volume>> letters;  // upper case
-  std::map<const Volume*, std::string> folders;     // host folders, relative to the drives' links
+  std::map<const Volume*, std::string>
+      targets;  // what a drive of the volume leads to, see WinePrefix
   Boot boot;
   std::vector<ToolAnswer> answers;
   std::map<std::string, int> calls;  // so far, by the tool's name

@@ -36,17 +36,17 @@ struct UnixDrive {
 };
 static_assert(sizeof(UnixDrive) == 32);
 
-void DefineDrive(char letter, UINT type, const std::string& folder) {
-  const size_t size = sizeof(UnixDrive) + (folder.empty() ? 0 : folder.size() + 1);
+void DefineDrive(char letter, UINT type, const std::string& target) {
+  const size_t size = sizeof(UnixDrive) + (target.empty() ? 0 : target.size() + 1);
   std::vector<char> request(size);
   UnixDrive drive{};
   drive.size = static_cast<ULONG>(size);
   drive.type = type;
   drive.letter = static_cast<WCHAR>(letter);
-  drive.mount_point_offset = folder.empty() ? USHORT{0} : USHORT{sizeof(UnixDrive)};
+  drive.mount_point_offset = target.empty() ? USHORT{0} : USHORT{sizeof(UnixDrive)};
   std::memcpy(request.data(), &drive, sizeof drive);
-  if (!folder.empty())
-    std::memcpy(request.data() + sizeof drive, folder.c_str(), folder.size() + 1);
+  if (!target.empty())
+    std::memcpy(request.data() + sizeof drive, target.c_str(), target.size() + 1);
 
   const common::UniqueFileHandle manager(::CreateFileW(L"\\\\.\\MountPointManager",
                                                        GENERIC_READ | GENERIC_WRITE, 0, nullptr,
@@ -75,7 +75,7 @@ std::optional<char> PrefixMachine::FreeLetter() const {
 }
 
 void PrefixMachine::Mount(char letter, const std::shared_ptr<Volume>& volume) {
-  DefineDrive(UpperLetter(letter), volume->drive_type, state_.folders.at(volume.get()));
+  DefineDrive(UpperLetter(letter), volume->drive_type, state_.targets.at(volume.get()));
   state_.letters[UpperLetter(letter)] = volume;
 }
 

@@ -53,8 +53,14 @@ void Tell(const json& what) {
 }
 
 LRESULT Ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
+  constexpr int kTries = 10;
   DWORD_PTR answer = 0;
-  ::SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, kPatience, &answer);
+  for (int i = 0; i < kTries && ::IsWindow(window) != FALSE; ++i) {
+    if (::SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, kPatience, &answer) !=
+        0) {
+      break;
+    }
+  }
   return static_cast<LRESULT>(answer);
 }
 
@@ -283,10 +289,17 @@ int wmain(int argc, wchar_t** argv) {
     }
     watch.Look();
   }
+  // What the system says, whatever a program's manifest makes of it.
+  OSVERSIONINFOW version{};
+  version.dwOSVersionInfoSize = sizeof version;
+  const auto get_version = reinterpret_cast<LONG(WINAPI*)(OSVERSIONINFOW*)>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"ntdll"), "RtlGetVersion")));
+  if (get_version != nullptr) get_version(&version);
   DWORD exit_code = 0;
   ::GetExitCodeProcess(program.get(), &exit_code);
   Tell({{"exit_code", exit_code},
-        {"milliseconds", ::GetTickCount() - begin},
+        {"major_version", version.dwMajorVersion},
+        {"minor_version", version.dwMinorVersion},
         {"processes", NamesOf(Processes())}});
   return 0;
 }

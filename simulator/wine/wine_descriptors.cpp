@@ -33,8 +33,8 @@ Scenario WithTheLettersOfTheSource(Scenario scenario) {
 
 // The host folder of the volume with that letter; empty when there is none.
 fs::path VolumeAt(char letter, const WinePrefix& prefix) {
-  for (const auto& [drive, link] : prefix.Drives()) {
-    if (drive == letter) return prefix.folder() / "dosdevices" / link;
+  for (const auto& [drive, target] : prefix.Drives()) {
+    if (drive == letter) return prefix.folder() / "dosdevices" / target;
   }
   return {};
 }
@@ -92,8 +92,7 @@ KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, WineServer& serv
       kept.outcome.differences.push_back({wanted[i].first, wanted[i].second, found[i].second});
     }
   }
-  fs::remove_all(second_folder);
-  fs::remove(second_folder.string() + ".lock");
+  RemovePrefix(second_folder);
   return kept;
 }
 

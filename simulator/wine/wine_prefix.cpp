@@ -61,19 +61,22 @@ void EndAll(const fs::path& prefix) {
   HostProcess server({.arguments = {"wineserver", "-k"},
                       .environment = {{"WINEPREFIX", prefix.string()}},
                       .folder = prefix});
+  server.Wait();
 }
 
-// Nothing of the host is left: no drive and no device, no folder that leads out.
+// No drive of the host is left, and no folder that leads out. Wine's devices come back with every
+// start.
 void Isolate(const fs::path& prefix) {
   for (const auto& link : fs::directory_iterator(prefix / "dosdevices")) {
     if (link.path().filename() != "c:") fs::remove(link.path());
   }
-  for (const auto& user : fs::directory_iterator(prefix / "drive_c" / "users")) {
-    for (const auto& folder : fs::directory_iterator(user.path())) {
-      if (!folder.is_symlink()) continue;
-      fs::remove(folder.path());
-      fs::create_directory(folder.path());
-    }
+  std::vector<fs::path> links;
+  for (const auto& entry : fs::recursive_directory_iterator(prefix / "drive_c")) {
+    if (entry.is_symlink()) links.push_back(entry.path());
+  }
+  for (const fs::path& link : links) {
+    fs::remove(link);
+    fs::create_directory(link);
   }
 }
 
@@ -82,7 +85,12 @@ fs::path MakeBase(const fs::path& parent) {
   const fs::path done = parent / "base.done";
   fs::create_directories(parent);
   const Lock lock(parent / "making.lock");
-  if (fs::exists(done)) return base;
+  const std::string version =
+      Run({.arguments = {"wine", "--version"}, .environment = {}, .folder = parent});
+  std::string made;
+  std::getline(std::ifstream(done), made);
+  if (made + "\n" == version) return base;
+  fs::remove(done);
   fs::remove_all(base);
   Run({.arguments = {VANTORO_SOURCE_DIR "/cmake/wine-run", "cmd", "/c", "exit"},
        .environment = {{"WINEPREFIX", base.string()}, {"LC_ALL", "C.UTF-8"}},
@@ -91,7 +99,7 @@ fs::path MakeBase(const fs::path& parent) {
        .environment = {{"WINEPREFIX", base.string()}},
        .folder = parent});
   Isolate(base);
-  std::ofstream(done) << "made\n";
+  std::ofstream(done) << version;
   return base;
 }
 
@@ -122,6 +130,33 @@ void Append(const fs::path& file, const std::string& section, const std::string&
   std::ofstream(file, std::ios::app) << "\n[" << section << "] 1\n" << values << "\n";
 }
 
+std::string Convert(std::string_view text, const char* from, const char* to) {
+  const iconv_t converter = ::iconv_open(to, from);
+  if (converter == reinterpret_cast<iconv_t>(-1)) {
+    throw std::runtime_error(std::string("iconv does not know ") + from + " or " + to);
+  }
+  constexpr size_t kMostBytes = 4;  // of a character
+  std::string copy(text);
+  std::string converted(text.size() * kMostBytes + 1, '\0');
+  char* in = copy.data();
+  size_t in_left = copy.size();
+  char* out = converted.data();
+  size_t out_left = converted.size();
+  while (in_left > 0 &&
+         ::iconv(converter, &in, &in_left, &out, &out_left) == static_cast<size_t>(-1)) {
+    *out++ = '?';
+    --out_left;
+    // Behind the character, with the bytes that continue it in UTF-8.
+    do {
+      ++in;
+      --in_left;
+    } while (in_left > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80);
+  }
+  ::iconv_close(converter);
+  converted.resize(converted.size() - out_left);
+  return converted;
+}
+
 }  // namespace
 
 WinePrefix::WinePrefix(fs::path folder, LANGID language)
@@ -129,22 +164,37 @@ WinePrefix::WinePrefix(fs::path folder, LANGID language)
   const fs::path base = MakeBase(folder_.parent_path());
   MakeLocale(folder_.parent_path() / "locales", LanguageOf(language));
   if (fs::exists(folder_)) EndAll(folder_);
-  fs::remove_all(folder_);
+  RemovePrefix(folder_);
   LinkTree(base, folder_);
   // Those that are written in place must be files of their own.
-  for (const char* const registry : {"system.reg", "user.reg", "userdef.reg"}) {
-    fs::remove(folder_ / registry);
-    fs::copy_file(base / registry, folder_ / registry);
+  for (const char* const written :
+       {"system.reg", "user.reg", "userdef.reg", ".update-timestamp", "drive_c/windows/win.ini"}) {
+    if (!fs::exists(base / written)) continue;
+    fs::remove(folder_ / written);
+    fs::copy_file(base / written, folder_ / written);
   }
+  DefineDrive('C', kSystemVolumeTarget, DRIVE_FIXED);
 }
 
-WinePrefix::~WinePrefix() { EndAll(folder_); }
+void RemovePrefix(const fs::path& folder) {
+  std::error_code none;
+  fs::remove_all(folder, none);
+  fs::remove(folder.string() + ".lock", none);
+}
+
+WinePrefix::~WinePrefix() {
+  try {
+    EndAll(folder_);
+  } catch (const std::exception&) {
+    // Then it ends by itself, soon after the last program of it.
+  }
+}
 
 fs::path WinePrefix::VolumeFolder(const std::string& name) const {
   return folder_ / "volumes" / name;
 }
 
-std::string WinePrefix::VolumeLink(const std::string& name) { return "../volumes/" + name; }
+std::string WinePrefix::VolumeTarget(const std::string& name) { return "../volumes/" + name; }
 
 fs::path WinePrefix::OnSystemVolume(std::string_view path) const {
   return Below(folder_ / "drive_c", path);
@@ -163,12 +213,13 @@ fs::path WinePrefix::Below(fs::path folder, std::string_view path) {
   return folder;
 }
 
-void WinePrefix::DefineDrive(char letter, const std::string& link, UINT type) {
+void WinePrefix::DefineDrive(char letter, const std::string& target, UINT type) {
   const std::string name = NameKey(std::string(1, letter)) + ":";
-  fs::create_symlink(link, folder_ / "dosdevices" / name);
-  if (type != DRIVE_FIXED) {
-    AddToMachineRegistry("Software\\\\Wine\\\\Drives", "\"" + name + "\"=\"floppy\"");
-  }
+  const fs::path drive = folder_ / "dosdevices" / name;
+  if (!fs::is_symlink(drive)) fs::create_symlink(target, drive);
+  // Else it would be of the type of the host's file system.
+  AddToMachineRegistry("Software\\\\Wine\\\\Drives",
+                       "\"" + name + "\"=\"" + (type == DRIVE_FIXED ? "hd" : "floppy") + "\"");
 }
 
 std::vector<std::pair<char, std::string>> WinePrefix::Drives() const {
@@ -184,11 +235,22 @@ std::vector<std::pair<char, std::string>> WinePrefix::Drives() const {
 
 bool WinePrefix::Exists(std::string_view path) const {
   constexpr size_t kRoot = 3;  // "C:\\"
-  for (const auto& [letter, link] : Drives()) {
+  for (const auto& [letter, target] : Drives()) {
     if (NameKey(path.substr(0, 1)) != NameKey(std::string(1, letter))) continue;
-    return fs::exists(Below(folder_ / "dosdevices" / link, path.substr(kRoot)));
+    return fs::exists(Below(folder_ / "dosdevices" / target, path.substr(kRoot)));
   }
   return false;
+}
+
+void WinePrefix::AddFonts() {
+  std::error_code none;
+  for (const auto& font : fs::directory_iterator("/usr/share/wine/fonts", none)) {
+    fs::copy_file(font.path(), OnSystemVolume("windows\\Fonts") / font.path().filename(),
+                  fs::copy_options::skip_existing);
+  }
+  // The usual Chinese one is not the host's to give.
+  AddToUserRegistry("Software\\\\Wine\\\\Fonts\\\\Replacements",
+                    "\"SimSun\"=\"WenQuanYi Micro Hei\"");
 }
 
 void WinePrefix::AddToUserRegistry(const std::string& section, const std::string& values) {
@@ -215,29 +277,11 @@ HostCommand WinePrefix::Command(std::vector<std::string> arguments) const {
 const char* CodePageOf(LANGID language) { return LanguageOf(language).code_page; }
 
 std::string InCodePage(std::string_view text, LANGID language) {
-  const iconv_t converter = ::iconv_open(CodePageOf(language), "UTF-8");
-  if (converter == reinterpret_cast<iconv_t>(-1)) {
-    throw std::runtime_error(std::string("iconv does not know ") + CodePageOf(language));
-  }
-  std::string copy(text);
-  std::string converted(text.size() * 2 + 1, '\0');
-  char* in = copy.data();
-  size_t in_left = copy.size();
-  char* out = converted.data();
-  size_t out_left = converted.size();
-  while (in_left > 0 &&
-         ::iconv(converter, &in, &in_left, &out, &out_left) == static_cast<size_t>(-1)) {
-    *out++ = '?';
-    --out_left;
-    // Behind the character, with the bytes that continue it.
-    do {
-      ++in;
-      --in_left;
-    } while (in_left > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80);
-  }
-  ::iconv_close(converter);
-  converted.resize(converted.size() - out_left);
-  return converted;
+  return Convert(text, "UTF-8", CodePageOf(language));
+}
+
+std::string FromCodePage(std::string_view text, LANGID language) {
+  return Convert(text, CodePageOf(language), "UTF-8");
 }
 
 }  // namespace simulator

@@ -25,23 +25,28 @@ class WinePrefix {
   WinePrefix& operator=(const WinePrefix&) = delete;
 
   const std::filesystem::path& folder() const { return folder_; }
-  // The host folder of a volume that is not the system's own, and what drives' links say for it.
+  // The host folder of a volume that is not the system's own, and what a drive that is this volume
+  // leads to: a path that starts where Wine keeps its drives.
   std::filesystem::path VolumeFolder(const std::string& name) const;
-  static std::string VolumeLink(const std::string& name);
-  static constexpr std::string_view kSystemVolumeLink = "../drive_c";
+  static std::string VolumeTarget(const std::string& name);
+  static constexpr char kSystemVolumeTarget[] = "../drive_c";
 
   // The file or folder of the host at a path behind C's root, "Windows\System32", names in any
   // case; names that are not there yet are taken as they stand.
   std::filesystem::path OnSystemVolume(std::string_view path) const;
   static std::filesystem::path Below(std::filesystem::path folder, std::string_view path);
 
-  // Letters are upper case. `link` is a VolumeLink.
-  void DefineDrive(char letter, const std::string& link, UINT type);
-  // The link of each drive that there is.
+  // Letters are upper case. `target` is a VolumeTarget; of a drive that is there already only the
+  // type is set. Types are fixed and removable.
+  void DefineDrive(char letter, const std::string& target, UINT type);
+  // The target of each drive that there is.
   std::vector<std::pair<char, std::string>> Drives() const;
 
   // Whether there is a file or folder at a path of Windows, "D:\\Data".
   bool Exists(std::string_view path) const;
+
+  // Before anything runs: the fonts of Wine and of the host that its dialogs are meant for.
+  void AddFonts();
 
   // Before anything runs: text of a section of the user's registry, and of the machine's.
   void AddToUserRegistry(const std::string& section, const std::string& values);
@@ -55,10 +60,14 @@ class WinePrefix {
   const LANGID language_;
 };
 
+// Takes away the folder of a prefix that nobody uses any more, as far as it can be.
+void RemovePrefix(const std::filesystem::path& folder);
+
 // The code page of the narrow texts of a Windows of that language, as iconv calls it.
 const char* CodePageOf(LANGID language);
-// From UTF-8; what the code page lacks becomes '?'.
+// From UTF-8 and back; what the other lacks becomes '?'.
 std::string InCodePage(std::string_view text, LANGID language);
+std::string FromCodePage(std::string_view text, LANGID language);
 
 }  // namespace simulator
 

@@ -95,7 +95,8 @@ void Take(const json& line, const WatchOptions& options, WatchedRun& run) {
     if (options.on_dialog) options.on_dialog(run.dialogs.back());
   } else {
     line.at("exit_code").get_to(run.exit_code);
-    line.at("milliseconds").get_to(run.milliseconds);
+    line.at("major_version").get_to(run.major_version);
+    line.at("minor_version").get_to(run.minor_version);
     for (const std::string process : line.at("processes")) {
       if (!IsWines(process)) run.processes.push_back(process);
     }

@@ -34,7 +34,8 @@ struct WatchedRun {
   std::vector<WatchedDialog> dialogs;  // each that was different from the one before
   std::vector<WatchedBox> boxes;
   int exit_code = -1;
-  int milliseconds = 0;
+  DWORD major_version = 0;  // of the Windows that Wine was
+  DWORD minor_version = 0;
   std::vector<std::string> processes;  // that the prefix still had at the end, but for Wine's own
   // What Wine tells of calls that it only pretends to do: each shutdown that it was asked for, and
   // each state of a progress bar, in hexadecimal digits, other than the normal one.

@@ -17,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char kLinkName[] = "vantoro_restore.exe.lnk";
-constexpr char kSystemVolumeLink[] = "../drive_c";
 
 // Paths start behind the root: "Windows\System32".
 std::string BehindRoot(const std::string& path) {
@@ -63,22 +62,22 @@ std::string VolumeName(int disk, int partition) {
   return "disk" + std::to_string(disk) + "_partition" + std::to_string(partition);
 }
 
-std::string LinkOf(const Disk& disk, const Partition& partition, const Files& files) {
+std::string TargetOf(const Disk& disk, const Partition& partition, const Files& files) {
   const bool is_system = partition.volume == files.VolumeAt('C');
-  return is_system ? kSystemVolumeLink
-                   : WinePrefix::VolumeLink(VolumeName(disk.number, partition.number));
+  return is_system ? WinePrefix::kSystemVolumeTarget
+                   : WinePrefix::VolumeTarget(VolumeName(disk.number, partition.number));
 }
 
 void WriteVolumes(Server& server, WinePrefix& prefix) {
   for (const Disk& disk : server.disks()) {
     for (const Partition& partition : disk.partitions) {
       if (!partition.volume) continue;
-      const std::string link = LinkOf(disk, partition, server.files());
-      WriteTree(*partition.volume->root, prefix.folder() / "dosdevices" / link,
+      const std::string target = TargetOf(disk, partition, server.files());
+      WriteTree(*partition.volume->root, prefix.folder() / "dosdevices" / target,
                 server.system().language);
       const std::optional<char> letter = server.files().LetterOf(*partition.volume);
-      if (letter && link != kSystemVolumeLink) {
-        prefix.DefineDrive(*letter, link, partition.volume->drive_type);
+      if (letter && target != WinePrefix::kSystemVolumeTarget) {
+        prefix.DefineDrive(*letter, target, partition.volume->drive_type);
       }
     }
   }
@@ -118,7 +117,7 @@ MachineState StateOf(const Scenario& scenario, const WineServerOptions& options,
   for (const Disk& disk : state.disks) {
     for (const Partition& partition : disk.partitions) {
       if (!partition.volume) continue;
-      state.folders[partition.volume.get()] = LinkOf(disk, partition, server.files());
+      state.targets[partition.volume.get()] = TargetOf(disk, partition, server.files());
       const std::optional<char> letter = server.files().LetterOf(*partition.volume);
       if (letter) state.letters[*letter] = partition.volume;
     }
@@ -175,6 +174,8 @@ void InstallPrograms(const Scenario& scenario, const fs::path& program_folder, W
 WineServer::WineServer(const Scenario& scenario, const WineServerOptions& options,
                        const fs::path& folder)
     : options_(options), prefix_(folder, scenario.language) {
+  if (!scenario.faults.empty())
+    throw ScenarioError("faults: no call can be made to fail under Wine");
   Server server;
   server.system().program_path = program();
   Build(scenario, server);
@@ -209,9 +210,9 @@ std::optional<char> WineServer::LetterOf(int disk, int partition) const {
     if (each.number != disk) continue;
     for (const Partition& part : each.partitions) {
       if (part.number != partition || !part.volume) continue;
-      const std::string& link = state.folders.at(part.volume.get());
+      const std::string& volume = state.targets.at(part.volume.get());
       for (const auto& [letter, target] : prefix_.Drives()) {
-        if (target == link) return letter;
+        if (target == volume) return letter;
       }
     }
   }

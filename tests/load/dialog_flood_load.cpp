@@ -76,7 +76,7 @@ TEST_F(DialogFlood, IsShownToTheLastRecordAndLeavesNone) {
     Flood(dialog, Posts());
     EXPECT_EQ(titles_shown_ - before, Posts());
     EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - Progress 49.99%  Time: 0s");
-    EXPECT_LE(Growth(heap, HeapInUse()), 4 * kKibibyte);
+    EXPECT_LE(Growth(heap, HeapInUse()), 64 * kKibibyte);
   });
 }
 

@@ -4,16 +4,16 @@
 
 #include <cstddef>
 
-#include "benchmarks/heap_use.h"
-
 namespace load {
 
 inline constexpr size_t kKibibyte = 1024;
 inline constexpr size_t kMebibyte = 1024 * kKibibyte;
 
-using benchmarks::HeapBlocksInUse;
-using benchmarks::HeapInUse;
-using benchmarks::TakeHighestHeapUse;
+// Bytes that operator new, which this replaces, has handed out and not got back; in so many blocks.
+size_t HeapInUse();
+size_t HeapBlocksInUse();
+// The most bytes that were in use since the last time this was called.
+size_t TakeHighestHeapUse();
 
 // Bytes of its memory that are in the machine's.
 size_t Resident();

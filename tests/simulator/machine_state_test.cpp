@@ -34,7 +34,7 @@ MachineState Sample() {
   disk.partitions = {{1, 7, "", nullptr}, {2, 8, "Boot", data}};
   state.disks = {disk};
   state.letters['G'] = data;
-  state.folders[data.get()] = "../volumes/disk2_partition2";
+  state.targets[data.get()] = "../volumes/disk2_partition2";
   state.boot = HealthyBoot();
   state.answers = {{"bcdedit", 2, 5, "text\r\n", true}};
   state.calls = {{"diskpart", 3}};
@@ -76,7 +76,7 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(volume.size, UINT64_C(3) << 40);
   EXPECT_EQ(volume.drive_type, UINT{DRIVE_REMOVABLE});
   EXPECT_EQ(read->LetterOf(volume), 'G');
-  EXPECT_EQ(read->folders.at(&volume), "../volumes/disk2_partition2");
+  EXPECT_EQ(read->targets.at(&volume), "../volumes/disk2_partition2");
 }
 
 TEST(MachineState, KeepsAnEmptyBootStore) {

@@ -84,7 +84,13 @@ TEST_F(ServerUnderWine, CanBeCancelledWhileAToolRuns) {
   EXPECT_EQ(watched_.processes, std::vector<std::string>());
   EXPECT_TRUE(watched_.shutdowns.empty());
   ASSERT_EQ(watched_.boxes.size(), 1U);
+  EXPECT_EQ(watched_.boxes.front().caption, "Vantoro Restore Tool");
   EXPECT_EQ(watched_.boxes.front().text, "Vantoro Restore Is Running, Are You Sure To Cancel?");
+  ASSERT_TRUE(watched_.boxes.front().dialog.has_value());
+  EXPECT_TRUE(watched_.boxes.front().dialog->title.starts_with(
+      "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: "))
+      << watched_.boxes.front().dialog->title;
+  EXPECT_EQ(watched_.boxes.front().dialog->position, 0);
   EXPECT_EQ(watched_.boxes.front().buttons.size(), 2U);
 
   const std::string started =
@@ -96,7 +102,7 @@ TEST_F(ServerUnderWine, CanBeCancelledWhileAToolRuns) {
   ASSERT_GT(end, started.size());
   EXPECT_EQ(wine.substr(0, end), rehearsed.substr(0, end));
   EXPECT_EQ(wine.find("Restore Disks Done!"), std::string::npos);
-  EXPECT_TRUE(server_->State().calls.at("diskpart") == 1);
+  EXPECT_EQ(server_->State().calls.at("diskpart"), 1);
 }
 
 TEST_F(ServerUnderWine, IsRestoredThoughTheLogFolderCannotBeMade) {
@@ -138,7 +144,7 @@ struct Version {
 
 class WindowsVersion : public WineCase, public testing::WithParamInterface<Version> {};
 
-TEST_P(WindowsVersion, IsToldFromWhatTheSystemReports) {
+TEST_P(WindowsVersion, IsWhatWineReportsAndTheServerIsRestored) {
   Scenario scenario = Shipped(GetParam().major == 5 ? "windows_server_2003" : "default");
   scenario.major_version = GetParam().major;
   scenario.minor_version = GetParam().minor;

@@ -46,16 +46,11 @@ fs::path PrefixFolder(const std::string& name) {
   return fs::path(VANTORO_WINE_DIR) / (name + std::to_string(::getpid()));
 }
 
-void RemovePrefix(const fs::path& folder) {
-  fs::remove_all(folder);
-  fs::remove(folder.string() + ".lock");
-}
-
 WineCase::~WineCase() {
   if (server_ == nullptr || HasFailure()) return;
   const fs::path folder = server_->prefix().folder();
   server_.reset();
-  RemovePrefix(folder);
+  simulator::RemovePrefix(folder);
 }
 
 void WineCase::RunBoth(const simulator::Scenario& scenario, const RehearsalOptions& options) {
@@ -77,6 +72,9 @@ void WineCase::Run(const simulator::Scenario& scenario, const RehearsalOptions& 
   // One prefix a process: that of the case before is gone by then.
   server_.reset();
   server_ = std::make_unique<simulator::WineServer>(scenario, wine, PrefixFolder("case"));
+  // Else that they are gone later would say nothing.
+  EXPECT_EQ(fs::exists(server_->CommonStartupLink()), scenario.common_startup_link);
+  EXPECT_EQ(fs::exists(server_->ProgramLink()), scenario.program_link);
   if (options.logs_are_blocked) std::ofstream(server_->ProgramFolder() / "Logs");
   simulator::WatchOptions watch;
   watch.restarts = options.restarts;
@@ -114,6 +112,10 @@ void WineCase::ExpectSameServers() {
 }
 
 void WineCase::ExpectSameEnds() {
+  EXPECT_EQ(watched_.major_version, scenario_.major_version);
+  EXPECT_EQ(watched_.minor_version, scenario_.minor_version);
+  ASSERT_FALSE(watched_.dialogs.empty());
+  EXPECT_EQ(watched_.dialogs.front().position, 0);
   EXPECT_EQ(watched_.exit_code, rehearsed_.exit_code);
   EXPECT_EQ(watched_.processes, std::vector<std::string>());
   ASSERT_EQ(watched_.shutdowns.size(), rehearsed_.restart.has_value() ? 1U : 0U);

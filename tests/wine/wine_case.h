@@ -21,8 +21,6 @@ simulator::Scenario Shipped(const std::string& name);
 
 // A folder for a prefix, of this process's own.
 std::filesystem::path PrefixFolder(const std::string& name);
-// Takes away a prefix that nobody uses any more.
-void RemovePrefix(const std::filesystem::path& folder);
 
 class WineCase : public testing::Test {
  protected:
