@@ -2,9 +2,7 @@
 // ready-made arguments, its reading of lines against fgets alone, and its growth with the file.
 #include <windows.h>
 
-#include <aclapi.h>
 #include <benchmark/benchmark.h>
-#include <sddl.h>
 #include <share.h>
 #include <stdio.h>
 #include <time.h>
@@ -17,6 +15,7 @@
 #include "acl/account_sid.h"
 #include "acl/acl_backup.h"
 #include "acl/acl_util.h"
+#include "bare_restore.h"
 #include "heap_use.h"
 #include "ratios.h"
 #include "simulator/model/server.h"
@@ -26,6 +25,7 @@ namespace {
 constexpr int kFewLines = 10'000;
 constexpr int kManyLines = 1'000'000;
 constexpr char kFile[] = "C:\\acl.dat";
+constexpr DWORD kAttributes = 32;
 
 constexpr const char* kDescriptors[] = {
     "O:BAG:SYD:PAI(A;;FA;;;SY)(A;;FA;;;BA)(A;;0x1200a9;;;BU)",
@@ -36,7 +36,7 @@ constexpr const char* kDescriptors[] = {
 
 struct Entry {
   std::string path;
-  const char* sddl;
+  std::string sddl;
 };
 
 // A server with a few hundred files and a backup file of so many lines about them.
@@ -53,7 +53,8 @@ class BackupServer {
     std::string text;
     for (int i = 0; i < lines; ++i) {
       const Entry& entry = EntryOf(i);
-      text += "\"" + entry.path + "\",32,\"" + entry.sddl + "\"\r\n";
+      text +=
+          "\"" + entry.path + "\"," + std::to_string(kAttributes) + ",\"" + entry.sddl + "\"\r\n";
     }
     server_.files().Write(kFile, std::move(text));
   }
@@ -99,26 +100,6 @@ bool RunEngine(BackupServer& /*server*/) {
   return engine.RestoreFromFile(true, kManyLines, {0, 100}) == acl::kRestored;
 }
 
-void WriteBare(Entry& entry) {
-  PSECURITY_DESCRIPTOR relative = nullptr;
-  ::SetFileAttributesA(entry.path.c_str(), 32);
-  ::ConvertStringSecurityDescriptorToSecurityDescriptorA(entry.sddl, SDDL_REVISION_1, &relative,
-                                                         nullptr);
-  std::array<DWORD, 5> sizes{};
-  ::MakeAbsoluteSD(relative, nullptr, &sizes[0], nullptr, &sizes[1], nullptr, &sizes[2], nullptr,
-                   &sizes[3], nullptr, &sizes[4]);
-  std::array<HLOCAL, 5> parts{};
-  for (size_t i = 0; i < parts.size(); ++i) parts[i] = ::LocalAlloc(LPTR, sizes[i]);
-  ::MakeAbsoluteSD(relative, parts[0], &sizes[0], static_cast<PACL>(parts[1]), &sizes[1],
-                   static_cast<PACL>(parts[2]), &sizes[2], parts[3], &sizes[3], parts[4],
-                   &sizes[4]);
-  ::LocalFree(relative);
-  ::SetNamedSecurityInfoA(entry.path.data(), SE_FILE_OBJECT, acl::SecurityInformationOf(entry.sddl),
-                          parts[3], parts[4], static_cast<PACL>(parts[1]),
-                          static_cast<PACL>(parts[2]));
-  for (const HLOCAL part : parts) ::LocalFree(part);
-}
-
 bool RunBare(BackupServer& server) {
   acl::ACLUtil privileges;
   static_cast<void>(privileges.EnablePrivileges());
@@ -127,7 +108,10 @@ bool RunBare(BackupServer& server) {
   std::array<char, 4096> block{};
   while (std::fread(block.data(), 1, block.size(), file) == block.size()) continue;
   std::fclose(file);
-  for (int i = 0; i < kManyLines; ++i) WriteBare(server.EntryOf(i));
+  for (int i = 0; i < kManyLines; ++i) {
+    Entry& entry = server.EntryOf(i);
+    benchmarks::RestoreBare(entry.path, kAttributes, entry.sddl);
+  }
   return true;
 }
 

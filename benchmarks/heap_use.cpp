@@ -9,13 +9,11 @@
 namespace {
 
 std::atomic<size_t> in_use = 0;
-std::atomic<size_t> blocks = 0;
 std::atomic<size_t> highest = 0;
 
 void* Allocate(size_t size) {
   void* const block = std::malloc(size == 0 ? 1 : size);
   if (block == nullptr) throw std::bad_alloc();
-  blocks.fetch_add(1, std::memory_order_relaxed);
   const size_t width = ::malloc_usable_size(block);
   const size_t now = in_use.fetch_add(width, std::memory_order_relaxed) + width;
   if (now > highest.load(std::memory_order_relaxed)) {
@@ -26,7 +24,6 @@ void* Allocate(size_t size) {
 
 void Free(void* block) {
   if (block == nullptr) return;
-  blocks.fetch_sub(1, std::memory_order_relaxed);
   in_use.fetch_sub(::malloc_usable_size(block), std::memory_order_relaxed);
   std::free(block);
 }
@@ -41,8 +38,6 @@ void operator delete(void* block, size_t /*size*/) noexcept { Free(block); }
 namespace benchmarks {
 
 size_t HeapInUse() { return in_use; }
-
-size_t HeapBlocksInUse() { return blocks; }
 
 size_t TakeHighestHeapUse() { return highest.exchange(in_use.load()); }
 

@@ -8,8 +8,6 @@ namespace benchmarks {
 
 // Bytes that operator new has handed out and not got back.
 size_t HeapInUse();
-// In so many pieces.
-size_t HeapBlocksInUse();
 
 // The most that was in use since the last time this was called.
 size_t TakeHighestHeapUse();

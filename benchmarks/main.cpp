@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <iostream>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "ratios.h"
+#include "table.h"
 
 namespace benchmarks {
 
@@ -47,41 +47,12 @@ class Collector : public benchmark::BenchmarkReporter {
 
   // Both are 0 when that benchmark has not run.
   double Heap(const std::string& name) { return heap_[name]; }
-  double Median(const std::string& name) {
-    std::vector<double>& times = times_[name];
-    if (times.empty()) return 0;
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
-  }
+  double Median(const std::string& name) { return benchmarks::Median(times_[name]); }
 
  private:
   std::map<std::string, std::vector<double>> times_;
   std::map<std::string, double> heap_;
 };
-
-std::string Text(const char* format, double number) {
-  char buffer[64];
-  std::snprintf(buffer, sizeof(buffer), format, number);
-  return buffer;
-}
-
-std::string Duration(double nanoseconds) {
-  if (nanoseconds >= 1e9) return Text("%.3f s", nanoseconds / 1e9);
-  if (nanoseconds >= 1e6) return Text("%.3f ms", nanoseconds / 1e6);
-  return Text("%.3f us", nanoseconds / 1e3);
-}
-
-void PrintRow(const std::vector<std::string>& cells) {
-  static const int widths[] = {46, 12, 12, 9, 8};
-  std::string row;
-  for (size_t i = 0; i < cells.size(); ++i) {
-    char buffer[128];
-    std::snprintf(buffer, sizeof(buffer), i == 0 ? "%-*s" : "%*s", widths[i], cells[i].c_str());
-    row += buffer;
-  }
-  std::cout << row << '\n';
-}
 
 // Whether every difference stays within its bound.
 bool PrintHeapDifferences(Collector& collector) {
@@ -105,16 +76,12 @@ bool PrintHeapDifferences(Collector& collector) {
 // Whether everything stays within its bound.
 bool PrintTable(Collector& collector) {
   bool within = true;
-  PrintRow({"measured", "program", "reference", "ratio", "bound"});
+  PrintHeader();
   for (const Ratio& ratio : Ratios()) {
     const double measured = collector.Median(ratio.measured);
     const double reference = collector.Median(ratio.reference);
     if (measured <= 0 || reference <= 0) continue;  // filtered out
-    const bool passed = ratio.bound > 0 && measured / reference > ratio.bound;
-    PrintRow({ratio.what, Duration(measured), Duration(reference),
-              Text("%.3f", measured / reference) + (passed ? "!" : ""),
-              ratio.bound > 0 ? Text("%.2f", ratio.bound) : std::string("-")});
-    if (passed) within = false;
+    within = PrintRatio(ratio.what, measured, reference, ratio.bound) && within;
   }
   return PrintHeapDifferences(collector) && within;
 }
@@ -127,6 +94,7 @@ int main(int argc, char** argv) {
   words.insert(words.begin() + 1,
                {"--benchmark_repetitions=9", "--benchmark_enable_random_interleaving=true"});
   std::vector<char*> arguments;
+  arguments.reserve(words.size());
   for (std::string& word : words) arguments.push_back(word.data());
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());

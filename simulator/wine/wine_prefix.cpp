@@ -159,8 +159,8 @@ std::string Convert(std::string_view text, const char* from, const char* to) {
 
 }  // namespace
 
-WinePrefix::WinePrefix(fs::path folder, LANGID language)
-    : folder_(std::move(folder)), language_(language) {
+WinePrefix::WinePrefix(const fs::path& folder, LANGID language)
+    : folder_(fs::absolute(folder)), language_(language) {
   const fs::path base = MakeBase(folder_.parent_path());
   MakeLocale(folder_.parent_path() / "locales", LanguageOf(language));
   if (fs::exists(folder_)) EndAll(folder_);

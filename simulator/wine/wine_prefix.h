@@ -18,7 +18,7 @@ class WinePrefix {
  public:
   // A fresh machine with drive C alone, in a folder that is made anew. What is copied from is made
   // at the first call below `folder`'s parent. Throws std::exception when any of it fails.
-  WinePrefix(std::filesystem::path folder, LANGID language);
+  WinePrefix(const std::filesystem::path& folder, LANGID language);
   // Ends all that still runs there.
   ~WinePrefix();
   WinePrefix(const WinePrefix&) = delete;
