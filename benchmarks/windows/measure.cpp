@@ -1,7 +1,6 @@
 #include "benchmarks/windows/measure.h"
 
 #include <cstdio>
-#include <cstring>
 #include <stdexcept>
 
 namespace benchmarks {
@@ -31,27 +30,6 @@ common::UniqueHandle StartProgram(const std::string& path) {
   }
   ::CloseHandle(process.hThread);
   return common::UniqueHandle(process.hProcess);
-}
-
-std::vector<HWND> DialogsOf(DWORD process) {
-  struct Search {
-    DWORD process;
-    std::vector<HWND> found;
-  } search{process, {}};
-  ::EnumWindows(
-      [](HWND window, LPARAM parameter) -> BOOL {
-        auto& of = *reinterpret_cast<Search*>(parameter);
-        DWORD owner = 0;
-        char name[16] = {};
-        ::GetWindowThreadProcessId(window, &owner);
-        if (owner == of.process && ::IsWindowVisible(window) &&
-            ::GetClassNameA(window, name, sizeof name) != 0 && std::strcmp(name, "#32770") == 0) {
-          of.found.push_back(window);
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
-  return search.found;
 }
 
 }  // namespace benchmarks

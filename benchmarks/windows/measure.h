@@ -33,9 +33,6 @@ void Tell(const std::string& name, int64_t microseconds);
 // Throws std::runtime_error when it cannot be started.
 common::UniqueHandle StartProgram(const std::string& path);
 
-// The dialogs of that process that can be seen.
-std::vector<HWND> DialogsOf(DWORD process);
-
 }  // namespace benchmarks
 
 #endif  // BENCHMARKS_WINDOWS_MEASURE_H_

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "benchmarks/windows/measure.h"
+#include "simulator/wine/process_dialogs.h"
 
 namespace benchmarks {
 namespace {
@@ -25,7 +26,7 @@ bool IsPainted(HWND window) {
 int64_t TimeToPaint(HANDLE program, int64_t begin) {
   const DWORD process = ::GetProcessId(program);
   while (Microseconds() - begin < kLongest) {
-    for (const HWND dialog : DialogsOf(process)) {
+    for (const HWND dialog : simulator::DialogsOf(process)) {
       if (IsPainted(dialog)) return Microseconds() - begin;
     }
     ::Sleep(1);

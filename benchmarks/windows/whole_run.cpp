@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "benchmarks/windows/measure.h"
+#include "simulator/wine/process_dialogs.h"
 #include "ui/resource.h"
 
 namespace benchmarks {
@@ -20,7 +21,7 @@ int MeasureWholeRun(const Arguments& arguments) {
   const common::UniqueHandle program = StartProgram(arguments.at(0));
   const DWORD process = ::GetProcessId(program.get());
   while (::WaitForSingleObject(program.get(), kMilliseconds) == WAIT_TIMEOUT) {
-    for (const HWND dialog : DialogsOf(process)) {
+    for (const HWND dialog : simulator::DialogsOf(process)) {
       if (IsBox(dialog)) ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     }
     if (Microseconds() - begin > kLongest) {

@@ -19,6 +19,7 @@
 
 #include "common/owner.h"
 #include "simulator/wine/machine_state.h"
+#include "simulator/wine/process_dialogs.h"
 #include "ui/resource.h"
 
 namespace {
@@ -70,31 +71,6 @@ std::string TextOf(HWND window) {
   return Utf8(text);
 }
 
-std::wstring ClassOf(HWND window) {
-  wchar_t name[64] = {};
-  ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
-  return name;
-}
-
-std::vector<HWND> DialogsOf(DWORD process) {
-  struct Search {
-    DWORD process;
-    std::vector<HWND> found;
-  } search{process, {}};
-  ::EnumWindows(
-      [](HWND window, LPARAM parameter) -> BOOL {
-        auto& of = *reinterpret_cast<Search*>(parameter);
-        DWORD owner = 0;
-        ::GetWindowThreadProcessId(window, &owner);
-        if (owner == of.process && ::IsWindowVisible(window) && ClassOf(window) == L"#32770") {
-          of.found.push_back(window);
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 std::vector<HWND> ChildrenOf(HWND window, const wchar_t* name) {
   std::vector<HWND> children;
   for (HWND child = nullptr; (child = ::FindWindowExW(window, child, name, nullptr)) != nullptr;) {
@@ -139,7 +115,7 @@ class Watch {
   void Look() {
     HWND dialog = nullptr;
     std::vector<HWND> boxes;
-    for (const HWND window : DialogsOf(process_)) {
+    for (const HWND window : simulator::DialogsOf(process_)) {
       if (::GetDlgItem(window, IDC_PROGRESS) != nullptr) {
         dialog = window;
       } else if (!ChildrenOf(window, L"Button").empty()) {

@@ -1,11 +1,10 @@
-#include "simulator/tools/server_tools.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "simulator/model/server.h"
+#include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 
 namespace simulator {

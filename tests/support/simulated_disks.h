@@ -23,7 +23,8 @@ inline std::string DiskpartBannerOf(simulator::Server& server) {
 
 // What it prints behind that.
 inline std::string DiskpartOutput(std::string_view script, simulator::Server& server) {
-  return simulator::RunDiskpartScript(script, server).output.substr(DiskpartBannerOf(server).size());
+  return simulator::RunDiskpartScript(script, server)
+      .output.substr(DiskpartBannerOf(server).size());
 }
 
 // The server's own volume for the letter C, else a new one.
