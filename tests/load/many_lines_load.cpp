@@ -18,7 +18,7 @@ namespace {
 constexpr int kVolumes = 24;  // all that there are letters for, from C on
 
 // 20 million lines in all, or a tenth of that.
-uint64_t ManyRounds() { return Size<uint64_t>(100, 834, 8'334); }
+uint64_t ManyRounds() { return Size<uint64_t>(20, 834, 8'334); }
 constexpr uint64_t kFewRounds = 10;
 
 // A server on which the worker has run.
