@@ -6,14 +6,11 @@
 #include <memory>
 #include <optional>
 
-#include "acl/acl_util.h"
 #include "common/win/child_process_list.h"
 #include "fuzz/expect.h"
 #include "fuzz/script.h"
-#include "restore/messages.h"
 #include "simulator/model/windows_boot.h"
-#include "support/simulated_boot_tools.h"
-#include "ui/process_state.h"
+#include "support/simulated_process.h"
 
 namespace fuzz {
 namespace {
@@ -121,10 +118,7 @@ simulator::Intention IntentionOf(const Section& section) {
 }
 
 void StartProcess() {
-  acl::ACLUtil::privileges_enabled = false;
-  tests::ForgetPlatforms();
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
+  tests::ForgetProcess();
   // The list of a process only grows; a new process has a new one.
   auto& children = common::win::ChildProcessList::Instance();
   std::destroy_at(&children);

@@ -13,7 +13,7 @@ using tests::WholeRun;
 
 // In a process of its own.
 int32_t RunAgain(WholeRun& run) {
-  WholeRun::StartProcess();
+  tests::ForgetProcess();
   return run.Run();
 }
 

@@ -6,12 +6,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "acl/acl_util.h"
 #include "restore/messages.h"
 #include "simulator/model/unsupported.h"
 #include "simulator/tools/server_tools.h"
-#include "support/simulated_boot_tools.h"
-#include "ui/process_state.h"
+#include "support/simulated_process.h"
 
 namespace fault_sweep {
 namespace {
@@ -99,10 +97,7 @@ std::string SweptServer::Log() const {
 }
 
 void SweptServer::StartProcess() {
-  acl::ACLUtil::privileges_enabled = false;
-  tests::ForgetPlatforms();
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
+  tests::ForgetProcess();
   first_call_ = server_.calls().Count();
   begin_ = server_.clock().Milliseconds();
   shows_dialog_ = false;

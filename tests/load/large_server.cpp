@@ -5,13 +5,13 @@
 #include <memory>
 #include <utility>
 
-#include "acl/acl_util.h"
 #include "logger/b_logger.h"
 #include "restore/messages.h"
 #include "restore/run.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_descriptors.h"
+#include "support/simulated_process.h"
 
 namespace load {
 namespace {
@@ -38,15 +38,10 @@ simulator::MakeBytes Repeated(const std::string& block, uint64_t times, const st
   };
 }
 
-void StartProcess() {
-  acl::ACLUtil::privileges_enabled = false;
-  restore::SetDialog(nullptr);
-}
-
 }  // namespace
 
 LargeServer::LargeServer(int volumes, uint64_t rounds) : rounds_(rounds) {
-  StartProcess();
+  tests::ForgetProcess();
   server_.processes().Install("diskpart", simulator::DiskpartProgram());
   for (int volume = 0; volume < volumes; ++volume) AddVolume(volume);
   server_.calls().KeepTrace(false);
@@ -58,7 +53,7 @@ LargeServer::LargeServer(int volumes, uint64_t rounds) : rounds_(rounds) {
   percents_.reserve(static_cast<size_t>(volumes) * (LinesOfVolume() / kLinesPerReport + 10));
 }
 
-LargeServer::~LargeServer() { StartProcess(); }
+LargeServer::~LargeServer() { tests::ForgetProcess(); }
 
 void LargeServer::AddVolume(int volume) {
   constexpr uint64_t kGigabyte = uint64_t{1} << 30;

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "acl/acl_util.h"
 #include "common/win/child_process_list.h"
 #include "load/load_size.h"
 #include "load/memory_use.h"
@@ -16,20 +15,12 @@
 #include "simulator/model/local_heap.h"
 #include "simulator/model/server.h"
 #include "simulator/scenario.h"
-#include "support/simulated_boot_tools.h"
-#include "ui/process_state.h"
+#include "support/simulated_process.h"
 
 namespace load {
 namespace {
 
 int Runs() { return Size(20, 1000, 1000); }
-
-void StartProcess() {
-  acl::ACLUtil::privileges_enabled = false;
-  tests::ForgetPlatforms();
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
-}
 
 size_t Children() {
   size_t count = 0;
@@ -59,7 +50,7 @@ struct Kept {
 
 // The whole program on a server of its own, which goes again.
 Left RunProgram(const simulator::Scenario& scenario) {
-  StartProcess();
+  tests::ForgetProcess();
   simulator::Server server;
   simulator::Build(scenario, server);
   const int exit_code = server.own_process().Run(
@@ -91,7 +82,7 @@ class ManyRuns : public testing::Test {
       if (std::find(left_.begin(), left_.end(), left) == left_.end()) left_.push_back(left);
     }
     after_ = Measure();
-    StartProcess();
+    tests::ForgetProcess();
   }
 
   static inline std::vector<Left> left_;  // each that is different from the others

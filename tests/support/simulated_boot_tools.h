@@ -6,20 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "common/win/platform_cache.h"
 #include "simulator/model/server.h"
+#include "support/simulated_process.h"
 
 namespace tests {
-
-// As in a process that has not asked for the platform yet.
-inline void ForgetPlatforms() {
-  using common::win::BootOperation;
-  for (const BootOperation operation :
-       {BootOperation::kInspect, BootOperation::kExport, BootOperation::kImport,
-        BootOperation::kDelete, BootOperation::kRemake}) {
-    common::win::CachedPlatform(operation) = common::win::kPlatformUnknown;
-  }
-}
 
 // Both are installed and end well; the listing is that of a server with nothing to repair.
 class BootTools {

@@ -14,11 +14,10 @@
 #include <thread>
 #include <vector>
 
-#include "acl/acl_util.h"
 #include "restore/messages.h"
 #include "simulator/model/server.h"
 #include "support/simulated_boot_tools.h"
-#include "ui/process_state.h"
+#include "support/simulated_process.h"
 
 namespace tests {
 
@@ -26,19 +25,11 @@ namespace tests {
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
-    StartProcess();
+    ForgetProcess();
     server_.processes().Install(
         "diskpart", [](simulator::Server&, simulator::ChildProcess&) -> DWORD { return 0; });
   }
-  ~ProgramTest() override { StartProcess(); }
-
-  // What the program remembers is forgotten.
-  static void StartProcess() {
-    acl::ACLUtil::privileges_enabled = false;
-    ForgetPlatforms();
-    restore::SetDialog(nullptr);
-    ui::ProcessState::Instance().Forget();
-  }
+  ~ProgramTest() override { ForgetProcess(); }
 
   // A tool does not end by itself, so that the run lasts; RunWith waits until the run is there.
   void HoldTheRun(const std::string& tool = "bcdedit") {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "acl/acl_util.h"
 #include "logger/b_logger.h"
 #include "restore/run.h"
 #include "simulator/model/server.h"
@@ -16,8 +15,8 @@
 #include "simulator/report_junctions.h"
 #include "simulator/report_letters.h"
 #include "simulator/scenario.h"
-#include "support/simulated_boot_tools.h"
 #include "support/simulated_descriptors.h"
+#include "support/simulated_process.h"
 
 namespace tests {
 
@@ -28,17 +27,11 @@ class WholeRun {
       : scenario_(simulator::ReadScenario(std::filesystem::path(VANTORO_SCENARIO_DIR) /
                                           (name + ".json"))),
         sources_(simulator::Build(scenario_, server_)) {
-    StartProcess();
+    ForgetProcess();
   }
-  ~WholeRun() { StartProcess(); }
+  ~WholeRun() { ForgetProcess(); }
   WholeRun(const WholeRun&) = delete;
   WholeRun& operator=(const WholeRun&) = delete;
-
-  // What the program has remembered is forgotten.
-  static void StartProcess() {
-    acl::ACLUtil::privileges_enabled = false;
-    ForgetPlatforms();
-  }
 
   int32_t Run() {
     boot_before_ = server_.boot().store;

@@ -77,7 +77,7 @@ TEST_F(ApplicationTest, EndsWithCode0WhateverBecameOfTheRun) {
 TEST_F(ApplicationTest, SetsTheLanguageOfItsThread) {
   for (const LANGID language : {LANGID{2052}, LANGID{1028}, LANGID{1041}, LANGID{1033}}) {
     server_.system().language = language;
-    StartProcess();
+    tests::ForgetProcess();
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(LanguageCalls().back(),
               language == 2052 ? "SetThreadUILanguage 2052" : "SetThreadUILanguage 1033");
@@ -147,7 +147,7 @@ TEST_F(ApplicationTest, TakesAMessageThatCannotBeTakenForNone) {
 // What the thread checker looks at most: the user cancels while the first tool runs, or behind it.
 TEST_F(ApplicationTest, EndsWellHoweverItsThreadsMeet) {
   for (int round = 0; round < 100; ++round) {
-    StartProcess();
+    tests::ForgetProcess();
     server_.processes().Install(
         "bcdedit", [round](simulator::Server& server, simulator::ChildProcess&) -> DWORD {
           const HWND dialog = server.desktop().dialogs().WaitForDialog();

@@ -164,7 +164,7 @@ TEST(DefaultRun, ChangesNothingASecondTime) {
   const auto first = run.Copies();
   // In the same process most privileges stay off, in another they are enabled again.
   for (const bool same_process : {true, false}) {
-    if (!same_process) WholeRun::StartProcess();
+    if (!same_process) tests::ForgetProcess();
     EXPECT_EQ(run.Run(), 0);
     EXPECT_EQ(run.ClosingLines(),
               (std::vector<std::string>{"boot: nothing to do\n", "letters: 5 of 5 right\n",

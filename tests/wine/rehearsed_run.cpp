@@ -3,25 +3,14 @@
 #include <atomic>
 #include <thread>
 
-#include "acl/acl_util.h"
 #include "common/paths.h"
-#include "restore/messages.h"
 #include "simulator/model/server.h"
-#include "support/simulated_boot_tools.h"
-#include "ui/process_state.h"
+#include "support/simulated_process.h"
 
 namespace tests {
 namespace {
 
 constexpr char kLinkName[] = "\\vantoro_restore.exe.lnk";
-
-// What the program remembers is forgotten.
-void StartProcess() {
-  acl::ACLUtil::privileges_enabled = false;
-  ForgetPlatforms();
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
-}
 
 // The user accepts what the box offers, but for a restart that he does not want.
 int Answer(const simulator::ShownMessageBox& box, bool restarts) {
@@ -78,7 +67,7 @@ std::string LogOf(simulator::Server& server, const std::string& program_folder) 
 }  // namespace
 
 RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOptions& options) {
-  StartProcess();
+  ForgetProcess();
   RehearsedRun run;
   simulator::Server server;
   server.system().program_path = options.program_folder + "\\vantoro_restore.exe";
@@ -108,7 +97,7 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
     run.dialog = server.desktop().dialogs().All().back();
   }
   run.restart = server.shutdown().Scheduled();
-  StartProcess();
+  ForgetProcess();
   return run;
 }
 
