@@ -1,10 +1,10 @@
 // Starts the program and sits before its dialog as a second program: reads what can be seen through
-// Win32, answers its boxes, and prints what happened as lines of JSON (see WatchedRun).
-//   watch_program [--link] [--answer later] [--cancel-when-held] [--pause] PROGRAM
+// Win32, prints it as lines of JSON (see WatchedRun), and answers each box once a line has come in
+// from the standard input.
+//   watch_program [--link] [--answer later] [--cancel-when-held] PROGRAM
 //     --link               PROGRAM is a link of the shell's
 //     --answer later       refuses the restart; otherwise it is accepted
 //     --cancel-when-held   clicks Cancel, and confirms it, once a tool waits to be terminated
-//     --pause              answers a box only after a line has come in from the standard input
 #include <windows.h>
 
 #include <commctrl.h>
@@ -35,7 +35,6 @@ struct Options {
   bool is_link = false;
   bool restarts = true;
   bool cancels = false;
-  bool pauses = false;
   std::wstring program;
 };
 
@@ -144,7 +143,7 @@ class Watch {
     if (content.at("buttons").empty() || content.at("text") == "") return;
     answered_ = box;
     Tell({{"box", content}, {"dialog", dialog == nullptr ? json() : StateOf(dialog)}});
-    if (options_.pauses) std::getchar();
+    std::getchar();
     const bool asks = content.at("buttons").size() > 1;
     // MB_OK alone has its button under IDCANCEL as well as IDOK, by the version of Windows.
     const bool refuses = asks && !options_.cancels && !options_.restarts;
@@ -232,8 +231,6 @@ Options Read(int argc, wchar_t** argv) {
       options.restarts = argv[++i] != std::wstring(L"later");
     } else if (argument == L"--cancel-when-held") {
       options.cancels = true;
-    } else if (argument == L"--pause") {
-      options.pauses = true;
     } else {
       options.program = argument;
     }

@@ -176,12 +176,6 @@ WinePrefix::WinePrefix(const fs::path& folder, LANGID language)
   DefineDrive('C', kSystemVolumeTarget, DRIVE_FIXED);
 }
 
-void RemovePrefix(const fs::path& folder) {
-  std::error_code none;
-  fs::remove_all(folder, none);
-  fs::remove(folder.string() + ".lock", none);
-}
-
 WinePrefix::~WinePrefix() {
   try {
     EndAll(folder_);
@@ -234,7 +228,7 @@ std::vector<std::pair<char, std::string>> WinePrefix::Drives() const {
 }
 
 bool WinePrefix::Exists(std::string_view path) const {
-  constexpr size_t kRoot = 3;  // "C:\\"
+  constexpr size_t kRoot = 3;  // "C:\"
   for (const auto& [letter, target] : Drives()) {
     if (NameKey(path.substr(0, 1)) != NameKey(std::string(1, letter))) continue;
     return fs::exists(Below(folder_ / "dosdevices" / target, path.substr(kRoot)));
@@ -274,14 +268,18 @@ HostCommand WinePrefix::Command(std::vector<std::string> arguments) const {
           .errors = folder_ / "errors.txt"};
 }
 
-const char* CodePageOf(LANGID language) { return LanguageOf(language).code_page; }
+void RemovePrefix(const fs::path& folder) {
+  std::error_code none;
+  fs::remove_all(folder, none);
+  fs::remove(folder.string() + ".lock", none);
+}
 
 std::string InCodePage(std::string_view text, LANGID language) {
-  return Convert(text, "UTF-8", CodePageOf(language));
+  return Convert(text, "UTF-8", LanguageOf(language).code_page);
 }
 
 std::string FromCodePage(std::string_view text, LANGID language) {
-  return Convert(text, CodePageOf(language), "UTF-8");
+  return Convert(text, LanguageOf(language).code_page, "UTF-8");
 }
 
 }  // namespace simulator

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "simulator/wine/host_process.h"
@@ -42,7 +43,7 @@ class WinePrefix {
   // The target of each drive that there is.
   std::vector<std::pair<char, std::string>> Drives() const;
 
-  // Whether there is a file or folder at a path of Windows, "D:\\Data".
+  // Whether there is a file or folder at a path of Windows, "D:\Data".
   bool Exists(std::string_view path) const;
 
   // Before anything runs: the fonts of Wine and of the host that its dialogs are meant for.
@@ -63,9 +64,8 @@ class WinePrefix {
 // Takes away the folder of a prefix that nobody uses any more, as far as it can be.
 void RemovePrefix(const std::filesystem::path& folder);
 
-// The code page of the narrow texts of a Windows of that language, as iconv calls it.
-const char* CodePageOf(LANGID language);
-// From UTF-8 and back; what the other lacks becomes '?'.
+// From UTF-8 to the code page of a Windows of that language, and back; what the other lacks becomes
+// '?'.
 std::string InCodePage(std::string_view text, LANGID language);
 std::string FromCodePage(std::string_view text, LANGID language);
 

@@ -50,7 +50,7 @@ std::vector<std::string> ToldBetween(const fs::path& errors, const std::string& 
   return found;
 }
 
-// L"text" 30 0 1: the message, in which Wine writes what is not ASCII as "\\7cfb", the seconds,
+// L"text" 30 0 1: the message, in which Wine writes what is not ASCII as "\7cfb", the seconds,
 // whether programs are forced to close, whether the machine starts again.
 ShutdownRequest ReadShutdown(const std::string& told) {
   constexpr size_t kDigits = 4;
@@ -74,7 +74,7 @@ ShutdownRequest ReadShutdown(const std::string& told) {
 }
 
 std::vector<std::string> Arguments(const WineServer& server, const WatchOptions& options) {
-  std::vector<std::string> arguments = {"C:\\watch_program.exe", "--pause"};
+  std::vector<std::string> arguments = {"C:\\watch_program.exe"};
   if (!options.restarts) arguments.insert(arguments.end(), {"--answer", "later"});
   if (options.cancels_when_held) arguments.emplace_back("--cancel-when-held");
   if (options.starts_link) {

@@ -174,8 +174,9 @@ void InstallPrograms(const Scenario& scenario, const fs::path& program_folder, W
 WineServer::WineServer(const Scenario& scenario, const WineServerOptions& options,
                        const fs::path& folder)
     : options_(options), prefix_(folder, scenario.language) {
-  if (!scenario.faults.empty())
+  if (!scenario.faults.empty()) {
     throw ScenarioError("faults: no call can be made to fail under Wine");
+  }
   Server server;
   server.system().program_path = program();
   Build(scenario, server);
