@@ -3,3 +3,7 @@ add_library(vantoro_warnings INTERFACE)
 target_compile_options(
   vantoro_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
 )
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # GCC's -Wconversion does not include it.
+  target_compile_options(vantoro_warnings INTERFACE -Wno-sign-conversion)
+endif()

@@ -43,7 +43,7 @@ Outcome Restore(std::string_view list, bool continue_on_error) {
   }
   acl::ACLUtil::privileges_enabled = false;
   outcome.report = server.files().Read("C:\\report.txt").value_or("");
-  Expect(server.handles().OpenKinds().empty(), "no handle is left");
+  Expect(server.OpenHandles().empty(), "no handle is left");
   return outcome;
 }
 

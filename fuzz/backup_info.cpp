@@ -62,7 +62,7 @@ void BackupInfo(std::string_view bytes) {
   const bool has_count = acl::ReadACLCount(logger, 'c', count);
   Expect(has_count ? count > 0 && count <= INT32_MAX : count == 0,
          "a count is positive, or nothing was read");
-  Expect(server.handles().OpenKinds().empty(), "no handle is left");
+  Expect(server.OpenHandles().empty(), "no handle is left");
 }
 
 }  // namespace fuzz

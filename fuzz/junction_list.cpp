@@ -67,7 +67,7 @@ void JunctionList(std::string_view bytes) {
                        }),
            "a line tells what became of the junction");
   }
-  Expect(server.handles().OpenKinds().empty(), "no handle is left");
+  Expect(server.OpenHandles().empty(), "no handle is left");
   Expect(server.files().Exists("C:\\Full\\Folder"), "a folder with something in it stays");
 }
 

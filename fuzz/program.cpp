@@ -7,20 +7,28 @@
 #include "fuzz/scripted_server.h"
 #include "fuzz/targets.h"
 #include "restore/messages.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
 
 namespace fuzz {
 namespace {
 
 int RunProgram(simulator::Server& server, simulator::User& user) {
-  simulator::Desktop& desktop = server.desktop();
-  desktop.dialogs().HandlePostsAtOnce();
-  desktop.dialogs().Watch([&](const simulator::ShownDialog& dialog) {
-    if (user.WantsToCancel(dialog)) desktop.dialogs().Click(dialog.window, IDCANCEL);
+  simulator::Dialogs& dialogs = server.dialogs();
+  dialogs.HandlePostsAtOnce();
+  dialogs.Watch([&](const simulator::ShownDialog& dialog) {
+    if (user.WantsToCancel(dialog)) dialogs.Click(dialog.window, IDCANCEL);
   });
-  desktop.AnswerBoxes([&](const simulator::ShownMessageBox& box) { return user.Answer(box); });
+  server.message_boxes().Answer(
+      [&](const simulator::ShownMessageBox& box) { return user.Answer(box); });
   const int exit_code = server.own_process().Run(
       [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
-  desktop.dialogs().Watch(nullptr);
+  dialogs.Watch(nullptr);
   return exit_code;
 }
 
@@ -32,7 +40,7 @@ void Program(std::string_view bytes) {
   simulator::User user(scripted.intention());
   const int exit_code = RunProgram(server, user);
   Expect(exit_code == 0 || exit_code == 1, "the program ends with 0 or 1");
-  for (const MSG& message : server.desktop().dialogs().TakeLost()) {
+  for (const MSG& message : server.dialogs().TakeLost()) {
     if (message.message == restore::WM_RESTORE_PROGRESS) {
       restore::ReleasePosted(message.wParam, message.lParam);
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fuzz/expect.h"
@@ -11,7 +12,10 @@
 #include "fuzz/targets.h"
 #include "logger/b_logger.h"
 #include "restore/messages.h"
+#include "simulator/model/desktop.h"
 #include "simulator/model/local_heap.h"
+#include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 
 namespace fuzz {
 namespace {
@@ -26,7 +30,7 @@ void TakePosted(simulator::Desktop& desktop, HWND window) {
 // A tool that cannot be started leaves both ends of its pipe open, a privilege that cannot be
 // enabled the token. Nothing else is left.
 void ExpectNoHandlesLeft(ScriptedServer& scripted) {
-  const std::vector<std::string> kinds = scripted.server().handles().OpenKinds();
+  const std::vector<std::string> kinds = scripted.server().OpenHandles();
   const auto count = [&kinds](std::string_view kind) {
     return std::count(kinds.begin(), kinds.end(), kind);
   };

@@ -9,8 +9,10 @@
 
 #include "fuzz/expect.h"
 #include "fuzz/targets.h"
+#include "simulator/model/disks.h"
 #include "simulator/model/server.h"
 #include "simulator/report_letters.h"
+#include "simulator/source_tree.h"
 
 namespace fuzz {
 namespace {

@@ -9,7 +9,12 @@
 #include "common/win/child_process_list.h"
 #include "fuzz/expect.h"
 #include "fuzz/script.h"
+#include "simulator/model/boot_store.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/volume.h"
 #include "simulator/model/windows_boot.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_process.h"
 
 namespace fuzz {
@@ -82,7 +87,7 @@ void Describe(const Section& section, Scenario& scenario) {
     scenario.language = static_cast<LANGID>(section.Number(1));
   } else if (kind == "stray") {
     const std::string identifier = simulator::NumberedIdentifier(8);
-    if (!scenario.boot) scenario.boot = simulator::HealthyBoot();
+    if (!scenario.boot) scenario.boot = std::make_shared<simulator::Boot>(simulator::HealthyBoot());
     simulator::BootStore& store = scenario.boot->store;
     if (store.Find(identifier) != nullptr) return;
     store.entries.push_back(simulator::WindowsLoader({"C:\\Windows", "Stray", section.Word(1)},

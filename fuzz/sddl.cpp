@@ -5,6 +5,8 @@
 #include "common/strings.h"
 #include "fuzz/expect.h"
 #include "fuzz/targets.h"
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_text.h"
 
 namespace fuzz {

@@ -1,6 +1,7 @@
 #include "simulator/prepare_folder.h"
 
 #include "simulator/model/path_name.h"
+#include "simulator/model/sddl_text.h"
 #include "simulator/source_tree.h"
 
 namespace simulator {

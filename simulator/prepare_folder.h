@@ -6,9 +6,10 @@
 #include <string>
 
 #include "simulator/model/node.h"
-#include "simulator/model/sddl_text.h"
 
 namespace simulator {
+
+struct AccountDomains;
 
 inline constexpr char kPrepareFolder[] = "vantoro_prepare";
 

@@ -15,7 +15,17 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/console.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
 #include "simulator/rehearse_options.h"
 #include "simulator/rehearse_user.h"
 #include "simulator/rehearse_windows.h"
@@ -26,6 +36,7 @@
 #include "simulator/report_restart.h"
 #include "simulator/scenario.h"
 #include "simulator/screen.h"
+#include "simulator/source_tree.h"
 #include "ui/resource.h"
 
 namespace simulator {
@@ -73,14 +84,14 @@ Screen::Kind KindOfScreen() {
 
 // Shows everything as it happens and lets the user act.
 void Watch(Server& server, Screen& screen, User& user) {
-  Dialogs& dialogs = server.desktop().dialogs();
+  Dialogs& dialogs = server.dialogs();
   // Otherwise the run would be far ahead of what the user sees.
   dialogs.HandlePostsAtOnce();
   dialogs.Watch([&dialogs, &screen, &user](const ShownDialog& dialog) {
     screen.ShowDialog(dialog);
     if (user.WantsToCancel(dialog)) dialogs.Click(dialog.window, IDCANCEL);
   });
-  server.desktop().AnswerBoxes([&screen, &user](const ShownMessageBox& box) {
+  server.message_boxes().Answer([&screen, &user](const ShownMessageBox& box) {
     const int answer = user.Answer(box);
     screen.ShowBox(box, answer);
     return answer;
@@ -98,7 +109,7 @@ void PassTime(Server& server, Screen::Kind screen, const std::string& tool,
   constexpr std::chrono::milliseconds kSeen{kStep / 20};
   const int duration = tool == "bcdedit" ? 500 : 1000;
   const auto let_dialogs_rest = [&server] {
-    Dialogs& dialogs = server.desktop().dialogs();
+    Dialogs& dialogs = server.dialogs();
     for (const ShownDialog& dialog : dialogs.All()) dialogs.WaitUntilIdle(dialog.window);
   };
   let_dialogs_rest();
@@ -117,11 +128,11 @@ Outcome RunProgram(Server& server, const User& user) {
   server.own_process().Run(
       [] { return ::wWinMain(ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
   if (user.cancelled_at()) return Outcome::kCancelled;
-  const std::vector<ShownMessageBox> boxes = server.desktop().Boxes();
+  const std::vector<ShownMessageBox> boxes = server.message_boxes().Shown();
   const bool has_warned = std::any_of(boxes.begin(), boxes.end(), [](const ShownMessageBox& box) {
     return (box.type & MB_ICONWARNING) == MB_ICONWARNING;
   });
-  const std::vector<ShownDialog> dialogs = server.desktop().dialogs().All();
+  const std::vector<ShownDialog> dialogs = server.dialogs().All();
   if (has_warned || dialogs.empty()) return Outcome::kFailed;
   const ShownControl& bar = dialogs.back().Control(IDC_PROGRESS);
   const bool is_full = bar.state == PBST_NORMAL && bar.position == bar.maximum;
@@ -159,7 +170,7 @@ std::string ReasonOf(Server& server) {
   if (begin != std::string::npos) {
     return console.substr(begin, console.find_first_of("\r\n", begin) - begin);
   }
-  const std::vector<ShownMessageBox> boxes = server.desktop().Boxes();
+  const std::vector<ShownMessageBox> boxes = server.message_boxes().Shown();
   return boxes.empty() ? "see the log" : boxes.front().text;
 }
 
@@ -196,7 +207,7 @@ int Rehearse(const Options& options) {
   Watch(server, screen, user);
   const Outcome outcome = RunProgram(server, user);
   server.files().Watch(nullptr);
-  server.desktop().dialogs().Watch(nullptr);
+  server.dialogs().Watch(nullptr);
 
   std::cout << "\n"
             << BootReport(boot, server.boot().store)

@@ -1,5 +1,7 @@
 #include "simulator/rehearse_user.h"
 
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/screen_picture.h"
 
 namespace simulator {

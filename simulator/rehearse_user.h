@@ -4,9 +4,11 @@
 
 #include <optional>
 
-#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
 
 namespace simulator {
+
+struct ShownDialog;
 
 enum class Wish { kRestart, kLater, kCancel };
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/windows_boot.h"
 #include "simulator/report_boot.h"
 #include "simulator/report_descriptors.h"

@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <map>
 
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/node.h"
+#include "simulator/model/sddl_text.h"
+#include "simulator/model/volume.h"
+#include "simulator/source_tree.h"
+
 namespace simulator {
 namespace {
 

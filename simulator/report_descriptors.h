@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/sddl_text.h"
 #include "simulator/source_tree.h"
 
 namespace simulator {
+
+struct AccountDomains;
 
 struct DescriptorDifference {
   std::string path;  // with the letter of the source

@@ -4,7 +4,10 @@
 #include <functional>
 #include <string_view>
 
+#include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/volume.h"
+#include "simulator/source_tree.h"
 
 namespace simulator {
 namespace {

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "simulator/model/disks.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/columns.h"
 
 namespace simulator {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/server.h"
 #include "simulator/scenario.h"
 
 namespace simulator {

@@ -4,6 +4,8 @@
 #include <limits>
 #include <set>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/server.h"
 #include "simulator/scenario_boot.h"
 #include "simulator/scenario_json.h"
 
@@ -194,7 +196,7 @@ Scenario ReadScenario(const std::filesystem::path& file) {
   if (const auto windows = root.Find("windows")) ReadWindows(*windows, scenario);
   if (const auto boot = root.Find("boot")) {
     if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
-    scenario.boot = ReadBoot(*boot);
+    scenario.boot = std::make_shared<Boot>(ReadBoot(*boot));
   }
   const JsonPlace disks = root.At("disks");
   for (const JsonPlace& disk : disks.Elements()) scenario.disks.push_back(ReadDisk(disk, context));

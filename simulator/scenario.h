@@ -9,7 +9,8 @@
 //                  "removable", [backup_info] lines, [import] a host folder, [source], [lost],
 //                  [unreadable]: see scenario_source.h
 //   tools:         name "diskpart", "bcdedit" or "bcdboot", exit_code, [call] counted from 1,
-//   [output] faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
+//                  [output]
+//   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
 //   startup_links: [common], [program]; both are there unless said otherwise
 #ifndef SIMULATOR_SCENARIO_H_
 #define SIMULATOR_SCENARIO_H_
@@ -19,20 +20,20 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/calls.h"
+#include "simulator/model/server.h"
 #include "simulator/scenario_source.h"
-#include "simulator/source_tree.h"
 
 namespace simulator {
 
 class ChildProcess;
-class Server;
+struct Boot;
+struct SourceVolume;
 
 // One line: the file, the place in it and what was expected there.
 class ScenarioError : public std::runtime_error {
@@ -92,7 +93,7 @@ struct Scenario {
   LANGID language = 1033;
   std::string computer_name = "MIGRATED";
   std::vector<ScenarioDisk> disks;  // numbered from 0
-  std::optional<Boot> boot;
+  std::shared_ptr<Boot> boot;       // null for one with nothing to repair
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;
   bool common_startup_link = true;

@@ -6,12 +6,20 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/access.h"
+#include "simulator/model/boot_store.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/disks.h"
 #include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/model/well_known_sids.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 #include "simulator/tools/server_tools.h"
 
 namespace simulator {

@@ -5,12 +5,14 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/descriptor.h"
 #include "simulator/model/junction.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/sddl_text.h"
 #include "simulator/model/security.h"
 #include "simulator/model/utf8.h"
 #include "simulator/scenario_json.h"
+#include "simulator/source_tree.h"
 
 namespace simulator {
 namespace {
@@ -61,13 +63,13 @@ void CheckParents(const Paths& paths) {
   }
 }
 
-std::optional<Descriptor> ReadDescriptorText(const std::optional<JsonPlace>& place) {
-  if (!place) return std::nullopt;
+std::shared_ptr<const Descriptor> ReadDescriptorText(const std::optional<JsonPlace>& place) {
+  if (!place) return nullptr;
   Descriptor descriptor;
   if (ParseSddl(place->Text(), Security().domains(), &descriptor) != ERROR_SUCCESS) {
     place->Fail("a security descriptor as text, such as \"D:PAI(A;;FA;;;BA)\"");
   }
-  return descriptor;
+  return std::make_shared<const Descriptor>(std::move(descriptor));
 }
 
 DWORD ReadAttributes(const JsonPlace& place) {

@@ -20,20 +20,20 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "simulator/model/descriptor.h"
-
 namespace simulator {
 
 class JsonPlace;
+struct Descriptor;
 
 struct ScenarioObject {
   std::string path;
-  std::optional<Descriptor> given;       // what its text gives; the rest is inherited
-  std::optional<Descriptor> copy_given;  // likewise on the copy
+  std::shared_ptr<const Descriptor> given;       // what its text gives; the rest is inherited
+  std::shared_ptr<const Descriptor> copy_given;  // likewise on the copy
   DWORD attributes = 0;
   int folders = 0;  // to make in it
   int files = 0;
@@ -48,7 +48,7 @@ struct ScenarioJunction {
 };
 
 struct ScenarioSource {
-  std::optional<Descriptor> root_given;
+  std::shared_ptr<const Descriptor> root_given;
   std::vector<ScenarioObject> folders;
   std::vector<ScenarioObject> files;
   std::vector<ScenarioJunction> junctions;

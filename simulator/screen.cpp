@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/screen_picture.h"
 
 namespace simulator {

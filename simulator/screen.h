@@ -10,9 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
 
 namespace simulator {
+
+struct ShownDialog;
 
 // Thread-safe: lines of different threads never mix.
 class Screen {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/utf8.h"
 
 namespace simulator {

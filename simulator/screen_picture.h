@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/shown_dialog.h"
-
 namespace simulator {
+
+struct ShownDialog;
 
 // How far the dialog's first progress bar is filled, 0 without one.
 int BarPercent(const ShownDialog& dialog);

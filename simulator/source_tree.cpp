@@ -6,8 +6,11 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/inheritance.h"
 #include "simulator/model/junction.h"
+#include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/shared_descriptors.h"
 #include "simulator/scenario.h"
@@ -135,7 +138,7 @@ std::shared_ptr<const Node> MakeSourceTree(const ScenarioSource& source, const I
   const auto root = std::make_shared<Node>();
   root->attributes = FILE_ATTRIBUTE_DIRECTORY;
   root->security = inherited.OfRoot();
-  if (source.root_given) root->security = std::make_shared<const Descriptor>(*source.root_given);
+  if (source.root_given) root->security = source.root_given;
 
   Given given;
   const auto make = [&root, &given](const ScenarioObject& object) {

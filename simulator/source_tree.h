@@ -8,12 +8,13 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/access.h"
-#include "simulator/model/node.h"
-#include "simulator/model/volume.h"
-#include "simulator/scenario_source.h"
-
 namespace simulator {
+
+struct Identity;
+struct Node;
+struct ScenarioLosses;
+struct ScenarioSource;
+struct Volume;
 
 struct SourceVolume {
   char letter = 'C';                 // on the source server, upper case

@@ -4,7 +4,10 @@
 
 #include "logger/b_logger.h"
 #include "restore/run.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/source_tree.h"
 
 namespace benchmarks {
 

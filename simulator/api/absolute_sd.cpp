@@ -8,10 +8,9 @@
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
 #include "simulator/model/descriptor.h"
-#include "simulator/model/unsupported.h"
 
 using simulator::Call;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 namespace {
 
@@ -55,7 +54,7 @@ DWORD SizeOf(std::string_view part) { return static_cast<DWORD>(part.size()); }
 template <typename Buffer>
 Buffer* Copied(std::string_view part, Buffer* buffer) {
   if (part.empty()) return nullptr;
-  if (buffer == nullptr) Unsupported("MakeAbsoluteSD: no buffer");
+  if (buffer == nullptr) UnsupportedCall("MakeAbsoluteSD: no buffer");
   std::memcpy(buffer, part.data(), part.size());
   return buffer;
 }
@@ -67,9 +66,9 @@ BOOL WINAPI MakeAbsoluteSD(PSECURITY_DESCRIPTOR self_relative, PSECURITY_DESCRIP
                            LPDWORD sacl_size, PSID owner, LPDWORD owner_size, PSID primary_group,
                            LPDWORD primary_group_size) {
   constexpr DWORD kAbsoluteSize = sizeof(SECURITY_DESCRIPTOR);
-  if (self_relative == nullptr) Unsupported("MakeAbsoluteSD: no descriptor");
+  if (self_relative == nullptr) UnsupportedCall("MakeAbsoluteSD: no descriptor");
   for (const DWORD* size : {absolute_size, dacl_size, sacl_size, owner_size, primary_group_size}) {
-    if (size == nullptr) Unsupported("MakeAbsoluteSD: nowhere to put a size");
+    if (size == nullptr) UnsupportedCall("MakeAbsoluteSD: nowhere to put a size");
   }
   const Call call("MakeAbsoluteSD", *absolute_size, *dacl_size, *sacl_size, *owner_size,
                   *primary_group_size);
@@ -90,7 +89,7 @@ BOOL WINAPI MakeAbsoluteSD(PSECURITY_DESCRIPTOR self_relative, PSECURITY_DESCRIP
     *primary_group_size = SizeOf(parts->group);
     return call.Done(ERROR_INSUFFICIENT_BUFFER);
   }
-  if (absolute == nullptr) Unsupported("MakeAbsoluteSD: no buffer");
+  if (absolute == nullptr) UnsupportedCall("MakeAbsoluteSD: no buffer");
   SECURITY_DESCRIPTOR made = {};
   made.Revision = header.Revision;
   made.Sbz1 = header.Sbz1;

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <utility>
 
+#include "simulator/model/own_process.h"
+#include "simulator/model/unsupported.h"
 #include "simulator/model/utf8.h"
 
 namespace {
@@ -24,6 +26,8 @@ std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string 
   if (process.HasEnded()) return ended_code;
   return server.calls().Enter(name, std::move(arguments));
 }
+
+void UnsupportedCall(std::string_view what) { Unsupported(what); }
 
 std::string TraceText(std::nullptr_t) { return "null"; }
 

@@ -9,10 +9,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "simulator/model/platform_scope.h"
 #include "simulator/model/server.h"
-#include "simulator/model/unsupported.h"
 
 namespace simulator {
 
@@ -23,6 +23,9 @@ inline constexpr DWORD kSpoiltLastError = 0x0BADC0DE;
 // fail with: `ended_code` once the process has ended, else that of a fault that is due.
 std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string arguments,
                                   uint32_t ended_code);
+
+// Ends the process with a line that names what a call does not honour, as Unsupported does.
+[[noreturn]] void UnsupportedCall(std::string_view what);
 
 // One argument as the trace shows it: text in quotation marks, numbers in decimal, handles and
 // pointers in hexadecimal, null as "null".
@@ -50,7 +53,7 @@ std::string TraceList(const Arguments&... arguments) {
 //   BOOL WINAPI DeleteFileA(LPCSTR path) {
 //     Call call("DeleteFileA", path);
 //     if (call.fails()) return FALSE;             // the last error is the fault's
-//     return call.Done(call.server().files().Delete(path));
+//     return call.Done(call.server().file_system().Delete(path));
 //   }
 class Call {
  public:

@@ -5,18 +5,19 @@
 #include <utility>
 
 #include "simulator/api/call.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/graphics.h"
 
 namespace simulator {
 namespace {
 
 bool Change(const Call& call, HDC context, const std::function<void(ShownColors&)>& change) {
-  const bool is_there = call.server().desktop().dialogs().contexts().Change(context, change);
+  const bool is_there = call.server().dialogs().contexts().Change(context, change);
   return call.Done(is_there ? ERROR_SUCCESS : ERROR_INVALID_HANDLE) != FALSE;
 }
 
 COLORREF SetColor(const char* name, HDC context, COLORREF color, COLORREF ShownColors::*which) {
-  if (color > 0x00FFFFFF) Unsupported(std::string(name) + " of a palette's colour");
+  if (color > 0x00FFFFFF) UnsupportedCall(std::string(name) + " of a palette's colour");
   const Call call(name, static_cast<const void*>(context), color);
   if (call.fails()) return CLR_INVALID;
   COLORREF before = color;
@@ -30,7 +31,7 @@ COLORREF SetColor(const char* name, HDC context, COLORREF color, COLORREF ShownC
 
 using simulator::Call;
 using simulator::ShownColors;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 COLORREF WINAPI SetTextColor(HDC context, COLORREF color) {
   return simulator::SetColor("SetTextColor", context, color, &ShownColors::text);
@@ -41,7 +42,7 @@ COLORREF WINAPI SetBkColor(HDC context, COLORREF color) {
 }
 
 int WINAPI SetBkMode(HDC context, int mode) {
-  if (mode != TRANSPARENT && mode != OPAQUE) Unsupported("SetBkMode: mode");
+  if (mode != TRANSPARENT && mode != OPAQUE) UnsupportedCall("SetBkMode: mode");
   const Call call("SetBkMode", static_cast<const void*>(context), mode);
   if (call.fails()) return 0;
   int before = mode;
@@ -51,7 +52,7 @@ int WINAPI SetBkMode(HDC context, int mode) {
 }
 
 HGDIOBJ WINAPI GetStockObject(int object) {
-  if (object != WHITE_BRUSH && object != NULL_BRUSH) Unsupported("GetStockObject: object");
+  if (object != WHITE_BRUSH && object != NULL_BRUSH) UnsupportedCall("GetStockObject: object");
   const Call call("GetStockObject", object);
   if (call.fails()) return nullptr;
   return call.Succeed(simulator::StockObject(object));

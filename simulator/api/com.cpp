@@ -1,4 +1,6 @@
 // COM: a thread's use of it, and the one class there is.
+#include "simulator/model/com.h"
+
 #include <windows.h>
 
 #include <objbase.h>
@@ -6,15 +8,17 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/taskbar_list.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 
 using simulator::Call;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 const IID IID_IUnknown = {0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
 HRESULT WINAPI CoInitialize(LPVOID reserved) {
-  if (reserved != nullptr) Unsupported("CoInitialize: what is reserved");
+  if (reserved != nullptr) UnsupportedCall("CoInitialize: what is reserved");
   const Call call("CoInitialize");
   if (call.fails()) return simulator::ResultOf(::GetLastError());
   simulator::Server& server = call.server();
@@ -31,9 +35,9 @@ void WINAPI CoUninitialize() {
 
 HRESULT WINAPI CoCreateInstance(REFCLSID class_id, LPUNKNOWN outer, DWORD context,
                                 REFIID interface_id, LPVOID* object) {
-  if (outer != nullptr) Unsupported("CoCreateInstance: within another object");
-  if (context != CLSCTX_INPROC_SERVER) Unsupported("CoCreateInstance: context");
-  if (object == nullptr) Unsupported("CoCreateInstance: nowhere to put it");
+  if (outer != nullptr) UnsupportedCall("CoCreateInstance: within another object");
+  if (context != CLSCTX_INPROC_SERVER) UnsupportedCall("CoCreateInstance: context");
+  if (object == nullptr) UnsupportedCall("CoCreateInstance: nowhere to put it");
   const Call call("CoCreateInstance");
   *object = nullptr;
   if (call.fails()) return simulator::ResultOf(::GetLastError());

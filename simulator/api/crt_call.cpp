@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "simulator/model/server.h"
+
 namespace simulator {
 namespace {
 

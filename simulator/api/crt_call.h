@@ -8,6 +8,7 @@
 #include <string>
 
 #include "simulator/api/call.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 
@@ -19,7 +20,7 @@ int ErrnoOf(DWORD error);
 //   int _mkdir(const char* path) {
 //     CrtCall call("_mkdir", path);
 //     if (call.fails()) return -1;  // errno is the fault's
-//     return call.Done(call.server().files().MakeDirectory(path)) ? 0 : -1;
+//     return call.Done(call.server().file_system().MakeDirectory(path)) ? 0 : -1;
 //   }
 class CrtCall {
  public:

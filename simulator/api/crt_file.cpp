@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "simulator/api/crt_call.h"
+#include "simulator/model/files.h"
 
 namespace simulator {
 namespace {
@@ -42,7 +43,7 @@ std::optional<CrtMode> ParseMode(std::string_view text) {
     } else if (c == 'b') {
       mode.translation = Translation::kBinary;
     } else if (c != 't') {
-      Unsupported("the file mode \"" + std::string(text) + "\"");
+      UnsupportedCall("the file mode \"" + std::string(text) + "\"");
     }
   }
   return mode;
@@ -60,7 +61,7 @@ std::unique_ptr<CrtFile> CrtFile::Open(const char* path, const std::string& mode
   // The runtime takes an empty path for a wrong argument, not for a missing file.
   if (!parsed || path == nullptr || *path == '\0') return call.Refuse(nullptr, EINVAL);
   std::shared_ptr<OpenFile> file;
-  if (!call.Done(call.server().files().Open(path, parsed->open, &file))) return nullptr;
+  if (!call.Done(call.server().file_system().Open(path, parsed->open, &file))) return nullptr;
   const bool reads_and_writes = parsed->open.read && parsed->open.write;
   return std::unique_ptr<CrtFile>(
       new CrtFile(std::move(file), parsed->translation, reads_and_writes));

@@ -12,6 +12,7 @@
 
 #include "simulator/api/crt_call.h"
 #include "simulator/api/crt_file.h"
+#include "simulator/model/files.h"
 #include "simulator/model/utf8.h"
 
 namespace {
@@ -41,7 +42,7 @@ int CloseCookie(void* cookie) {
 }
 
 FILE* OpenStream(const char* path, const std::string& mode, int share) {
-  if (share != _SH_DENYNO) simulator::Unsupported("a sharing mode other than _SH_DENYNO");
+  if (share != _SH_DENYNO) simulator::UnsupportedCall("a sharing mode other than _SH_DENYNO");
   std::unique_ptr<CrtFile> file = CrtFile::Open(path, mode);
   if (!file) return nullptr;
   // The host knows no "t" and wants the "+" next to the letter.
@@ -72,7 +73,7 @@ int _access(const char* path, int mode) {
   if (call.fails()) return -1;
   if (path == nullptr || (mode & ~(kRead | kWrite)) != 0) return call.Refuse(-1, EINVAL);
   DWORD attributes = 0;
-  if (!call.Done(call.server().files().Attributes(path, &attributes))) return -1;
+  if (!call.Done(call.server().file_system().Attributes(path, &attributes))) return -1;
   const bool is_read_only =
       (attributes & FILE_ATTRIBUTE_READONLY) != 0 && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
   if (is_read_only && (mode & kWrite) != 0) return call.Refuse(-1, EACCES);
@@ -83,5 +84,5 @@ int _mkdir(const char* path) {
   CrtCall call("_mkdir", path);
   if (call.fails()) return -1;
   if (path == nullptr) return call.Refuse(-1, EINVAL);
-  return call.Done(call.server().files().MakeDirectory(path)) ? 0 : -1;
+  return call.Done(call.server().file_system().MakeDirectory(path)) ? 0 : -1;
 }

@@ -4,6 +4,9 @@
 #include <stdio.h>
 
 #include "simulator/api/call.h"
+#include "simulator/model/console.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/server.h"
 
 namespace {
 
@@ -18,7 +21,7 @@ ssize_t PrintCookie(void*, const char* text, size_t size) {
 
 FILE* OpenStandardOutput() {
   FILE* const stream = fopencookie(nullptr, "w", {nullptr, PrintCookie, nullptr, nullptr});
-  if (stream == nullptr) simulator::Unsupported("a process without memory for standard output");
+  if (stream == nullptr) simulator::UnsupportedCall("a process without memory for standard output");
   setvbuf(stream, nullptr, _IONBF, 0);
   return stream;
 }
@@ -26,7 +29,7 @@ FILE* OpenStandardOutput() {
 }  // namespace
 
 FILE* __acrt_iob_func(unsigned index) {
-  if (index != 1) simulator::Unsupported("a standard stream other than standard output");
+  if (index != 1) simulator::UnsupportedCall("a standard stream other than standard output");
   // Never closed, as the runtime's own.
   static FILE* const stream = OpenStandardOutput();
   return stream;

@@ -13,14 +13,14 @@
 #include "simulator/model/descriptor.h"
 #include "simulator/model/local_heap.h"
 #include "simulator/model/sddl_text.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/security.h"
 
 using simulator::Acl;
 using simulator::Call;
 using simulator::Descriptor;
 using simulator::HeaderAt;
 using simulator::Sid;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 namespace {
 
@@ -101,7 +101,8 @@ BOOL WINAPI ConvertSecurityDescriptorToStringSecurityDescriptorA(PSECURITY_DESCR
   const Call call("ConvertSecurityDescriptorToStringSecurityDescriptorA", descriptor, revision,
                   information);
   if (call.fails()) return FALSE;
-  if ((information & ~simulator::kAllParts) != 0) Unsupported("this security information as text");
+  if ((information & ~simulator::kAllParts) != 0)
+    UnsupportedCall("this security information as text");
   if (descriptor == nullptr || text == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   if (revision != SDDL_REVISION_1) return call.Done(ERROR_UNKNOWN_REVISION);
   Descriptor read;

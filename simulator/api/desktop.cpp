@@ -1,4 +1,6 @@
 // Messages, message boxes and string resources.
+#include "simulator/model/desktop.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -7,7 +9,8 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/resource_language.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/server.h"
 #include "simulator/model/utf8.h"
 
 namespace simulator {
@@ -15,9 +18,9 @@ namespace {
 
 BOOL Post(const char* name, HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   const HWND everyone = reinterpret_cast<HWND>(UINT_PTR{0xFFFF});
-  if (window == nullptr) Unsupported(std::string(name) + " to a thread");
-  if (window == everyone) Unsupported(std::string(name) + " to every window");
-  if (message < WM_USER) Unsupported(std::string(name) + " of a system message");
+  if (window == nullptr) UnsupportedCall(std::string(name) + " to a thread");
+  if (window == everyone) UnsupportedCall(std::string(name) + " to every window");
+  if (message < WM_USER) UnsupportedCall(std::string(name) + " of a system message");
   const Call call(name, static_cast<const void*>(window), message, static_cast<uint64_t>(wparam),
                   static_cast<int64_t>(lparam));
   if (call.fails()) return FALSE;
@@ -39,7 +42,7 @@ std::optional<std::string> FindString(Server& server, UINT id) {
 }  // namespace simulator
 
 using simulator::Call;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 BOOL WINAPI PostMessageA(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   return simulator::Post("PostMessageA", window, message, wparam, lparam);
@@ -52,19 +55,18 @@ BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wparam, LPARAM lparam
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
   constexpr UINT kButtons = MB_OK | MB_OKCANCEL;
   constexpr UINT kIcons = MB_ICONERROR | MB_ICONQUESTION | MB_ICONWARNING;
-  if ((type & ~(kButtons | kIcons)) != 0) Unsupported("MessageBoxA: type");
+  if ((type & ~(kButtons | kIcons)) != 0) UnsupportedCall("MessageBoxA: type");
   const Call call("MessageBoxA", static_cast<const void*>(owner), text, caption, type);
   if (call.fails()) return 0;
-  simulator::Desktop& desktop = call.server().desktop();
-  if (owner != nullptr && !desktop.HasWindow(owner)) {
+  if (owner != nullptr && !call.server().desktop().HasWindow(owner)) {
     return call.Fail(0, ERROR_INVALID_WINDOW_HANDLE);
   }
-  return call.Succeed(desktop.Show(
+  return call.Succeed(call.server().message_boxes().Show(
       {owner, text != nullptr ? text : "", caption != nullptr ? caption : "Error", type, 0}));
 }
 
 int WINAPI LoadStringA(HINSTANCE instance, UINT id, LPSTR buffer, int buffer_size) {
-  if (buffer == nullptr || buffer_size <= 0) Unsupported("LoadStringA without a buffer");
+  if (buffer == nullptr || buffer_size <= 0) UnsupportedCall("LoadStringA without a buffer");
   const Call call("LoadStringA", static_cast<const void*>(instance), id);
   if (call.fails()) return 0;
   const auto text = simulator::FindString(call.server(), id);
@@ -77,7 +79,7 @@ int WINAPI LoadStringA(HINSTANCE instance, UINT id, LPSTR buffer, int buffer_siz
 }
 
 int WINAPI LoadStringW(HINSTANCE instance, UINT id, LPWSTR buffer, int buffer_size) {
-  if (buffer == nullptr || buffer_size <= 0) Unsupported("LoadStringW without a buffer");
+  if (buffer == nullptr || buffer_size <= 0) UnsupportedCall("LoadStringW without a buffer");
   const Call call("LoadStringW", static_cast<const void*>(instance), id);
   if (call.fails()) return 0;
   const auto utf8 = simulator::FindString(call.server(), id);

@@ -1,4 +1,6 @@
 // Files and drives.
+#include "simulator/model/files.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -6,6 +8,7 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/narrow_path.h"
+#include "simulator/model/server.h"
 #include "simulator/model/utf8.h"
 
 using simulator::Call;
@@ -14,7 +17,7 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   Call call("DeleteFileA", path);
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_PATH_NOT_FOUND);
-  return call.Done(call.server().files().Delete(path));
+  return call.Done(call.server().file_system().Delete(path));
 }
 
 DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
@@ -22,7 +25,8 @@ DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
   if (call.fails()) return INVALID_FILE_ATTRIBUTES;
   if (path == nullptr) return call.Fail(INVALID_FILE_ATTRIBUTES, ERROR_PATH_NOT_FOUND);
   DWORD attributes = 0;
-  const DWORD error = call.server().files().Attributes(simulator::Utf8FromWide(path), &attributes);
+  const DWORD error =
+      call.server().file_system().Attributes(simulator::Utf8FromWide(path), &attributes);
   if (error != ERROR_SUCCESS) return call.Fail(INVALID_FILE_ATTRIBUTES, error);
   return call.Succeed(attributes);
 }
@@ -32,16 +36,16 @@ BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes) {
   if (call.fails()) return FALSE;
   const DWORD error = simulator::CheckNarrowPath(path);
   if (error != ERROR_SUCCESS) return call.Done(error);
-  return call.Done(call.server().files().ChangeAttributes(path, attributes));
+  return call.Done(call.server().file_system().ChangeAttributes(path, attributes));
 }
 
 DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* file_part) {
-  if (file_part != nullptr) simulator::Unsupported("GetFullPathNameW: the file part");
+  if (file_part != nullptr) simulator::UnsupportedCall("GetFullPathNameW: the file part");
   Call call("GetFullPathNameW", path, size);
   if (call.fails()) return 0;
   if (path == nullptr) return call.Fail(0u, ERROR_INVALID_NAME);
   const std::wstring full =
-      simulator::WideFromUtf8(call.server().files().FullPath(simulator::Utf8FromWide(path)));
+      simulator::WideFromUtf8(call.server().file_system().FullPath(simulator::Utf8FromWide(path)));
   if (full.empty()) return call.Fail(0u, ERROR_INVALID_NAME);
   if (size <= full.size()) return call.Succeed(static_cast<DWORD>(full.size() + 1));
   if (buffer == nullptr) return call.Fail(0u, ERROR_INVALID_PARAMETER);
@@ -52,8 +56,8 @@ DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* f
 UINT WINAPI GetDriveTypeA(LPCSTR root_path) {
   Call call("GetDriveTypeA", root_path);
   if (call.fails()) return DRIVE_UNKNOWN;
-  if (root_path == nullptr) simulator::Unsupported("the drive type of the current directory");
-  return call.Succeed(call.server().files().DriveType(root_path));
+  if (root_path == nullptr) simulator::UnsupportedCall("the drive type of the current directory");
+  return call.Succeed(call.server().file_system().DriveType(root_path));
 }
 
 DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer) {

@@ -3,13 +3,13 @@
 
 #include "simulator/api/call.h"
 #include "simulator/model/local_heap.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/own_process.h"
 
 using simulator::Call;
 
 HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size) {
   constexpr SIZE_T kMost = SIZE_T{1} << 31;  // more than any server here would give
-  if (flags != LPTR) simulator::Unsupported("LocalAlloc: flags");
+  if (flags != LPTR) simulator::UnsupportedCall("LocalAlloc: flags");
   const Call call("LocalAlloc", flags, uint64_t{size});
   if (call.fails()) return nullptr;
   if (size > kMost) return call.Fail(HLOCAL{nullptr}, ERROR_NOT_ENOUGH_MEMORY);

@@ -4,8 +4,13 @@
 #include <optional>
 
 #include "simulator/api/call.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialog.h"
 #include "simulator/model/dialog_procedures.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/graphics.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 namespace {
@@ -37,18 +42,18 @@ using simulator::Control;
 using simulator::Desktop;
 using simulator::Dialog;
 using simulator::Server;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
   constexpr BOOL kFailed = -1;
-  if (message == nullptr) Unsupported("GetMessageW without a message");
-  if (window != nullptr || first != 0 || last != 0) Unsupported("GetMessageW of some messages");
+  if (message == nullptr) UnsupportedCall("GetMessageW without a message");
+  if (window != nullptr || first != 0 || last != 0) UnsupportedCall("GetMessageW of some messages");
   const Call call("GetMessageW", nullptr, first, last);
   if (call.fails()) {
     call.server().own_process().LeaveWhenBrokenOff();
     return kFailed;
   }
-  const std::optional<MSG> taken = call.server().desktop().dialogs().WaitForMessage();
+  const std::optional<MSG> taken = call.server().dialogs().WaitForMessage();
   if (!taken) return call.Fail(kFailed, ERROR_PROCESS_ABORTED);
   *message = *taken;
   return call.Succeed(taken->message == WM_QUIT ? FALSE : TRUE);
@@ -86,7 +91,7 @@ BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
 
 void WINAPI PostQuitMessage(int exit_code) {
   const simulator::PlatformScope scope;
-  Server::Current().desktop().dialogs().Quit(exit_code);
+  Server::Current().dialogs().Quit(exit_code);
 }
 
 LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -99,7 +104,7 @@ LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wparam, LPARAM lpa
 }
 
 LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (window != nullptr) Unsupported("DefWindowProcW of a window");
+  if (window != nullptr) UnsupportedCall("DefWindowProcW of a window");
   const Call call("DefWindowProcW", nullptr, message, static_cast<uint64_t>(wparam),
                   static_cast<int64_t>(lparam));
   if (call.fails()) return 0;
@@ -107,14 +112,14 @@ LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wparam, LPARAM l
 }
 
 UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
-  if (window == nullptr || id == 0) Unsupported("SetTimer without a window or an id");
-  if (procedure != nullptr) Unsupported("SetTimer with a procedure");
+  if (window == nullptr || id == 0) UnsupportedCall("SetTimer without a window or an id");
+  if (procedure != nullptr) UnsupportedCall("SetTimer with a procedure");
   const Call call("SetTimer", static_cast<const void*>(window), static_cast<uint64_t>(id),
                   milliseconds);
   if (call.fails()) return 0;
-  simulator::Dialogs& dialogs = call.server().desktop().dialogs();
+  simulator::Dialogs& dialogs = call.server().dialogs();
   const DWORD error = dialogs.Visit(window, [&](Dialog& dialog, const Control* control) {
-    if (control != nullptr) Unsupported("SetTimer of a control");
+    if (control != nullptr) UnsupportedCall("SetTimer of a control");
     dialogs.SetTimer(dialog, id, milliseconds);
     return DWORD{ERROR_SUCCESS};
   });
@@ -122,10 +127,10 @@ UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC 
 }
 
 BOOL WINAPI KillTimer(HWND window, UINT_PTR id) {
-  if (window == nullptr) Unsupported("KillTimer without a window");
+  if (window == nullptr) UnsupportedCall("KillTimer without a window");
   const Call call("KillTimer", static_cast<const void*>(window), static_cast<uint64_t>(id));
   if (call.fails()) return FALSE;
-  simulator::Dialogs& dialogs = call.server().desktop().dialogs();
+  simulator::Dialogs& dialogs = call.server().dialogs();
   return call.Done(dialogs.Visit(window, [&](Dialog& dialog, const Control* control) {
     const bool is_killed = control == nullptr && dialogs.KillTimer(dialog, id);
     return is_killed ? DWORD{ERROR_SUCCESS} : DWORD{ERROR_INVALID_PARAMETER};

@@ -7,7 +7,9 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/files.h"
+#include "simulator/model/security_change.h"
 
 namespace simulator {
 namespace {
@@ -38,10 +40,10 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
                                    PACL dacl, PACL sacl) {
   using simulator::Call;
   if (object_type != SE_FILE_OBJECT) {
-    simulator::Unsupported("SetNamedSecurityInfoA: what is no file");
+    simulator::UnsupportedCall("SetNamedSecurityInfoA: what is no file");
   }
   if ((information & ~simulator::kHonoured) != 0) {
-    simulator::Unsupported("SetNamedSecurityInfoA: such information");
+    simulator::UnsupportedCall("SetNamedSecurityInfoA: such information");
   }
   const Call call("SetNamedSecurityInfoA", object_name, information, owner, group,
                   static_cast<const void*>(dacl), static_cast<const void*>(sacl));
@@ -64,7 +66,7 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
     error = simulator::ReadList(sacl, &change.parts.sacl);
   }
   if (error == ERROR_SUCCESS) {
-    error = call.server().files().SetSecurity(object_name, change);
+    error = call.server().file_system().SetSecurity(object_name, change);
   }
   return result(error);
 }

@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include "simulator/model/server.h"
+#include "simulator/model/thread_state.h"
+#include "simulator/model/threads.h"
 
 namespace simulator {
 

@@ -8,14 +8,15 @@
 #include <string>
 
 #include "simulator/api/call.h"
+#include "simulator/model/files.h"
 
 using simulator::Call;
-using simulator::Files;
+using simulator::FileSystem;
 
 namespace {
 
 // Makes the folder with all its parents where they are missing.
-DWORD MakeFolder(Files& files, const std::string& path) {
+DWORD MakeFolder(FileSystem& files, const std::string& path) {
   constexpr size_t kBehindRoot = 3;
   for (size_t end = path.find('\\', kBehindRoot); end != std::string::npos;
        end = path.find('\\', end + 1)) {
@@ -32,7 +33,7 @@ BOOL WINAPI PathFileExistsA(LPCSTR path) {
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   DWORD attributes = 0;
-  return call.Done(call.server().files().Attributes(path, &attributes));
+  return call.Done(call.server().file_system().Attributes(path, &attributes));
 }
 
 // Leaves the last error alone, as the shell does: FALSE only says that there was nothing to remove.
@@ -60,12 +61,12 @@ BOOL WINAPI PathRemoveFileSpecA(LPSTR path) {
 BOOL WINAPI SHGetSpecialFolderPathA(HWND owner, LPSTR path, int csidl, BOOL create) {
   Call call("SHGetSpecialFolderPathA", owner, csidl, create);
   if (call.fails()) return FALSE;
-  if (csidl != CSIDL_COMMON_STARTUP) simulator::Unsupported("this special folder");
+  if (csidl != CSIDL_COMMON_STARTUP) simulator::UnsupportedCall("this special folder");
   if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   const std::string& folder = call.server().system().common_startup_directory;
   if (folder.size() >= MAX_PATH) return call.Done(ERROR_FILENAME_EXCED_RANGE);
 
-  Files& files = call.server().files();
+  FileSystem& files = call.server().file_system();
   DWORD attributes = 0;
   DWORD error = files.Attributes(folder, &attributes);
   if (error != ERROR_SUCCESS && create) error = MakeFolder(files, folder);

@@ -1,16 +1,19 @@
 // Shutting the system down.
+#include "simulator/model/shutdown.h"
+
 #include <windows.h>
 
 #include "simulator/api/call.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/security.h"
+#include "simulator/model/server.h"
 #include "simulator/model/utf8.h"
 
 using simulator::Call;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 BOOL WINAPI InitiateSystemShutdownW(LPWSTR machine_name, LPWSTR message, DWORD timeout,
                                     BOOL force_apps_closed, BOOL reboot_after_shutdown) {
-  if (machine_name != nullptr) Unsupported("InitiateSystemShutdownW: another machine");
+  if (machine_name != nullptr) UnsupportedCall("InitiateSystemShutdownW: another machine");
   const Call call("InitiateSystemShutdownW", static_cast<const wchar_t*>(message), timeout,
                   force_apps_closed, reboot_after_shutdown);
   if (call.fails()) return FALSE;

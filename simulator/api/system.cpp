@@ -9,8 +9,10 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/own_process.h"
 #include "simulator/model/path_name.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/server.h"
 #include "simulator/model/utf8.h"
 
 namespace simulator {
@@ -62,7 +64,7 @@ void WINAPI NativeSystemInfo(LPSYSTEM_INFO info) {
 }  // namespace simulator
 
 using simulator::Call;
-using simulator::Unsupported;
+using simulator::UnsupportedCall;
 
 // Cannot fail, so it is neither numbered nor traced. Starts anew every 49.7 days.
 DWORD WINAPI GetTickCount() {
@@ -70,7 +72,7 @@ DWORD WINAPI GetTickCount() {
 }
 
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version) {
-  if (version == nullptr) Unsupported("GetVersionExA: nowhere to put it");
+  if (version == nullptr) UnsupportedCall("GetVersionExA: nowhere to put it");
   const DWORD size = version->dwOSVersionInfoSize;
   const Call call("GetVersionExA", size);
   if (call.fails()) return FALSE;
@@ -85,7 +87,7 @@ BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version) {
 }
 
 BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
-  if (version == nullptr) Unsupported("GetVersionExW: nowhere to put it");
+  if (version == nullptr) UnsupportedCall("GetVersionExW: nowhere to put it");
   const DWORD size = version->dwOSVersionInfoSize;
   const Call call("GetVersionExW", size);
   if (call.fails()) return FALSE;
@@ -101,7 +103,7 @@ BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
 }
 
 UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size) {
-  if (buffer == nullptr && size != 0) Unsupported("GetSystemDirectoryA: no buffer");
+  if (buffer == nullptr && size != 0) UnsupportedCall("GetSystemDirectoryA: no buffer");
   const Call call("GetSystemDirectoryA", size);
   if (call.fails()) return 0;
   const std::string& directory = call.server().system().system_directory;
@@ -112,8 +114,8 @@ UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size) {
 }
 
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size) {
-  if (module != nullptr) Unsupported("GetModuleFileNameA: a module");
-  if (buffer == nullptr && size != 0) Unsupported("GetModuleFileNameA: no buffer");
+  if (module != nullptr) UnsupportedCall("GetModuleFileNameA: a module");
+  if (buffer == nullptr && size != 0) UnsupportedCall("GetModuleFileNameA: no buffer");
   const Call call("GetModuleFileNameA", size);
   if (call.fails()) return 0;
   const std::string& path = call.server().system().program_path;
@@ -136,11 +138,11 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR module_name) {
 
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
   constexpr uintptr_t kFirstName = 0x10000;  // a smaller value is an ordinal
-  if (reinterpret_cast<uintptr_t>(name) < kFirstName) Unsupported("GetProcAddress by ordinal");
+  if (reinterpret_cast<uintptr_t>(name) < kFirstName) UnsupportedCall("GetProcAddress by ordinal");
   const Call call("GetProcAddress", static_cast<const void*>(module), name);
   if (call.fails()) return nullptr;
   if (module == nullptr || module == simulator::ProgramModule()) {
-    Unsupported("GetProcAddress: of the program itself");
+    UnsupportedCall("GetProcAddress: of the program itself");
   }
   if (module != simulator::kKernel32) return call.Fail(FARPROC{nullptr}, ERROR_MOD_NOT_FOUND);
   const bool exported = call.server().system().has_native_system_info;

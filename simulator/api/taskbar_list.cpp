@@ -6,7 +6,11 @@
 #include <thread>
 
 #include "simulator/api/call.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/com.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 
 const CLSID CLSID_TaskbarList = {
     0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
@@ -72,7 +76,7 @@ class TaskbarList final : public ITaskbarList3 {
 
  private:
   [[noreturn]] static HRESULT Refuse(const char* method) {
-    Unsupported(std::string("ITaskbarList3::") + method);
+    UnsupportedCall(std::string("ITaskbarList3::") + method);
   }
   // Aborts on another thread, and where COM is not initialised any more.
   void CheckApartment() const;
@@ -84,13 +88,13 @@ class TaskbarList final : public ITaskbarList3 {
 void TaskbarList::CheckApartment() const {
   Server& server = Server::Current();
   if (server.own_process().HasEnded()) return;
-  if (std::this_thread::get_id() != apartment_) Unsupported("ITaskbarList3 on another thread");
-  if (server.threads().State().com_uses == 0) Unsupported("ITaskbarList3 after CoUninitialize");
+  if (std::this_thread::get_id() != apartment_) UnsupportedCall("ITaskbarList3 on another thread");
+  if (server.threads().State().com_uses == 0) UnsupportedCall("ITaskbarList3 after CoUninitialize");
 }
 
 HRESULT TaskbarList::QueryInterface(REFIID interface_id, void** object) {
   CheckApartment();
-  if (object == nullptr) Unsupported("QueryInterface: nowhere to put it");
+  if (object == nullptr) UnsupportedCall("QueryInterface: nowhere to put it");
   const Call call("ITaskbarList3::QueryInterface");
   *object = nullptr;
   if (call.fails()) return ResultOf(::GetLastError());
@@ -120,7 +124,7 @@ HRESULT TaskbarList::SetProgressValue(HWND window, ULONGLONG completed, ULONGLON
   const Call call("ITaskbarList3::SetProgressValue", static_cast<const void*>(window),
                   uint64_t{completed}, uint64_t{total});
   if (call.fails()) return ResultOf(::GetLastError());
-  if (!call.server().desktop().HasWindow(window)) Unsupported("the progress of no window");
+  if (!call.server().desktop().HasWindow(window)) UnsupportedCall("the progress of no window");
   call.server().com().SetTaskbarValue(window, completed, total);
   return call.Succeed(HRESULT{S_OK});
 }
@@ -130,7 +134,7 @@ HRESULT TaskbarList::SetProgressState(HWND window, TBPFLAG state) {
   const Call call("ITaskbarList3::SetProgressState", static_cast<const void*>(window),
                   static_cast<int>(state));
   if (call.fails()) return ResultOf(::GetLastError());
-  if (!call.server().desktop().HasWindow(window)) Unsupported("the progress of no window");
+  if (!call.server().desktop().HasWindow(window)) UnsupportedCall("the progress of no window");
   call.server().com().SetTaskbarState(window, state);
   return call.Succeed(HRESULT{S_OK});
 }

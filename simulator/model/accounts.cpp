@@ -1,6 +1,9 @@
 #include "simulator/model/accounts.h"
 
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/server.h"
 #include "simulator/model/well_known_sids.h"
 
 namespace simulator {

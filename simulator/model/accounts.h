@@ -8,8 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_text.h"
-#include "simulator/model/system.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 

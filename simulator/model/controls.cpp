@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {

@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/dialogs.h"
 #include "simulator/model/resource_script.h"
+#include "simulator/model/resources.h"
+#include "simulator/model/server.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
 namespace {
 
 constexpr LANGID kEnglish = 1033;
-constexpr UINT kButtons = 0xF;  // the bits of a box's type that choose its buttons
-
-// A box with nothing but OK answers it to whatever closes the box.
-bool HasButton(const ShownMessageBox& box, int answer) {
-  return answer == IDOK || (answer == IDCANCEL && (box.type & kButtons) == MB_OKCANCEL);
-}
 
 // In that language, else in English; null when neither has it.
 template <typename Resource>
@@ -41,12 +40,18 @@ const Resources& ProgramResources() {
 }  // namespace
 
 Desktop::Desktop(Clock& clock, const System& system)
-    : system_(system), dialogs_(clock), resources_(ProgramResources()) {
-  if (!resources_.error.empty()) Unsupported("resource script: " + resources_.error);
+    : system_(system),
+      dialogs_(std::make_unique<Dialogs>(clock)),
+      resources_(std::make_unique<Resources>(ProgramResources())) {
+  if (!resources_->error.empty()) Unsupported("resource script: " + resources_->error);
 }
 
+Desktop::~Desktop() = default;
+
+bool Desktop::has_progress_states() const { return system_.major_version >= 6; }
+
 HWND Desktop::CreateWindow() {
-  const HWND window = dialogs_.NewHandle();
+  const HWND window = dialogs_->NewHandle();
   const std::lock_guard lock(mutex_);
   windows_[window];
   return window;
@@ -59,7 +64,7 @@ void Desktop::DestroyWindow(HWND window) {
 }
 
 bool Desktop::HasWindow(HWND window) const {
-  if (dialogs_.Has(window)) return true;
+  if (dialogs_->Has(window)) return true;
   const std::lock_guard lock(mutex_);
   return windows_.contains(window);
 }
@@ -69,7 +74,7 @@ DWORD Desktop::Post(HWND window, const PostedMessage& message) {
   const auto found = windows_.find(window);
   if (found == windows_.end()) {
     lock.unlock();
-    return dialogs_.Post(window, message.message, message.wparam, message.lparam);
+    return dialogs_->Post(window, message.message, message.wparam, message.lparam);
   }
   if (found->second.size() >= kLongestQueue) return ERROR_NOT_ENOUGH_QUOTA;
   found->second.push_back(message);
@@ -95,62 +100,40 @@ PostedMessage Desktop::WaitAndTake(HWND window) {
   return message;
 }
 
-void Desktop::AnswerBoxes(std::function<int(const ShownMessageBox&)> rule) {
-  const std::lock_guard lock(mutex_);
-  rule_ = std::move(rule);
-}
-
-int Desktop::Show(ShownMessageBox box) {
-  dialogs_.TellWatcher();
-  std::unique_lock lock(mutex_);
-  const std::function<int(const ShownMessageBox&)> rule = rule_;
-  lock.unlock();
-  box.answer = rule ? rule(box) : IDOK;
-  if (!HasButton(box, box.answer)) Unsupported("an answer that the message box does not offer");
-  lock.lock();
-  boxes_.push_back(box);
-  return box.answer;
-}
-
-std::vector<ShownMessageBox> Desktop::Boxes() const {
-  const std::lock_guard lock(mutex_);
-  return boxes_;
-}
-
 void Desktop::SetString(LANGID language, UINT id, std::string utf8) {
   const std::lock_guard lock(mutex_);
-  resources_.strings[{language, id}] = std::move(utf8);
+  resources_->strings[{language, id}] = std::move(utf8);
 }
 
 void Desktop::SetDialog(LANGID language, UINT id, DialogTemplate dialog) {
   const std::lock_guard lock(mutex_);
-  resources_.dialogs[{language, id}] = std::move(dialog);
+  resources_->dialogs[{language, id}] = std::move(dialog);
 }
 
 void Desktop::SetIcon(UINT id) {
   const std::lock_guard lock(mutex_);
-  resources_.icons[{kEnglish, id}];
+  resources_->icons[{kEnglish, id}];
 }
 
 std::optional<std::string> Desktop::String(LANGID language, UINT id) const {
   const std::lock_guard lock(mutex_);
-  const std::string* const found = FindResource(resources_.strings, language, id);
+  const std::string* const found = FindResource(resources_->strings, language, id);
   return found == nullptr ? std::nullopt : std::optional(*found);
 }
 
 DWORD Desktop::FindDialog(LANGID language, UINT id, DialogTemplate* dialog) const {
   const std::lock_guard lock(mutex_);
-  const DialogTemplate* const found = FindResource(resources_.dialogs, language, id);
-  if (found == nullptr) return ErrorOfMissing(resources_.dialogs);
+  const DialogTemplate* const found = FindResource(resources_->dialogs, language, id);
+  if (found == nullptr) return ErrorOfMissing(resources_->dialogs);
   *dialog = *found;
   return ERROR_SUCCESS;
 }
 
 DWORD Desktop::FindIcon(UINT id) const {
   const std::lock_guard lock(mutex_);
-  const bool is_there = std::any_of(resources_.icons.begin(), resources_.icons.end(),
+  const bool is_there = std::any_of(resources_->icons.begin(), resources_->icons.end(),
                                     [id](const auto& icon) { return icon.first.second == id; });
-  return is_there ? DWORD{ERROR_SUCCESS} : ErrorOfMissing(resources_.icons);
+  return is_there ? DWORD{ERROR_SUCCESS} : ErrorOfMissing(resources_->icons);
 }
 
 std::deque<PostedMessage>& Desktop::QueueOf(HWND window) {

@@ -1,4 +1,4 @@
-// Dialogs and bare windows with their messages, message boxes answered by rule, and resources.
+// The windows of the simulated process with their messages, and its resources.
 #ifndef SIMULATOR_MODEL_DESKTOP_H_
 #define SIMULATOR_MODEL_DESKTOP_H_
 
@@ -6,16 +6,11 @@
 
 #include <condition_variable>
 #include <deque>
-#include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
-#include <vector>
-
-#include "simulator/model/dialogs.h"
-#include "simulator/model/resources.h"
-#include "simulator/model/system.h"
 
 namespace simulator {
 
@@ -25,21 +20,22 @@ struct PostedMessage {
   LPARAM lparam;
 };
 
-struct ShownMessageBox {
-  HWND owner;
-  std::string text;
-  std::string caption;
-  UINT type;
-  int answer;
-};
+class Clock;
+class Dialogs;
+struct DialogTemplate;
+struct Resources;
+struct System;
 
 // Thread-safe.
 class Desktop {
  public:
   Desktop(Clock& clock, const System& system);
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
 
-  Dialogs& dialogs() { return dialogs_; }
-  bool has_progress_states() const { return system_.major_version >= 6; }
+  Dialogs& dialogs() { return *dialogs_; }
+  bool has_progress_states() const;
 
   // A bare window, without a procedure and of no thread: whoever takes them gets its messages.
   HWND CreateWindow();
@@ -54,12 +50,6 @@ class Desktop {
   // Taking from anything but a bare window aborts.
   std::optional<PostedMessage> Take(HWND window);
   PostedMessage WaitAndTake(HWND window);
-
-  // The answer of every box from now on; IDOK without a rule. The rule runs on the thread that
-  // shows the box. An answer that the box has no button for aborts.
-  void AnswerBoxes(std::function<int(const ShownMessageBox&)> rule);
-  int Show(ShownMessageBox box);
-  std::vector<ShownMessageBox> Boxes() const;
 
   // Resources are those of the program's own .rc at first. One is found in the language asked for,
   // else in English; icons have no language.
@@ -77,13 +67,11 @@ class Desktop {
   std::deque<PostedMessage>& QueueOf(HWND window);
 
   const System& system_;
-  Dialogs dialogs_;
+  const std::unique_ptr<Dialogs> dialogs_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   std::map<HWND, std::deque<PostedMessage>> windows_;
-  std::function<int(const ShownMessageBox&)> rule_;
-  std::vector<ShownMessageBox> boxes_;
-  Resources resources_;
+  const std::unique_ptr<Resources> resources_;
 };
 
 }  // namespace simulator

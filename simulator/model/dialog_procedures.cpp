@@ -4,6 +4,9 @@
 #include <utility>
 
 #include "simulator/model/controls.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/graphics.h"
 #include "simulator/model/platform_scope.h"
 #include "simulator/model/unsupported.h"
 

@@ -2,21 +2,27 @@
 
 #include <utility>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/dialog.h"
+#include "simulator/model/graphics.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
 
-Dialogs::Dialogs(Clock& clock) : clock_(clock) {
+Dialogs::Dialogs(Clock& clock) : clock_(clock), contexts_(std::make_unique<DeviceContexts>()) {
   clock.OnMove([this] {
     const std::lock_guard lock(mutex_);
     changed_.notify_all();
   });
 }
 
+Dialogs::~Dialogs() = default;
+
 std::vector<ShownDialog> Dialogs::All() const {
   const std::lock_guard lock(mutex_);
   std::vector<ShownDialog> all;
-  for (const Dialog& dialog : dialogs_) all.push_back(dialog.Shown());
+  for (const std::unique_ptr<Dialog>& dialog : dialogs_) all.push_back(dialog->Shown());
   return all;
 }
 
@@ -32,7 +38,7 @@ bool Dialogs::Has(HWND window) const {
 
 HWND Dialogs::Add(WORD id, Dialog dialog, DLGPROC procedure) {
   const std::lock_guard lock(mutex_);
-  Dialog& added = dialogs_.emplace_back(std::move(dialog));
+  Dialog& added = *dialogs_.emplace_back(std::make_unique<Dialog>(std::move(dialog)));
   added.procedure = procedure;
   added.thread = ThisThread();
   added.shown.id = id;

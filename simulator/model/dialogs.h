@@ -6,25 +6,31 @@
 
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
 
-#include "simulator/model/clock.h"
-#include "simulator/model/dialog.h"
-#include "simulator/model/graphics.h"
 #include "simulator/model/thread_queue.h"
 
 namespace simulator {
+
+class Clock;
+class DeviceContexts;
+struct Control;
+struct Dialog;
+struct ShownDialog;
 
 // Thread-safe. A window belongs to the thread that made it.
 class Dialogs {
  public:
   // Wakes who waits for a message when the clock is moved.
   explicit Dialogs(Clock& clock);
+  ~Dialogs();
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
 
   // What tests see and do. Every dialog that was made, in that order, destroyed ones as well.
   std::vector<ShownDialog> All() const;
@@ -77,7 +83,7 @@ class Dialogs {
   void EndProcess();
   void StartProcess();
 
-  DeviceContexts& contexts() { return contexts_; }
+  DeviceContexts& contexts() { return *contexts_; }
 
  private:
   struct Place {
@@ -102,7 +108,7 @@ class Dialogs {
   const Clock& clock_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
-  std::deque<Dialog> dialogs_;
+  std::vector<std::unique_ptr<Dialog>> dialogs_;
   std::map<HWND, Place> places_;
   std::map<uint64_t, Queue> queues_;
   std::vector<MSG> lost_;
@@ -110,7 +116,7 @@ class Dialogs {
   bool ended_ = false;
   Watcher watcher_;
   bool handles_posts_at_once_ = false;
-  DeviceContexts contexts_;
+  const std::unique_ptr<DeviceContexts> contexts_;
 };
 
 }  // namespace simulator

@@ -1,4 +1,6 @@
 // The messages that wait for dialogs' threads.
+#include "simulator/model/clock.h"
+#include "simulator/model/dialog.h"
 #include "simulator/model/dialogs.h"
 
 namespace simulator {

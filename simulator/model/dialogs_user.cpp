@@ -3,7 +3,9 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/model/dialog.h"
 #include "simulator/model/dialogs.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
@@ -18,8 +20,8 @@ void Deliver(DWORD error) {
 HWND Dialogs::WaitForDialog() {
   std::unique_lock lock(mutex_);
   changed_.wait(
-      lock, [this] { return !dialogs_.empty() && Find(dialogs_.back().shown.window) != nullptr; });
-  return dialogs_.back().shown.window;
+      lock, [this] { return !dialogs_.empty() && Find(dialogs_.back()->shown.window) != nullptr; });
+  return dialogs_.back()->shown.window;
 }
 
 void Dialogs::WaitUntilIdle(HWND dialog) {
@@ -65,7 +67,8 @@ void Dialogs::TellWatcher() {
   const Watcher watcher = watcher_;
   if (!watcher) return;
   std::vector<ShownDialog> visited;
-  for (Dialog& dialog : dialogs_) {
+  for (const std::unique_ptr<Dialog>& each : dialogs_) {
+    Dialog& dialog = *each;
     if (dialog.thread != ThisThread() || !std::exchange(dialog.was_visited, false)) continue;
     visited.push_back(dialog.Shown());
   }

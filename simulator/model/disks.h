@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/volume.h"
-
 namespace simulator {
+
+struct Volume;
 
 struct Partition {
   int number = 1;

@@ -5,7 +5,10 @@
 
 #include "simulator/model/junction.h"
 #include "simulator/model/node.h"
+#include "simulator/model/path_name.h"
 #include "simulator/model/security.h"
+#include "simulator/model/shared_descriptors.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -33,41 +36,43 @@ DWORD Redirect(const Node& junction, const PathName& path, size_t walked, std::s
 
 }  // namespace
 
-Files::Files(const Security& security)
-    : security_(security), inherited_(security.identity()), shared_(std::make_shared<Shared>()) {}
-Files::~Files() = default;
+FileSystem::FileSystem(const Security& security)
+    : security_(security),
+      inherited_(std::make_unique<SharedDescriptors>(security.identity())),
+      shared_(std::make_shared<Shared>()) {}
+FileSystem::~FileSystem() = default;
 
-std::shared_ptr<Volume> Files::AddVolume(Volume volume) {
+std::shared_ptr<Volume> FileSystem::AddVolume(Volume volume) {
   auto added = std::make_shared<Volume>(std::move(volume));
   if (!added->root) {
     added->root = std::make_shared<Node>();
     added->root->attributes = FILE_ATTRIBUTE_DIRECTORY;
   }
   const std::lock_guard lock(shared_->mutex);
-  inherited_.Complete(*added->root, inherited_.OfRoot());
+  inherited_->Complete(*added->root, inherited_->OfRoot());
   volumes_.push_back(added);
   return added;
 }
 
-bool Files::Mount(char letter, std::shared_ptr<Volume> volume) {
+bool FileSystem::Mount(char letter, std::shared_ptr<Volume> volume) {
   const char upper = UpperLetter(letter);
   if (upper == '\0' || !volume || !volume->root) return false;
   const std::lock_guard lock(shared_->mutex);
   return letters_.emplace(upper, std::move(volume)).second;
 }
 
-void Files::Unmount(char letter) {
+void FileSystem::Unmount(char letter) {
   const std::lock_guard lock(shared_->mutex);
   letters_.erase(UpperLetter(letter));
 }
 
-std::shared_ptr<Volume> Files::VolumeAt(char letter) const {
+std::shared_ptr<Volume> FileSystem::VolumeAt(char letter) const {
   const std::lock_guard lock(shared_->mutex);
   const auto found = letters_.find(UpperLetter(letter));
   return found == letters_.end() ? nullptr : found->second;
 }
 
-std::optional<char> Files::LetterOf(const Volume& volume) const {
+std::optional<char> FileSystem::LetterOf(const Volume& volume) const {
   const std::lock_guard lock(shared_->mutex);
   for (const auto& [letter, mounted] : letters_) {
     if (mounted.get() == &volume) return letter;
@@ -75,7 +80,7 @@ std::optional<char> Files::LetterOf(const Volume& volume) const {
   return std::nullopt;
 }
 
-std::optional<char> Files::FreeLetter() const {
+std::optional<char> FileSystem::FreeLetter() const {
   const std::lock_guard lock(shared_->mutex);
   for (char letter = 'C'; letter <= 'Z'; ++letter) {
     if (letters_.count(letter) == 0) return letter;
@@ -83,17 +88,17 @@ std::optional<char> Files::FreeLetter() const {
   return std::nullopt;
 }
 
-void Files::Watch(Watcher watcher) {
+void FileSystem::Watch(Watcher watcher) {
   const std::lock_guard lock(shared_->mutex);
   shared_->watcher = std::move(watcher);
 }
 
-void Files::SetCurrentFolder(std::string full_path) {
+void FileSystem::SetCurrentFolder(std::string full_path) {
   const std::lock_guard lock(shared_->mutex);
   current_folder_ = std::move(full_path);
 }
 
-DWORD Files::Locate(std::string_view path, AtEnd at_end, Place* place) const {
+DWORD FileSystem::Locate(std::string_view path, AtEnd at_end, Place* place) const {
   PathName parsed = ParsePath(path, current_folder_);
   if (parsed.error != ERROR_SUCCESS) return parsed.error;
   const bool is_bounded = !parsed.verbatim;
@@ -112,7 +117,8 @@ DWORD Files::Locate(std::string_view path, AtEnd at_end, Place* place) const {
   return ERROR_CANT_RESOLVE_FILENAME;
 }
 
-DWORD Files::Walk(const PathName& path, AtEnd at_end, Place* place, std::string* onward) const {
+DWORD FileSystem::Walk(const PathName& path, AtEnd at_end, Place* place,
+                       std::string* onward) const {
   if (path.error != ERROR_SUCCESS) return path.error;
   const auto volume = letters_.find(path.letter);
   if (volume == letters_.end()) return ERROR_PATH_NOT_FOUND;
@@ -136,7 +142,7 @@ DWORD Files::Walk(const PathName& path, AtEnd at_end, Place* place, std::string*
   }
 }
 
-DWORD Files::LocateExisting(std::string_view path, Place* place) const {
+DWORD FileSystem::LocateExisting(std::string_view path, Place* place) const {
   const DWORD error = Locate(path, AtEnd::kStay, place);
   if (error != ERROR_SUCCESS) return error;
   if (!place->node) return ERROR_FILE_NOT_FOUND;
@@ -144,20 +150,20 @@ DWORD Files::LocateExisting(std::string_view path, Place* place) const {
   return ERROR_SUCCESS;
 }
 
-std::shared_ptr<Node> Files::Add(Node& parent, std::string_view name, DWORD attributes) {
+std::shared_ptr<Node> FileSystem::Add(Node& parent, std::string_view name, DWORD attributes) {
   std::shared_ptr<Node> node = parent.AddChild(name, attributes);
-  node->security = inherited_.Below(parent.security, node->IsFolder());
+  node->security = inherited_->Below(parent.security, node->IsFolder());
   return node;
 }
 
-UINT Files::DriveType(std::string_view root) const {
+UINT FileSystem::DriveType(std::string_view root) const {
   const bool is_root = root.size() >= 2 && root.size() <= 3 && root[1] == ':' &&
                        (root.size() == 2 || root[2] == '\\' || root[2] == '/');
   const std::shared_ptr<Volume> volume = is_root ? VolumeAt(root[0]) : nullptr;
   return volume ? volume->drive_type : DRIVE_NO_ROOT_DIR;
 }
 
-std::string Files::FullPath(std::string_view path) const {
+std::string FileSystem::FullPath(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   return FullPathName(path, current_folder_);
 }

@@ -1,8 +1,5 @@
-// Volumes, drive letters and the files on them, in memory.
-//
-// Paths are narrow UTF-8 text as the program writes them: "C:\Windows", blanks and all. Names match
-// without regard to ASCII case and keep the case they were made with. Functions that can fail
-// return a system error code, 0 (ERROR_SUCCESS) when they did not. Thread-safe.
+// Volumes, drive letters and the files on them, in memory, as the calls of the program use them.
+// Functions that can fail return a system error code, 0 (ERROR_SUCCESS) if they did not.
 #ifndef SIMULATOR_MODEL_FILES_H_
 #define SIMULATOR_MODEL_FILES_H_
 
@@ -16,18 +13,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
-#include "simulator/model/descriptor.h"
-#include "simulator/model/made_bytes.h"
-#include "simulator/model/path_name.h"
-#include "simulator/model/shared_descriptors.h"
-#include "simulator/model/volume.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 
+struct Node;
+struct PathName;
+struct SecurityChange;
 class Security;
+class SharedDescriptors;
 // A file that is open. Bytes as they lie on the disk; text mode is TextFile's work.
 class OpenFile;
 // A file or folder that a handle stands for.
@@ -51,28 +47,36 @@ struct HandleMode {
   bool open_reparse_point = false;
 };
 
-// What SetNamedSecurityInfo sets. Only the parts that `information` names count, and no control
-// word; a list that is not there is a null one.
-struct SecurityChange {
-  SECURITY_INFORMATION information = 0;
-  Descriptor parts;
-};
-
-class Files {
+// The one implementation of Files.
+class FileSystem final : public Files {
  public:
-  // `security` tells whom access is checked for; it outlives this.
-  explicit Files(const Security& security);
-  ~Files();
+  // `security` tells whom access is checked for; it must outlive this object.
+  explicit FileSystem(const Security& security);
+  ~FileSystem() override;
 
-  // Volumes and letters ('A' to 'Z'; either case is taken, upper case is given). A letter moves at
-  // any time: look-ups see it at once, open files keep their volume. A volume may come with a tree
-  // of its own under `root`: nodes without a descriptor get what their parents let inherit, a root
-  // the descriptor that Windows formats NTFS with. It need not be mounted; its nodes can be walked.
-  std::shared_ptr<Volume> AddVolume(Volume volume);
-  bool Mount(char letter, std::shared_ptr<Volume> volume);  // false when the letter is taken
-  void Unmount(char letter);
-  std::shared_ptr<Volume> VolumeAt(char letter) const;  // null when free
-  std::optional<char> LetterOf(const Volume& volume) const;
+  std::shared_ptr<Volume> AddVolume(Volume volume) override;
+  bool Mount(char letter, std::shared_ptr<Volume> volume) override;
+  void Unmount(char letter) override;
+  std::shared_ptr<Volume> VolumeAt(char letter) const override;
+  std::optional<char> LetterOf(const Volume& volume) const override;
+  bool Exists(std::string_view path) const override;
+  void MakeDirectories(std::string_view path) override;
+  void Write(std::string_view path, std::string bytes) override;
+  void WriteOn(const Volume& volume, std::string_view path, std::string bytes) override;
+  std::optional<std::string> Read(std::string_view path) const override;
+  std::optional<std::string> ReadOn(const Volume& volume, std::string_view path) const override;
+  std::vector<std::string> List(std::string_view folder) const override;
+  void Remove(std::string_view path) override;
+  void SetAttributes(std::string_view path, DWORD attributes) override;
+  void SetDescriptor(std::string_view path, const Descriptor& descriptor) override;
+  std::optional<Descriptor> DescriptorOf(std::string_view path) const override;
+  void MakeJunction(std::string_view path, std::string_view target) override;
+  std::optional<std::string> JunctionTarget(std::string_view path) const override;
+  void Watch(Watcher watcher) override;
+
+  // A file that is only to be read, by the program alone; see made_bytes.h.
+  void WriteMade(std::string_view path,
+                 std::function<size_t(uint64_t offset, char* buffer, size_t size)> make_bytes);
   std::optional<char> FreeLetter() const;  // the first from C on
 
   // What the calls of the program need. Junctions on the way are followed; at the end of a path
@@ -91,37 +95,8 @@ class Files {
   // DRIVE_NO_ROOT_DIR for what is not the root of a mounted volume.
   UINT DriveType(std::string_view root) const;
 
-  // Called with what the program writes to a file, as it writes it, under the lock of this object.
-  using Watcher = std::function<void(const std::string& path, std::string_view bytes)>;
-  void Watch(Watcher watcher);
-
   // Where relative paths start; the system directory at first.
   void SetCurrentFolder(std::string full_path);
-
-  // For tests, scenarios and tools. Missing parents are made. What Windows would refuse ends the
-  // process, but for questions about what is not there and for rights, which nobody asks for.
-  // Junctions at the end of a path are not followed.
-  bool Exists(std::string_view path) const;
-  void MakeDirectories(std::string_view path);
-  void Write(std::string_view path, std::string bytes);
-  // A file that is only to be read, by the program alone.
-  void WriteMade(std::string_view path, MakeBytes make_bytes);
-  // As Write on a volume that need not be mounted; the path starts behind the root: "a\b".
-  void WriteOn(const Volume& volume, std::string_view path, std::string bytes);
-  std::optional<std::string> Read(std::string_view path) const;
-  std::optional<std::string> ReadOn(const Volume& volume, std::string_view path) const;
-  void SetAttributes(std::string_view path, DWORD attributes);
-  std::vector<std::string> List(std::string_view folder) const;  // names, sorted
-  void Remove(std::string_view path);                            // with all below it
-
-  // Of what lies there, with nothing passed on to what is below. A volume that is not NTFS keeps
-  // none.
-  void SetDescriptor(std::string_view path, const Descriptor& descriptor);
-  std::optional<Descriptor> DescriptorOf(std::string_view path) const;
-  // Makes a folder or takes an empty one. The target is a full path: "D:\Data".
-  void MakeJunction(std::string_view path, std::string_view target);
-  // "\??\D:\Data"; nothing when there is no junction.
-  std::optional<std::string> JunctionTarget(std::string_view path) const;
 
  private:
   enum class AtEnd { kStay, kFollow };  // what a junction at the end of a path means
@@ -158,8 +133,7 @@ class Files {
   bool May(const Place& place, ACCESS_MASK wanted, Intent intent) const;
   bool May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Intent intent) const;
   DWORD CheckChange(const Place& place, const SecurityChange& change) const;
-  using Passed = std::map<std::tuple<SharedDescriptors::Shared, SharedDescriptors::Shared, bool>,
-                          SharedDescriptors::Shared>;
+  struct Passed;  // what has been made of a descriptor that others inherit, too
   void PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
               Passed* passed);
 
@@ -172,7 +146,7 @@ class Files {
   friend class OpenFile;
 
   const Security& security_;
-  SharedDescriptors inherited_;
+  const std::unique_ptr<SharedDescriptors> inherited_;
   const std::shared_ptr<Shared> shared_;
   std::string current_folder_ = "C:\\Windows\\system32";
   std::vector<std::shared_ptr<Volume>> volumes_;

@@ -1,13 +1,16 @@
 // Opening, making and deleting as the program does it.
 #include <utility>
 
+#include "simulator/model/access.h"
 #include "simulator/model/files.h"
 #include "simulator/model/hold.h"
 #include "simulator/model/junction.h"
 #include "simulator/model/node.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/open_node.h"
+#include "simulator/model/path_name.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -32,7 +35,7 @@ DWORD ShareOf(const OpenMode& mode) { return mode.alone ? 0 : FILE_SHARE_READ | 
 
 }  // namespace
 
-DWORD Files::Attributes(std::string_view path, DWORD* attributes) const {
+DWORD FileSystem::Attributes(std::string_view path, DWORD* attributes) const {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = LocateExisting(path, &place);
@@ -42,7 +45,7 @@ DWORD Files::Attributes(std::string_view path, DWORD* attributes) const {
   return ERROR_SUCCESS;
 }
 
-DWORD Files::ChangeAttributes(std::string_view path, DWORD attributes) {
+DWORD FileSystem::ChangeAttributes(std::string_view path, DWORD attributes) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = LocateExisting(path, &place);
@@ -58,7 +61,7 @@ DWORD Files::ChangeAttributes(std::string_view path, DWORD attributes) {
   return ERROR_SUCCESS;
 }
 
-DWORD Files::MakeDirectory(std::string_view path) {
+DWORD FileSystem::MakeDirectory(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = Locate(path, AtEnd::kStay, &place);
@@ -73,7 +76,7 @@ DWORD Files::MakeDirectory(std::string_view path) {
   return ERROR_SUCCESS;
 }
 
-DWORD Files::Erase(const Place& place) {
+DWORD FileSystem::Erase(const Place& place) {
   if (!place.parent || !May(place, DELETE, Intent::kBackup)) return ERROR_ACCESS_DENIED;
   const Sharing& sharing = place.node->sharing;
   if (sharing.share_deleting < sharing.holders) return ERROR_SHARING_VIOLATION;
@@ -85,7 +88,7 @@ DWORD Files::Erase(const Place& place) {
   return ERROR_SUCCESS;
 }
 
-DWORD Files::RemoveDirectory(std::string_view path) {
+DWORD FileSystem::RemoveDirectory(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = LocateExisting(path, &place);
@@ -93,7 +96,7 @@ DWORD Files::RemoveDirectory(std::string_view path) {
   return place.node->IsFolder() ? Erase(place) : ERROR_DIRECTORY;
 }
 
-DWORD Files::Delete(std::string_view path) {
+DWORD FileSystem::Delete(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   const DWORD error = LocateExisting(path, &place);
@@ -102,7 +105,7 @@ DWORD Files::Delete(std::string_view path) {
 }
 
 // Finds, makes or empties the file that is to be opened.
-DWORD Files::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<Node>* node) {
+DWORD FileSystem::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<Node>* node) {
   if (place.node && place.node->IsFolder()) {
     return place.ends_in_separator ? ERROR_PATH_NOT_FOUND : ERROR_ACCESS_DENIED;
   }
@@ -133,7 +136,8 @@ DWORD Files::Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<N
   return ERROR_SUCCESS;
 }
 
-DWORD Files::Open(std::string_view path, const OpenMode& mode, std::shared_ptr<OpenFile>* file) {
+DWORD FileSystem::Open(std::string_view path, const OpenMode& mode,
+                       std::shared_ptr<OpenFile>* file) {
   std::shared_ptr<OpenFile> opened;
   {
     const std::lock_guard lock(shared_->mutex);
@@ -151,8 +155,8 @@ DWORD Files::Open(std::string_view path, const OpenMode& mode, std::shared_ptr<O
   return ERROR_SUCCESS;
 }
 
-DWORD Files::OpenHandle(std::string_view path, const HandleMode& mode,
-                        std::shared_ptr<OpenNode>* node) {
+DWORD FileSystem::OpenHandle(std::string_view path, const HandleMode& mode,
+                             std::shared_ptr<OpenNode>* node) {
   std::shared_ptr<OpenNode> opened;
   {
     const std::lock_guard lock(shared_->mutex);
@@ -180,7 +184,7 @@ DWORD Files::OpenHandle(std::string_view path, const HandleMode& mode,
   return ERROR_SUCCESS;
 }
 
-DWORD Files::SetReparsePoint(const OpenNode& node, std::string_view buffer) {
+DWORD FileSystem::SetReparsePoint(const OpenNode& node, std::string_view buffer) {
   const std::lock_guard lock(shared_->mutex);
   Node& held = node.Held();
   if (!node.On().KeepsNtfsData()) return ERROR_INVALID_FUNCTION;

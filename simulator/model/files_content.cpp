@@ -1,11 +1,14 @@
 // What tests, scenarios and tools do to the files of a simulated server.
 #include <utility>
 
+#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
 #include "simulator/model/junction.h"
+#include "simulator/model/made_bytes.h"
 #include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -23,8 +26,9 @@ const std::string& BytesOf(const Node& node) {
 }  // namespace
 
 // The node with that path, made with all its parents where they are missing.
-std::shared_ptr<Node> Files::MakeBelow(const Volume& volume, const std::vector<std::string>& names,
-                                       DWORD attributes) {
+std::shared_ptr<Node> FileSystem::MakeBelow(const Volume& volume,
+                                            const std::vector<std::string>& names,
+                                            DWORD attributes) {
   std::shared_ptr<Node> node = volume.root;
   for (size_t i = 0; i < names.size() && node; ++i) {
     const bool is_last = i + 1 == names.size();
@@ -41,28 +45,28 @@ std::shared_ptr<Node> Files::MakeBelow(const Volume& volume, const std::vector<s
   return node;
 }
 
-std::shared_ptr<Node> Files::Find(std::string_view path) const {
+std::shared_ptr<Node> FileSystem::Find(std::string_view path) const {
   Place place;
   return Locate(path, AtEnd::kStay, &place) == ERROR_SUCCESS ? place.node : nullptr;
 }
 
-bool Files::Exists(std::string_view path) const {
+bool FileSystem::Exists(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   return Find(path) != nullptr;
 }
 
-void Files::MakeDirectories(std::string_view path) {
+void FileSystem::MakeDirectories(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   MakeBelow(VolumeFor(path), ParsePath(path, current_folder_).names, FILE_ATTRIBUTE_DIRECTORY);
 }
 
-void Files::Write(std::string_view path, std::string bytes) {
+void FileSystem::Write(std::string_view path, std::string bytes) {
   const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   SetBytes(*MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE), std::move(bytes));
 }
 
-void Files::WriteMade(std::string_view path, MakeBytes make_bytes) {
+void FileSystem::WriteMade(std::string_view path, MakeBytes make_bytes) {
   const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE);
@@ -70,26 +74,26 @@ void Files::WriteMade(std::string_view path, MakeBytes make_bytes) {
   node.make_bytes = std::move(make_bytes);
 }
 
-void Files::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
+void FileSystem::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
   const std::lock_guard lock(shared_->mutex);
   SetBytes(*MakeBelow(volume, NamesBelowRoot(path), FILE_ATTRIBUTE_ARCHIVE), std::move(bytes));
 }
 
-std::optional<std::string> Files::Read(std::string_view path) const {
+std::optional<std::string> FileSystem::Read(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node || node->IsFolder()) return std::nullopt;
   return BytesOf(*node);
 }
 
-std::optional<std::string> Files::ReadOn(const Volume& volume, std::string_view path) const {
+std::optional<std::string> FileSystem::ReadOn(const Volume& volume, std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const Node* const node = volume.root->Find(path);
   if (node == nullptr || node->IsFolder()) return std::nullopt;
   return BytesOf(*node);
 }
 
-void Files::SetAttributes(std::string_view path, DWORD attributes) {
+void FileSystem::SetAttributes(std::string_view path, DWORD attributes) {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node) Unsupported("attributes of a missing file: " + std::string(path));
@@ -97,7 +101,7 @@ void Files::SetAttributes(std::string_view path, DWORD attributes) {
   node->attributes = (attributes & ~kKept) | (node->attributes & kKept);
 }
 
-std::vector<std::string> Files::List(std::string_view folder) const {
+std::vector<std::string> FileSystem::List(std::string_view folder) const {
   const std::lock_guard lock(shared_->mutex);
   std::vector<std::string> names;
   const std::shared_ptr<Node> node = Find(folder);
@@ -106,7 +110,7 @@ std::vector<std::string> Files::List(std::string_view folder) const {
   return names;
 }
 
-void Files::Remove(std::string_view path) {
+void FileSystem::Remove(std::string_view path) {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   if (Locate(path, AtEnd::kStay, &place) != ERROR_SUCCESS || !place.node) return;
@@ -114,14 +118,14 @@ void Files::Remove(std::string_view path) {
   place.parent->children.erase(NameKey(place.name));
 }
 
-void Files::SetDescriptor(std::string_view path, const Descriptor& descriptor) {
+void FileSystem::SetDescriptor(std::string_view path, const Descriptor& descriptor) {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   if (!node) Unsupported("the descriptor of a missing file: " + std::string(path));
   node->security = std::make_shared<const Descriptor>(descriptor);
 }
 
-std::optional<Descriptor> Files::DescriptorOf(std::string_view path) const {
+std::optional<Descriptor> FileSystem::DescriptorOf(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   Place place;
   if (Locate(path, AtEnd::kStay, &place) != ERROR_SUCCESS || !place.node) return std::nullopt;
@@ -129,7 +133,7 @@ std::optional<Descriptor> Files::DescriptorOf(std::string_view path) const {
   return *place.node->security;
 }
 
-void Files::MakeJunction(std::string_view path, std::string_view target) {
+void FileSystem::MakeJunction(std::string_view path, std::string_view target) {
   const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_DIRECTORY);
@@ -137,13 +141,13 @@ void Files::MakeJunction(std::string_view path, std::string_view target) {
   node.MakeReparsePoint(JunctionBuffer(target));
 }
 
-std::optional<std::string> Files::JunctionTarget(std::string_view path) const {
+std::optional<std::string> FileSystem::JunctionTarget(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
   return node ? SubstituteName(node->reparse_data) : std::nullopt;
 }
 
-const Volume& Files::VolumeFor(std::string_view path) const {
+const Volume& FileSystem::VolumeFor(std::string_view path) const {
   const auto found = letters_.find(ParsePath(path, current_folder_).letter);
   if (found == letters_.end()) Unsupported("no volume is mounted for " + std::string(path));
   return *found->second;

@@ -2,12 +2,17 @@
 #include <cstddef>
 #include <utility>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
 #include "simulator/model/inheritance.h"
 #include "simulator/model/list_kind.h"
 #include "simulator/model/node.h"
 #include "simulator/model/security.h"
+#include "simulator/model/security_change.h"
+#include "simulator/model/shared_descriptors.h"
 #include "simulator/model/stored_list.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -45,7 +50,14 @@ bool Fits(const Descriptor& descriptor) { return Fits(descriptor.dacl) && Fits(d
 
 }  // namespace
 
-bool Files::May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Intent intent) const {
+struct FileSystem::Passed {
+  std::map<std::tuple<SharedDescriptors::Shared, SharedDescriptors::Shared, bool>,
+           SharedDescriptors::Shared>
+      made;
+};
+
+bool FileSystem::May(const Volume& volume, const Node& node, ACCESS_MASK wanted,
+                     Intent intent) const {
   if (!volume.KeepsNtfsData() || Grants(*node.security, security_.identity(), wanted)) return true;
   ACCESS_MASK privileged = 0;
   if (intent == Intent::kBackup) {
@@ -57,7 +69,7 @@ bool Files::May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Inte
   return rest != wanted && (rest == 0 || Grants(*node.security, security_.identity(), rest));
 }
 
-bool Files::May(const Place& place, ACCESS_MASK wanted, Intent intent) const {
+bool FileSystem::May(const Place& place, ACCESS_MASK wanted, Intent intent) const {
   if (May(*place.volume, *place.node, wanted, intent)) return true;
   if (!place.parent) return false;
   ACCESS_MASK by_parent = 0;
@@ -76,7 +88,7 @@ bool Files::May(const Place& place, ACCESS_MASK wanted, Intent intent) const {
 // SeRestorePrivilege stands for WRITE_DAC and WRITE_OWNER. Whoever sets a SACL needs
 // SeSecurityPrivilege, as the documentation says, although the two privileges for backups let
 // others open one.
-DWORD Files::CheckChange(const Place& place, const SecurityChange& change) const {
+DWORD FileSystem::CheckChange(const Place& place, const SecurityChange& change) const {
   if (Asks(change, SACL_SECURITY_INFORMATION) && !security_.Enabled(SE_SECURITY_NAME)) {
     return ERROR_PRIVILEGE_NOT_HELD;
   }
@@ -93,7 +105,7 @@ DWORD Files::CheckChange(const Place& place, const SecurityChange& change) const
   return may_own ? ERROR_SUCCESS : ERROR_INVALID_OWNER;
 }
 
-DWORD Files::SetSecurity(std::string_view path, const SecurityChange& change) {
+DWORD FileSystem::SetSecurity(std::string_view path, const SecurityChange& change) {
   if ((Asks(change, OWNER_SECURITY_INFORMATION) && !change.parts.owner) ||
       (Asks(change, GROUP_SECURITY_INFORMATION) && !change.parts.group) ||
       AsksBoth(change,
@@ -133,8 +145,8 @@ DWORD Files::SetSecurity(std::string_view path, const SecurityChange& change) {
 // Below a folder whose lists were `before`, all that inherits gets its entries anew: down to where
 // nothing changes any more, and but for what the program may not write. Junctions are nodes like
 // others; what they lead to lies elsewhere.
-void Files::PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
-                   Passed* passed) {
+void FileSystem::PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
+                        Passed* passed) {
   for (const auto& [key, child] : folder.node->children) {
     Place place;
     place.volume = folder.volume;
@@ -142,7 +154,7 @@ void Files::PassOn(const Place& folder, const Descriptor& before, SECURITY_INFOR
     place.node = child;
     const bool is_folder = child->IsFolder();
     SharedDescriptors::Shared& made =
-        (*passed)[{child->security, folder.node->security, is_folder}];
+        passed->made[{child->security, folder.node->security, is_folder}];
     if (!made) {
       Descriptor after = *child->security;
       for (const ListKind& kind : kListKinds) {

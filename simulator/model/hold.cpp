@@ -24,8 +24,8 @@ bool Hold::IsPossible(const Sharing& sharing, ACCESS_MASK access, DWORD share) {
          ((share & FILE_SHARE_DELETE) != 0 || sharing.deleters == 0);
 }
 
-Hold::Hold(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Node> node, ACCESS_MASK access,
-           DWORD share)
+Hold::Hold(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Node> node,
+           ACCESS_MASK access, DWORD share)
     : shared_(std::move(shared)), node_(std::move(node)), access_(access), share_(share) {
   Count(1);
 }

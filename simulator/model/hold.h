@@ -19,7 +19,7 @@ class Hold {
   static bool IsPossible(const Sharing& sharing, ACCESS_MASK access, DWORD share);
 
   // Made under the lock of Files, which its end takes itself.
-  Hold(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Node> node, ACCESS_MASK access,
+  Hold(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Node> node, ACCESS_MASK access,
        DWORD share);
   ~Hold();
   Hold(const Hold&) = delete;
@@ -30,7 +30,7 @@ class Hold {
  private:
   void Count(int by);
 
-  const std::shared_ptr<Files::Shared> shared_;
+  const std::shared_ptr<FileSystem::Shared> shared_;
   const std::shared_ptr<Node> node_;
   const ACCESS_MASK access_;
   const DWORD share_;

@@ -9,10 +9,11 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/descriptor.h"
 #include "simulator/model/made_bytes.h"
 
 namespace simulator {
+
+struct Descriptor;
 
 // Who has a node open for its contents, and what all of them let others do.
 struct Sharing {

@@ -4,10 +4,11 @@
 #include <utility>
 
 #include "simulator/model/node.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 
-OpenFile::OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
+OpenFile::OpenFile(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Volume> volume,
                    std::unique_ptr<Hold> hold, std::string path, const OpenMode& mode)
     : shared_(std::move(shared)),
       volume_(std::move(volume)),

@@ -18,7 +18,7 @@ namespace simulator {
 // Functions that can fail return a system error code. Thread-safe.
 class OpenFile {
  public:
-  OpenFile(std::shared_ptr<Files::Shared> shared, std::shared_ptr<Volume> volume,
+  OpenFile(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Volume> volume,
            std::unique_ptr<Hold> hold, std::string path, const OpenMode& mode);
   ~OpenFile();
   OpenFile(const OpenFile&) = delete;
@@ -41,7 +41,7 @@ class OpenFile {
   void DropLast(char byte);
 
  private:
-  const std::shared_ptr<Files::Shared> shared_;
+  const std::shared_ptr<FileSystem::Shared> shared_;
   const std::shared_ptr<Volume> volume_;
   const std::unique_ptr<Hold> hold_;
   const std::string path_;

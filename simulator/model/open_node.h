@@ -11,9 +11,10 @@
 #include "simulator/model/handles.h"
 #include "simulator/model/hold.h"
 #include "simulator/model/node.h"
-#include "simulator/model/volume.h"
 
 namespace simulator {
+
+struct Volume;
 
 class OpenNode : public Object {
  public:

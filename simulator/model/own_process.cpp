@@ -1,6 +1,13 @@
 #include "simulator/model/own_process.h"
 
+#include "simulator/model/com.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/handles.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 #include "simulator/model/unsupported.h"
 
 namespace simulator {
@@ -41,7 +48,7 @@ void OwnProcess::BreakOff() {
   end_.request_stop();
   // First: a child that waits for the dialogs is not to go on with its work.
   server_.processes().TerminateAll();
-  server_.desktop().dialogs().EndProcess();
+  server_.dialogs().EndProcess();
 }
 
 void OwnProcess::LeaveWhenBrokenOff() {
@@ -50,7 +57,7 @@ void OwnProcess::LeaveWhenBrokenOff() {
 
 void OwnProcess::End() {
   end_.request_stop();
-  server_.desktop().dialogs().EndProcess();
+  server_.dialogs().EndProcess();
   server_.processes().TerminateAll();
   server_.threads().WaitForAll();
   server_.processes().WaitForAll();
@@ -63,7 +70,7 @@ void OwnProcess::Renew() {
   server_.security().DisableAll();
   server_.threads().ForgetStates();
   server_.com().Renew();
-  server_.desktop().dialogs().StartProcess();
+  server_.dialogs().StartProcess();
   server_.processes().Reopen();
 }
 

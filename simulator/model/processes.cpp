@@ -4,6 +4,10 @@
 #include <utility>
 
 #include "simulator/model/command_line.h"
+#include "simulator/model/handles.h"
+#include "simulator/model/pipe.h"
+#include "simulator/model/server.h"
+#include "simulator/model/thread_group.h"
 
 namespace simulator {
 
@@ -67,7 +71,7 @@ bool ChildProcess::End(DWORD exit_code) {
   return true;
 }
 
-Processes::Processes(Server& server) : server_(server) {}
+Processes::Processes(Server& server) : server_(server), threads_(std::make_unique<ThreadGroup>()) {}
 
 Processes::~Processes() { TerminateAll(); }
 
@@ -92,7 +96,7 @@ std::shared_ptr<ChildProcess> Processes::Start(ChildStart start) {
   std::erase_if(children_, [](const auto& other) { return other.expired(); });
   children_.push_back(child);
   if (closing_) child->Terminate(1);
-  threads_.Start([this, child, program = found->second] { child->End(program(server_, *child)); });
+  threads_->Start([this, child, program = found->second] { child->End(program(server_, *child)); });
   return child;
 }
 
@@ -118,6 +122,6 @@ void Processes::Reopen() {
   closing_ = false;
 }
 
-void Processes::WaitForAll() { threads_.WaitForAll(); }
+void Processes::WaitForAll() { threads_->WaitForAll(); }
 
 }  // namespace simulator

@@ -14,14 +14,13 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/model/handles.h"
-#include "simulator/model/pipe.h"
-#include "simulator/model/thread_group.h"
-
 namespace simulator {
 
-class Server;
 class ChildProcess;
+class Object;
+class PipeWriteEnd;
+class Server;
+class ThreadGroup;
 
 // A program: runs on a thread of its own, writes through the child process it is given and returns
 // the exit code. It ends soon after `child.Terminated()` has become true.
@@ -38,7 +37,7 @@ struct ChildStart {
 };
 
 // A running child. Thread-safe.
-class ChildProcess : public Object {
+class ChildProcess {
  public:
   // The inside, as its program sees it.
 
@@ -60,7 +59,6 @@ class ChildProcess : public Object {
 
   // The outside, as who holds its handle sees it.
 
-  std::string Kind() const override { return "process"; }
   DWORD ProcessId() const { return process_id_; }
   DWORD ExitCode() const;  // STILL_ACTIVE while it runs
   // Its handles are dropped at once. ERROR_ACCESS_DENIED when it has ended already.
@@ -118,7 +116,7 @@ class Processes {
   std::vector<std::weak_ptr<ChildProcess>> children_;
   DWORD next_id_ = 4;
   bool closing_ = false;
-  ThreadGroup threads_;
+  const std::unique_ptr<ThreadGroup> threads_;
 };
 
 }  // namespace simulator

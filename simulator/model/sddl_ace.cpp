@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/sddl_attribute.h"
 #include "simulator/model/sddl_condition.h"
 #include "simulator/model/sddl_guid.h"

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <vector>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/byte_reader.h"
 #include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_literals.h"

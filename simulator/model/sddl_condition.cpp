@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <system_error>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/byte_reader.h"
 #include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_literals.h"

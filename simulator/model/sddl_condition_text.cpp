@@ -5,11 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/byte_reader.h"
 #include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_condition.h"
 #include "simulator/model/sddl_literals.h"
 #include "simulator/model/sddl_sids.h"
+#include "simulator/model/sddl_text.h"
 
 namespace simulator {
 namespace {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "simulator/model/account_domains.h"
+
 namespace simulator {
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/list_kind.h"
 #include "simulator/model/sddl_ace.h"
 #include "simulator/model/sddl_cursor.h"

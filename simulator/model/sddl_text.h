@@ -9,15 +9,11 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/descriptor.h"
-
 namespace simulator {
 
-// What the aliases of a server's own accounts ("LA") and of its domain ("DA") stand for.
-struct AccountDomains {
-  Sid machine;                // S-1-5-21-x-y-z
-  std::optional<Sid> domain;  // of a server that has joined one
-};
+struct AccountDomains;
+struct Descriptor;
+struct Sid;
 
 // A system error code; `descriptor` is set when it is ERROR_SUCCESS.
 DWORD ParseSddl(std::string_view text, const AccountDomains& domains, Descriptor* descriptor);

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "simulator/model/access.h"
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/sddl_text.h"
 #include "simulator/model/unsupported.h"
 #include "simulator/model/well_known_sids.h"
 
@@ -89,11 +93,21 @@ Identity AdministratorOf(const Sid& machine) {
 }  // namespace
 
 Security::Security()
-    : enabled_({kChangeNotify}), domains_({kMachine, {}}), identity_(AdministratorOf(kMachine)) {
+    : enabled_({kChangeNotify}),
+      domains_(std::make_unique<AccountDomains>(AccountDomains{kMachine, {}})),
+      identity_(std::make_unique<const Identity>(AdministratorOf(kMachine))) {
   for (const Privilege& privilege : kPrivileges) {
     if (privilege.of_administrators) held_.insert(privilege.luid);
   }
 }
+
+Security::~Security() = default;
+
+const Identity& Security::identity() const { return *identity_; }
+
+const AccountDomains& Security::domains() const { return *domains_; }
+
+void Security::JoinDomain(const Sid& domain) { domains_->domain = domain; }
 
 void Security::Grant(std::string_view privilege) {
   const std::lock_guard lock(mutex_);

@@ -4,29 +4,17 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <set>
-#include <string>
 #include <string_view>
-#include <utility>
-
-#include "simulator/model/access.h"
-#include "simulator/model/handles.h"
-#include "simulator/model/sddl_text.h"
 
 namespace simulator {
 
-// The token as a handle stands for it.
-class Token : public Object {
- public:
-  explicit Token(DWORD access) : access_(access) {}
-  std::string Kind() const override { return "token"; }
-  DWORD Access() const { return access_; }  // what it was opened for
-
- private:
-  const DWORD access_;
-};
+struct AccountDomains;
+struct Identity;
+struct Sid;
 
 // Privileges by name, whatever its case; granting, revoking or asking for one that Windows does not
 // have aborts. Thread-safe. At first the token holds what an elevated administrator's holds, with
@@ -34,6 +22,9 @@ class Token : public Object {
 class Security {
  public:
   Security();
+  ~Security();
+  Security(const Security&) = delete;
+  Security& operator=(const Security&) = delete;
 
   void Grant(std::string_view privilege);
   void Revoke(std::string_view privilege);  // the token does not hold it at all any more
@@ -48,17 +39,17 @@ class Security {
   void DisableAll();
 
   // The server's own Administrator, elevated. Neither changes while the program runs.
-  const Identity& identity() const { return identity_; }
-  const AccountDomains& domains() const { return domains_; }
+  const Identity& identity() const;
+  const AccountDomains& domains() const;
   // Without this the server is in no domain.
-  void JoinDomain(Sid domain) { domains_.domain = std::move(domain); }
+  void JoinDomain(const Sid& domain);
 
  private:
   mutable std::mutex mutex_;
   std::set<DWORD> held_;  // low parts of LUIDs; the high parts are 0
   std::set<DWORD> enabled_;
-  AccountDomains domains_;
-  const Identity identity_;
+  const std::unique_ptr<AccountDomains> domains_;
+  const std::unique_ptr<const Identity> identity_;
 };
 
 }  // namespace simulator

@@ -3,7 +3,23 @@
 #include <atomic>
 #include <cstdint>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/com.h"
+#include "simulator/model/console.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/files.h"
+#include "simulator/model/handles.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
+#include "simulator/model/shutdown.h"
+#include "simulator/model/threads.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/volume.h"
 #include "simulator/model/windows_boot.h"
 
 namespace simulator {
@@ -15,7 +31,29 @@ std::atomic<Server*> current = nullptr;
 
 }  // namespace
 
-Server::Server() : processes_(*this) {
+struct Server::Parts {
+  explicit Parts(Server& server) : own_process(server), processes(server) {}
+
+  System system;
+  Clock clock;
+  Calls calls;
+  Handles handles;
+  Security security;
+  FileSystem files{security};
+  std::vector<Disk> disks;
+  Boot boot = HealthyBoot();
+  Console console;
+  Desktop desktop{clock, system};
+  MessageBoxes message_boxes{desktop.dialogs()};
+  Com com;
+  Shutdown shutdown;
+  OwnProcess own_process;
+  // Last, so that they end first: what runs in them uses all of the above.
+  Processes processes;
+  Threads threads;
+};
+
+Server::Server() : parts_(std::make_unique<Parts>(*this)) {
   Server* none = nullptr;
   if (!current.compare_exchange_strong(none, this)) Unsupported("a second server beside the first");
 
@@ -23,18 +61,17 @@ Server::Server() : processes_(*this) {
   volume.label = "Windows";
   volume.size = 127 * kGigabyte;
   volume.free = 100 * kGigabyte;
-  files_.Mount('C', files_.AddVolume(volume));
-  files_.MakeDirectories(system_.system_directory);
-  files_.MakeDirectories(system_.temp_directory);
-  files_.MakeDirectories(system_.common_startup_directory);
-  files_.Write(system_.program_path, "");
-  boot_ = HealthyBoot();
+  files().Mount('C', files().AddVolume(volume));
+  files().MakeDirectories(system().system_directory);
+  files().MakeDirectories(system().temp_directory);
+  files().MakeDirectories(system().common_startup_directory);
+  files().Write(system().program_path, "");
 }
 
 Server::~Server() {
-  processes_.TerminateAll();  // threads may be waiting for what a child writes
-  threads_.WaitForAll();
-  processes_.WaitForAll();
+  processes().TerminateAll();  // threads may be waiting for what a child writes
+  threads().WaitForAll();
+  processes().WaitForAll();
   current = nullptr;
 }
 
@@ -43,5 +80,25 @@ Server& Server::Current() {
   if (server == nullptr) Unsupported("a call while no server stands");
   return *server;
 }
+
+System& Server::system() { return parts_->system; }
+Clock& Server::clock() { return parts_->clock; }
+Calls& Server::calls() { return parts_->calls; }
+Handles& Server::handles() { return parts_->handles; }
+std::vector<std::string> Server::OpenHandles() const { return parts_->handles.OpenKinds(); }
+Files& Server::files() { return parts_->files; }
+FileSystem& Server::file_system() { return parts_->files; }
+std::vector<Disk>& Server::disks() { return parts_->disks; }
+Boot& Server::boot() { return parts_->boot; }
+Security& Server::security() { return parts_->security; }
+Console& Server::console() { return parts_->console; }
+Desktop& Server::desktop() { return parts_->desktop; }
+Dialogs& Server::dialogs() { return parts_->desktop.dialogs(); }
+MessageBoxes& Server::message_boxes() { return parts_->message_boxes; }
+Com& Server::com() { return parts_->com; }
+Shutdown& Server::shutdown() { return parts_->shutdown; }
+OwnProcess& Server::own_process() { return parts_->own_process; }
+Processes& Server::processes() { return parts_->processes; }
+Threads& Server::threads() { return parts_->threads; }
 
 }  // namespace simulator

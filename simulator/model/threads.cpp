@@ -1,10 +1,13 @@
 #include "simulator/model/threads.h"
 
+#include "simulator/model/handles.h"
+#include "simulator/model/process_objects.h"
+
 namespace simulator {
 
 std::shared_ptr<Object> Threads::Start(LPTHREAD_START_ROUTINE routine, LPVOID parameter) {
   threads_.Start([routine, parameter] { routine(parameter); });
-  return std::make_shared<Thread>();
+  return std::make_shared<ThreadObject>();
 }
 
 ThreadState& Threads::State() const {

@@ -10,17 +10,12 @@
 #include <string>
 
 #include "simulator/model/critical_sections.h"
-#include "simulator/model/handles.h"
 #include "simulator/model/thread_group.h"
 #include "simulator/model/thread_state.h"
 
 namespace simulator {
 
-// What a thread's handle stands for, of the program or of a child.
-class Thread : public Object {
- public:
-  std::string Kind() const override { return "thread"; }
-};
+class Object;
 
 // Thread-safe. The end waits for every thread started.
 class Threads {

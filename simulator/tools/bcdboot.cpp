@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/windows_boot.h"
 #include "simulator/tools/machine.h"

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/system_messages.h"
 #include "simulator/tools/bcdedit_output.h"

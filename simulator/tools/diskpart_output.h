@@ -11,7 +11,8 @@
 #include <vector>
 
 #include "simulator/model/disks.h"
-#include "simulator/model/system.h"
+#include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 

@@ -13,10 +13,11 @@
 
 #include "simulator/model/boot_store.h"
 #include "simulator/model/disks.h"
-#include "simulator/model/system.h"
-#include "simulator/model/volume.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
+
+struct Volume;
 
 // Letters are taken in either case and given in upper case. Paths are narrow text as the tools were
 // given them. Functions that can fail return a system error code.

@@ -4,8 +4,13 @@
 #include <optional>
 #include <utility>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/bcdboot.h"
 #include "simulator/tools/bcdedit.h"
 #include "simulator/tools/diskpart.h"
@@ -26,7 +31,7 @@ class ServerMachine : public Machine {
     return server_.files().LetterOf(volume);
   }
   bool IsTaken(char letter) const override { return server_.files().VolumeAt(letter) != nullptr; }
-  std::optional<char> FreeLetter() const override { return server_.files().FreeLetter(); }
+  std::optional<char> FreeLetter() const override { return server_.file_system().FreeLetter(); }
   void Mount(char letter, const std::shared_ptr<Volume>& volume) override {
     server_.files().Mount(letter, volume);
   }
@@ -34,7 +39,7 @@ class ServerMachine : public Machine {
 
   DWORD ReadFrom(const std::string& path, std::string* bytes) const override {
     std::shared_ptr<OpenFile> file;
-    DWORD error = server_.files().Open(path, {.read = true}, &file);
+    DWORD error = server_.file_system().Open(path, {.read = true}, &file);
     char buffer[4096];
     size_t read = sizeof buffer;
     while (error == ERROR_SUCCESS && read > 0) {
@@ -47,19 +52,19 @@ class ServerMachine : public Machine {
   DWORD WriteTo(const std::string& path, std::string_view bytes) override {
     const OpenMode mode{.write = true, .creation = Creation::kCreateAlways};
     std::shared_ptr<OpenFile> file;
-    const DWORD error = server_.files().Open(path, mode, &file);
+    const DWORD error = server_.file_system().Open(path, mode, &file);
     size_t written = 0;
     return error == ERROR_SUCCESS ? file->Write(bytes, &written) : error;
   }
 
   bool IsFolder(const std::string& path) const override {
     DWORD attributes = 0;
-    return server_.files().Attributes(path, &attributes) == ERROR_SUCCESS &&
+    return server_.file_system().Attributes(path, &attributes) == ERROR_SUCCESS &&
            (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   }
 
   std::string FullPath(const std::string& path) const override {
-    return server_.files().FullPath(path);
+    return server_.file_system().FullPath(path);
   }
 
  private:

@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/boot_store_file.h"
 
 namespace simulator {

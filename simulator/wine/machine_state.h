@@ -14,9 +14,11 @@
 
 #include "simulator/model/boot_store.h"
 #include "simulator/model/disks.h"
-#include "simulator/model/system.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
+
+struct Volume;
 
 // Where it lies below the prefix's folder windows.
 inline constexpr char kMachineStateFile[] = "migrated_server.json";

@@ -10,6 +10,7 @@
 
 #include "common/owner.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {

@@ -2,6 +2,10 @@
 #ifndef SIMULATOR_WINE_PREFIX_MACHINE_H_
 #define SIMULATOR_WINE_PREFIX_MACHINE_H_
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/machine.h"
 #include "simulator/wine/machine_state.h"
 

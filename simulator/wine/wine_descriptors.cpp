@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "simulator/prepare_folder.h"
+#include "simulator/scenario.h"
 #include "simulator/wine/host_process.h"
 
 namespace simulator {

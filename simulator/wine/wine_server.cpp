@@ -6,10 +6,15 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/disks.h"
 #include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/prepare_folder.h"
+#include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 
 namespace simulator {
 namespace {

@@ -12,11 +12,12 @@
 #include <string>
 #include <vector>
 
-#include "simulator/scenario.h"
 #include "simulator/wine/machine_state.h"
 #include "simulator/wine/wine_prefix.h"
 
 namespace simulator {
+
+struct Scenario;
 
 struct WineServerOptions {
   std::string program_folder = "C:\\vantoro_restore";

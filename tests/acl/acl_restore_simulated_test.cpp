@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acl/acl_restore.h"
+#include "simulator/model/security.h"
 #include "support/recording_logger.h"
 #include "support/simulated_acl_engine.h"
 #include "support/simulated_events.h"
@@ -113,7 +114,7 @@ TEST_F(RestoreACLFileTest, WritesNoReport) {
 TEST_F(RestoreACLFileTest, LeavesNothingOpenAndNoMemory) {
   const int blocks = simulator::LiveLocalBlocks();
   EXPECT_EQ(RestoreAll("wrong\r\n" + LineOf("C:\\a", 0, kSddl)), 0);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
   EXPECT_EQ(simulator::LiveLocalBlocks(), blocks);
 }
 

@@ -8,6 +8,9 @@
 
 #include "common/strings.h"
 #include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
 #include "support/sddl_texts.h"
 #include "support/simulated_acl_engine.h"
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acl/acl_util.h"
+#include "simulator/model/server.h"
 #include "support/simulated_acl_engine.h"
 #include "support/simulated_progress.h"
 
@@ -231,7 +232,7 @@ TEST(ACLUtilFailures, OfAnyCallLeaveNothingBehind) {
     const size_t failed = static_cast<size_t>(number) - 1;
     const bool is_free = failed < trace.size() && trace[failed].name == "LocalFree";
     ASSERT_EQ(simulator::LiveLocalBlocks(), blocks + (is_free ? 1 : 0)) << number;
-    ASSERT_LE(server.handles().OpenKinds().size(), 1U) << number;  // a token that did not close
+    ASSERT_LE(server.OpenHandles().size(), 1U) << number;  // a token that did not close
     int restored = 0;
     for (const std::string path : {"C:\\a", "C:\\b", "C:\\c"}) {
       restored += tests::SddlOf(server, path).ends_with("D:PAI(A;;FA;;;BA)") ? 1 : 0;

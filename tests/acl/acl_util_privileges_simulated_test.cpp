@@ -6,6 +6,7 @@
 
 #include "acl/acl_util.h"
 #include "common/privileges.h"
+#include "simulator/model/security.h"
 #include "support/simulated_acl_engine.h"
 
 namespace acl {
@@ -43,7 +44,7 @@ TEST_F(Privileges, AreOnFromTheFirstUseToTheEndOfTheObject) {
     EXPECT_EQ(server_.calls().ArgumentsOf("LookupPrivilegeValueA"), Quoted());
   }
   EXPECT_EQ(Enabled(), kAllOff);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 TEST_F(Privileges, AreEnabledOnceInAProcess) {
@@ -108,7 +109,7 @@ TEST_P(PrivilegeCall, ThatFailsIsReportedAndTheOthersAreEnabled) {
   EXPECT_EQ(Enabled(), (std::vector<bool>{true, false, true, true}));
   EXPECT_EQ(Report(), Lines{"Info: Privilege 'SeRestorePrivilege' could not be enabled. This can "
                             "probably be ignored."});
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 TEST_P(PrivilegeCall, ThatFailsLeavesThatOneOnAndTheOthersAreDisabled) {
@@ -118,7 +119,7 @@ TEST_P(PrivilegeCall, ThatFailsLeavesThatOneOnAndTheOthersAreDisabled) {
     server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED, 2);
   }
   EXPECT_EQ(Enabled(), (std::vector<bool>{false, true, false, false}));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeCall,

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "acl/acl_util.h"
+#include "simulator/model/files.h"
+#include "simulator/model/server.h"
 #include "support/simulated_acl_engine.h"
 
 namespace acl {
@@ -19,7 +21,8 @@ class ACLUtilTest : public tests::AclEngineTest {
 
   DWORD AttributesOf(const std::string& path) {
     DWORD attributes = 0;
-    EXPECT_EQ(server_.files().Attributes(path, &attributes), static_cast<DWORD>(ERROR_SUCCESS));
+    EXPECT_EQ(server_.file_system().Attributes(path, &attributes),
+              static_cast<DWORD>(ERROR_SUCCESS));
     return attributes;
   }
 };
@@ -200,7 +203,7 @@ TEST_P(WrongLine, FailsAndTheRestIsRestored) {
   ASSERT_EQ(report.size(), 4U);
   EXPECT_TRUE(report[2].starts_with("ERROR")) << report[2];
   EXPECT_EQ(report[3], "Restoring ACL of: <C:\\Data\\b.txt>");
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -283,7 +286,7 @@ TEST_F(ACLUtilTest, OpensTheFileInBinaryAndThenInTextMode) {
   EXPECT_EQ(Restore("", {.with_stream = false}), kRestored);
   EXPECT_EQ(server_.calls().ArgumentsOf("_open"),
             (Lines{"\"C:\\acl.dat\", \"rb\"", "\"C:\\acl.dat\", \"rt\""}));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 TEST_F(ACLUtilTest, ReportsNothingWithoutAStream) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acl/junctions.h"
+#include "simulator/model/files.h"
 #include "simulator/model/server.h"
 
 namespace acl {
@@ -26,7 +27,7 @@ class JunctionTest : public testing::Test {
   std::string Restore(const std::string& list) {
     server_.files().Write(kList, list);
     EXPECT_EQ(RestoreJunctionsFromFile(L"C:\\junctions.dat", L"C:\\report.txt"), 0);
-    EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+    EXPECT_EQ(server_.OpenHandles(), Lines{});
     return server_.files().Read("C:\\report.txt").value_or("none");
   }
 
@@ -261,7 +262,7 @@ TEST_F(RestoreJunctionsTest, IsMinus1WhenTheReportCannotBeOpened) {
   server_.files().Write(kList, "C:\\Link;C:\\Target\r\n");
   EXPECT_EQ(RestoreJunctionsFromFile(L"C:\\junctions.dat", L"C:\\none\\report.txt"), -1);
   EXPECT_FALSE(Exists("C:\\Link"));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 // The stream reads several blocks; what came of the line that the failing one cuts is no line.
@@ -338,7 +339,7 @@ TEST_F(CreateJunctionTest, SetsTheReparsePoint) {
   EXPECT_NE(calls[0].find(", 589988, "), std::string::npos) << calls[0];
   EXPECT_NE(calls[0].find(", 46"), std::string::npos) << calls[0];
   DWORD attributes = 0;
-  server_.files().Attributes("C:\\Link", &attributes);
+  server_.file_system().Attributes("C:\\Link", &attributes);
   EXPECT_EQ(attributes & 0x410, 0x410U);
 }
 
@@ -406,7 +407,7 @@ TEST_P(FailingStep, IsFalseAndLeavesNothingOpen) {
   server_.files().MakeDirectories("C:\\Link");
   server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
   EXPECT_FALSE(CreateJunction(L"C:\\Link", L"C:\\Target"));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
   EXPECT_EQ(TargetOf("C:\\Link"), "no junction");
 }
 

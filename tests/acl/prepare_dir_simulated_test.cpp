@@ -6,6 +6,9 @@
 
 #include "acl/acl_util.h"
 #include "acl/prepare_dir.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_events.h"
 #include "support/simulated_progress.h"

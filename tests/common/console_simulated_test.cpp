@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/console.h"
+#include "simulator/model/console.h"
 #include "simulator/model/server.h"
 
 namespace common {

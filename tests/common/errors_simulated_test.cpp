@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/errors.h"
+#include "simulator/model/console.h"
 #include "simulator/model/local_heap.h"
 #include "simulator/model/server.h"
 

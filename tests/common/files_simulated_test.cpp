@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "common/files.h"
+#include "simulator/model/console.h"
+#include "simulator/model/files.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace common {
 namespace {
@@ -18,7 +21,7 @@ TEST(CreateAndWriteFile, ClosesTheFile) {
   simulator::Server server;
   EXPECT_TRUE(CreateAndWriteFile(kPath, "text"));
   EXPECT_EQ(server.calls().ArgumentsOf("_close").size(), 1u);
-  EXPECT_EQ(server.files().Delete(kPath), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server.file_system().Delete(kPath), DWORD{ERROR_SUCCESS});
 }
 
 TEST(CreateAndWriteFile, OpensInModeWPlus) {
@@ -50,7 +53,7 @@ TEST(CreateAndWriteFile, IsFalseInSilenceWhenTheDiskFillsUp) {
   server.files().VolumeAt('C')->free = 10'000;
   EXPECT_FALSE(CreateAndWriteFile(kPath, std::string(1'000'000, 'x')));
   EXPECT_EQ(server.console().Text(), "");
-  EXPECT_EQ(server.files().Delete(kPath), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server.file_system().Delete(kPath), DWORD{ERROR_SUCCESS});
 }
 
 TEST(CreateAndWriteFile, TakesForWrittenWhatTheRuntimeHasTaken) {

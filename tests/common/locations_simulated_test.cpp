@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/locations.h"
+#include "simulator/model/console.h"
 #include "simulator/model/server.h"
 
 namespace common {

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "common/message_box.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
 #include "simulator/model/server.h"
 
 namespace common {
@@ -15,7 +17,7 @@ TEST(MessageBoxFormat, ShowsTheFormattedText) {
   simulator::Server server;
   const HWND owner = server.desktop().CreateWindow();
   MessageBoxFormat(owner, "Caption %s", MB_OKCANCEL | MB_ICONWARNING, "%d%% of %s", 50, "C: %d%%");
-  const std::vector<simulator::ShownMessageBox> boxes = server.desktop().Boxes();
+  const std::vector<simulator::ShownMessageBox> boxes = server.message_boxes().Shown();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0].owner, owner);
   EXPECT_EQ(boxes[0].text, "50% of C: %d%%");
@@ -26,7 +28,7 @@ TEST(MessageBoxFormat, ShowsTheFormattedText) {
 TEST(MessageBoxFormat, ReturnsTheAnswer) {
   simulator::Server server;
   for (const int answer : {IDOK, IDCANCEL}) {
-    server.desktop().AnswerBoxes([answer](const simulator::ShownMessageBox&) { return answer; });
+    server.message_boxes().Answer([answer](const simulator::ShownMessageBox&) { return answer; });
     EXPECT_EQ(MessageBoxFormat(nullptr, "", MB_OKCANCEL, "text"), answer);
   }
 }
@@ -34,15 +36,15 @@ TEST(MessageBoxFormat, ReturnsTheAnswer) {
 TEST(MessageBoxFormat, TakesNoOwner) {
   simulator::Server server;
   EXPECT_EQ(MessageBoxFormat(nullptr, "caption", MB_OK, "text"), IDOK);
-  ASSERT_EQ(server.desktop().Boxes().size(), 1u);
-  EXPECT_EQ(server.desktop().Boxes()[0].owner, nullptr);
+  ASSERT_EQ(server.message_boxes().Shown().size(), 1u);
+  EXPECT_EQ(server.message_boxes().Shown()[0].owner, nullptr);
 }
 
 TEST(MessageBoxFormat, CutsBehind2046Characters) {
   simulator::Server server;
   MessageBoxFormat(nullptr, "", MB_OK, "%s", std::string(2046, 'a').c_str());
   MessageBoxFormat(nullptr, "", MB_OK, "%s", std::string(3000, 'a').c_str());
-  const std::vector<simulator::ShownMessageBox> boxes = server.desktop().Boxes();
+  const std::vector<simulator::ShownMessageBox> boxes = server.message_boxes().Shown();
   ASSERT_EQ(boxes.size(), 2u);
   EXPECT_EQ(boxes[0].text, std::string(2046, 'a'));
   EXPECT_EQ(boxes[1].text, std::string(2046, 'a'));

@@ -20,10 +20,10 @@ TEST(UniqueHandle, ClosesItsHandleOnce) {
     UniqueHandle read;
     UniqueHandle write;
     ASSERT_TRUE(::CreatePipe(read.put(), write.put(), nullptr, 0));
-    EXPECT_EQ(server.handles().OpenKinds().size(), 2u);
+    EXPECT_EQ(server.OpenHandles().size(), 2u);
     const UniqueHandle moved(std::move(read));
   }
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
   EXPECT_EQ(server.calls().ArgumentsOf("CloseHandle").size(), 2u);
 }
 
@@ -34,10 +34,10 @@ TEST(UniqueFileHandle, ClosesItsHandleOnce) {
         ::CreateFileW(L"C:\\Windows", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                       FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     ASSERT_TRUE(folder);
-    EXPECT_EQ(server.handles().OpenKinds().size(), 1u);
+    EXPECT_EQ(server.OpenHandles().size(), 1u);
     const UniqueFileHandle moved(std::move(folder));
   }
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
   EXPECT_EQ(server.calls().ArgumentsOf("CloseHandle").size(), 1u);
 }
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "common/privileges.h"
+#include "simulator/model/console.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 
 namespace common {
@@ -22,7 +24,7 @@ TEST(EnablePrivilege, EnablesThePrivilege) {
 TEST(EnablePrivilege, ClosesTheToken) {
   simulator::Server server;
   EXPECT_EQ(EnablePrivilege("SeBackupPrivilege"), 0);
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(EnablePrivilege, OpensTheTokenToAdjustAndQuery) {
@@ -38,34 +40,34 @@ TEST(EnablePrivilege, SucceedsForAPrivilegeThatTheTokenDoesNotHold) {
   server.security().Revoke("SeBackupPrivilege");
   EXPECT_EQ(EnablePrivilege("SeBackupPrivilege"), 0);
   EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(EnablePrivilege, IsMinus1WhenTheTokenCannotBeOpened) {
   simulator::Server server;
   server.calls().FailNext("OpenProcessToken", ERROR_ACCESS_DENIED);
   EXPECT_EQ(EnablePrivilege("SeBackupPrivilege"), -1);
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(EnablePrivilege, IsMinus2ForAnUnknownNameAndClosesTheToken) {
   simulator::Server server;
   EXPECT_EQ(EnablePrivilege("SeNoSuchPrivilege"), -2);
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(EnablePrivilege, IsMinus2WhenTheLookUpFails) {
   simulator::Server server;
   server.calls().FailNext("LookupPrivilegeValueA", ERROR_ACCESS_DENIED);
   EXPECT_EQ(EnablePrivilege("SeBackupPrivilege"), -2);
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(EnablePrivilege, IsMinus3WhenTheTokenCannotBeAdjustedAndLeavesItOpen) {
   simulator::Server server;
   server.calls().FailNext("AdjustTokenPrivileges", ERROR_ACCESS_DENIED);
   EXPECT_EQ(EnablePrivilege("SeBackupPrivilege"), -3);
-  EXPECT_EQ(server.handles().OpenKinds(), std::vector<std::string>{"token"});
+  EXPECT_EQ(server.OpenHandles(), std::vector<std::string>{"token"});
   EXPECT_FALSE(server.security().Enabled("SeBackupPrivilege"));
 }
 
@@ -144,7 +146,7 @@ TEST_P(SwitchPrivilegeCall, ThatFailsLeavesNoTokenOpen) {
   simulator::Server server;
   server.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
   EXPECT_FALSE(SwitchPrivilege("SeBackupPrivilege", true));
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, SwitchPrivilegeCall,
@@ -157,7 +159,7 @@ TEST(SwitchPrivilege, LeavesNoTokenOpenHoweverItEnds) {
   EXPECT_TRUE(SwitchPrivilege("SeBackupPrivilege", true));
   EXPECT_FALSE(SwitchPrivilege("SeRestorePrivilege", true));
   EXPECT_FALSE(SwitchPrivilege("SeNoSuchPrivilege", true));
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(SwitchPrivilege, DoesNotLookAtTheResultOfClosingTheToken) {

@@ -4,6 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/server.h"
+#include "support/simulated_descriptors.h"
+#include "support/simulated_process.h"
 #include "support/simulated_whole_run.h"
 
 namespace restore {
@@ -53,8 +57,7 @@ TEST(SecondRun, TakesBackPermissionsThatWereChangedSince) {
   WholeRun run("boot_nothing_to_do");
   ASSERT_EQ(run.Run(), 0);
   const auto copies = run.Copies();
-  simulator::Files& files = run.server().files();
-  files.SetDescriptor("C:\\Users\\Administrator", files.DescriptorOf("C:\\").value());
+  tests::Secure(run.server(), "C:\\Users\\Administrator", tests::SddlOf(run.server(), "C:\\"));
   ASSERT_NE(run.Copies(), copies);
   EXPECT_EQ(RunAgain(run), 0);
   EXPECT_EQ(run.Copies(), copies);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fault_sweep/sweep.h"
+#include "simulator/model/console.h"
 
 namespace fault_sweep {
 namespace {

@@ -7,7 +7,9 @@
 #include "fault_sweep/fault_codes.h"
 #include "fault_sweep/outcome.h"
 #include "fault_sweep/sweep.h"
+#include "simulator/model/clock.h"
 #include "simulator/model/local_heap.h"
+#include "simulator/model/server.h"
 
 namespace fault_sweep {
 namespace {

@@ -14,6 +14,7 @@
 #include "fault_sweep/child.h"
 #include "fault_sweep/sweep.h"
 #include "fault_sweep/swept_server.h"
+#include "simulator/model/server.h"
 
 namespace fault_sweep {
 namespace {

@@ -6,6 +6,12 @@
 #include <optional>
 #include <string_view>
 
+#include "simulator/model/console.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/threads.h"
+#include "simulator/scenario.h"
+
 namespace fault_sweep {
 namespace {
 
@@ -63,7 +69,7 @@ Outcome::Outcome(const Reference& reference, int number, SweptServer& swept, con
 
 void Outcome::CheckResources(int local_blocks) {
   std::map<std::string, int> kinds;
-  for (const std::string& kind : swept_.server().handles().OpenKinds()) ++kinds[kind];
+  for (const std::string& kind : swept_.server().OpenHandles()) ++kinds[kind];
   --kinds["thread"];                       // the worker's
   if (AsksForRestart()) --kinds["token"];  // that of the restart
   for (const auto& [kind, count] : kinds) {
@@ -84,7 +90,7 @@ void Outcome::CheckSaid(const Rule& rule) {
     report_.Problem("the log lacks: " + std::string(rule.text));
   }
   if (rule.said != Said::kBox) return;
-  for (const simulator::ShownMessageBox& box : swept_.server().desktop().Boxes()) {
+  for (const simulator::ShownMessageBox& box : swept_.server().message_boxes().Shown()) {
     if (Has(box.text, rule.text)) return;
   }
   report_.Problem("no box says: " + std::string(rule.text));
@@ -172,7 +178,7 @@ bool Outcome::CheckVolume(const simulator::ScenarioVolume& volume, char letter,
 }
 
 bool Outcome::AsksForRestart() const {
-  const std::vector<simulator::ShownMessageBox> boxes = swept_.server().desktop().Boxes();
+  const std::vector<simulator::ShownMessageBox> boxes = swept_.server().message_boxes().Shown();
   return std::any_of(boxes.begin(), boxes.end(), [](const simulator::ShownMessageBox& box) {
     return (box.type & MB_ICONWARNING) == MB_ICONQUESTION;
   });

@@ -10,6 +10,10 @@
 #include "fault_sweep/rules.h"
 #include "fault_sweep/swept_server.h"
 
+namespace simulator {
+struct ScenarioVolume;
+}  // namespace simulator
+
 namespace fault_sweep {
 
 // Looks at a server on which one run has ended, in which call `number` of the reference failed.

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "fault_sweep/swept_server.h"
+#include "simulator/model/server.h"
 
 namespace fault_sweep {
 namespace {

@@ -3,8 +3,13 @@
 #include <functional>
 #include <optional>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/disks.h"
 #include "simulator/model/node.h"
 #include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
+#include "simulator/model/volume.h"
+#include "simulator/scenario.h"
 #include "simulator/source_tree.h"
 
 namespace fault_sweep {

@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "simulator/model/server.h"
-#include "simulator/scenario.h"
+
+namespace simulator {
+struct Scenario;
+}  // namespace simulator
 
 namespace fault_sweep {
 

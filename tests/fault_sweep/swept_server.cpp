@@ -7,7 +7,13 @@
 #include <utility>
 
 #include "restore/messages.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/unsupported.h"
+#include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_process.h"
 
@@ -52,13 +58,16 @@ void Pause() { std::this_thread::sleep_for(std::chrono::microseconds(20)); }
 
 }  // namespace
 
-SweptServer::SweptServer(const std::string& scenario) : scenario_(ReadLight(scenario)) {
+SweptServer::SweptServer(const std::string& scenario)
+    : scenario_(std::make_unique<const simulator::Scenario>(ReadLight(scenario))) {
   simulator::Build(
-      scenario_, server_,
+      *scenario_, server_,
       [this](const std::string&, const simulator::ChildProcess& child) { TakeTime(child); });
   server_.calls().Watch([this](std::string_view name, const std::string&) { Watch(name); });
-  server_.desktop().dialogs().HandlePostsAtOnce();
+  server_.dialogs().HandlePostsAtOnce();
 }
+
+SweptServer::~SweptServer() = default;
 
 void SweptServer::Run() {
   StartProcess();
@@ -70,7 +79,7 @@ void SweptServer::Run() {
   });
   process.join();
   break_off_at_ = 0;
-  for (const MSG& lost : server_.desktop().dialogs().TakeLost()) {
+  for (const MSG& lost : server_.dialogs().TakeLost()) {
     if (lost.message == restore::WM_RESTORE_PROGRESS) {
       restore::ReleasePosted(lost.wParam, lost.lParam);
     }
@@ -78,7 +87,7 @@ void SweptServer::Run() {
 }
 
 void SweptServer::RepairTools() {
-  for (const simulator::ScenarioTool& tool : scenario_.tools) {
+  for (const simulator::ScenarioTool& tool : scenario_->tools) {
     if (tool.name != "bcdedit") simulator::Unsupported("a failing tool other than bcdedit");
     server_.processes().Install(
         tool.name,
@@ -113,7 +122,7 @@ void SweptServer::Watch(std::string_view name) {
     // The run begins once the dialog has come to rest.
     while (!shows_dialog_ && !server_.own_process().HasEnded()) Pause();
     if (!has_begun_) {
-      server_.desktop().dialogs().WaitUntilIdle(restore::GetDialog());
+      server_.dialogs().WaitUntilIdle(restore::GetDialog());
       // Without the time for which the program has waited for this thread.
       server_.clock().Set(begin_);
     }
@@ -134,7 +143,7 @@ void SweptServer::TakeTime(const simulator::ChildProcess& child) {
   WaitForReader(child);
   if (child.Terminated()) return;
   server_.clock().Advance(kDuration);
-  server_.desktop().dialogs().WaitUntilIdle(restore::GetDialog());
+  server_.dialogs().WaitUntilIdle(restore::GetDialog());
 }
 
 void SweptServer::WaitForReader(const simulator::ChildProcess& child) const {

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -13,7 +14,11 @@
 
 #include "fault_sweep/server_state.h"
 #include "simulator/model/server.h"
-#include "simulator/scenario.h"
+
+namespace simulator {
+class ChildProcess;
+struct Scenario;
+}  // namespace simulator
 
 namespace fault_sweep {
 
@@ -22,6 +27,9 @@ namespace fault_sweep {
 class SweptServer {
  public:
   explicit SweptServer(const std::string& scenario);
+  ~SweptServer();
+  SweptServer(const SweptServer&) = delete;
+  SweptServer& operator=(const SweptServer&) = delete;
 
   // Runs the program in a process of its own. Faults are the caller's.
   void Run();
@@ -33,11 +41,11 @@ class SweptServer {
   // Called on each thread of the program before its first call, and with every call that it makes.
   void OnCall(std::function<void()> listener) { listener_ = std::move(listener); }
 
-  ServerState State() { return StateOf(server_, scenario_); }
+  ServerState State() { return StateOf(server_, *scenario_); }
   std::string Log() const;  // of all runs so far; empty when there is none
 
   simulator::Server& server() { return server_; }
-  const simulator::Scenario& scenario() const { return scenario_; }
+  const simulator::Scenario& scenario() const { return *scenario_; }
 
  private:
   void StartProcess();
@@ -47,7 +55,7 @@ class SweptServer {
   void WaitForReader(const simulator::ChildProcess& child) const;
 
   mutable simulator::Server server_;
-  const simulator::Scenario scenario_;
+  const std::unique_ptr<const simulator::Scenario> scenario_;
   int break_off_at_ = 0;  // 0 for never
   std::function<void()> listener_;
 

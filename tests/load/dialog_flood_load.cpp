@@ -10,6 +10,10 @@
 
 #include "load/load_size.h"
 #include "load/memory_use.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_program.h"
 
 namespace load {
@@ -99,7 +103,7 @@ TEST_F(DialogFlood, LeavesNothingBehindOfWhatTheQueueDoesNotTake) {
 
 TEST_F(DialogFlood, LetsAClickWaitForWhatWasPostedBefore) {
   std::vector<std::string> seen;
-  server_.desktop().AnswerBoxes([&](const simulator::ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const simulator::ShownMessageBox&) {
     seen.push_back(Dialog().caption);
     return seen.size() == 1 ? IDCANCEL : IDOK;
   });

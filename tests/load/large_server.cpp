@@ -8,6 +8,12 @@
 #include "logger/b_logger.h"
 #include "restore/messages.h"
 #include "restore/run.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/files.h"
+#include "simulator/model/made_bytes.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/volume.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_descriptors.h"
@@ -58,7 +64,7 @@ LargeServer::~LargeServer() { tests::ForgetProcess(); }
 void LargeServer::AddVolume(int volume) {
   constexpr uint64_t kGigabyte = uint64_t{1} << 30;
   const char letter = LetterOf(volume);
-  simulator::Files& files = server_.files();
+  simulator::FileSystem& files = server_.file_system();
   if (letter != 'C') files.Mount(letter, files.AddVolume({}));
   simulator::Disk disk;
   disk.number = volume;

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/desktop.h"
 #include "simulator/model/server.h"
 #include "support/simulated_boot_tools.h"
 

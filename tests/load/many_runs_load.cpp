@@ -12,9 +12,15 @@
 #include "load/load_size.h"
 #include "load/memory_use.h"
 #include "restore/messages.h"
+#include "simulator/model/dialogs.h"
 #include "simulator/model/local_heap.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shutdown.h"
+#include "simulator/model/threads.h"
 #include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_process.h"
 
 namespace load {
@@ -55,13 +61,13 @@ Left RunProgram(const simulator::Scenario& scenario) {
   simulator::Build(scenario, server);
   const int exit_code = server.own_process().Run(
       [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
-  for (const MSG& lost : server.desktop().dialogs().TakeLost()) {
+  for (const MSG& lost : server.dialogs().TakeLost()) {
     if (lost.message == restore::WM_RESTORE_PROGRESS) {
       restore::ReleasePosted(lost.wParam, lost.lParam);
     }
   }
-  Left left{server.handles().OpenKinds(), server.threads().LiveCriticalSections(), exit_code,
-            server.desktop().Boxes().size(), server.shutdown().Scheduled().has_value()};
+  Left left{server.OpenHandles(), server.threads().LiveCriticalSections(), exit_code,
+            server.message_boxes().Shown().size(), server.shutdown().Scheduled().has_value()};
   std::sort(left.handles.begin(), left.handles.end());
   return left;
 }

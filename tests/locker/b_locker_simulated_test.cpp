@@ -6,6 +6,7 @@
 
 #include "locker/b_locker.h"
 #include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 
 namespace locker {
 namespace {

@@ -8,6 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/console.h"
+#include "simulator/model/files.h"
+#include "simulator/model/server.h"
+#include "simulator/model/threads.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {
@@ -186,7 +191,7 @@ TEST_F(BLoggerFailures, ADiskThatFillsUpEndsTheFileForGood) {
 TEST_F(BLoggerAfterAFailedWrite, ClosesTheFileAtItsEnd) {
   logger_.reset();
   EXPECT_EQ(CountOf("_close"), 1u);
-  EXPECT_EQ(server_.files().Delete(kLog), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server_.file_system().Delete(kLog), DWORD{ERROR_SUCCESS});
 }
 
 TEST_F(BLoggerFailures, EndsWithoutAWordWhenTheFileDoesNotClose) {

@@ -6,6 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/console.h"
+#include "simulator/model/files.h"
+#include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {
@@ -155,10 +160,10 @@ TEST_F(BLoggerOnAServer, TheProgramsFolderMayHaveAnyName) {
 
 TEST_F(BLoggerOnAServer, ClosesTheFileAtItsEnd) {
   logger_->Info("x");
-  EXPECT_EQ(server_.files().Delete(kLog), DWORD{ERROR_SHARING_VIOLATION});
+  EXPECT_EQ(server_.file_system().Delete(kLog), DWORD{ERROR_SHARING_VIOLATION});
   logger_.reset();
   EXPECT_EQ(CountOf("_close"), 1u);
-  EXPECT_EQ(server_.files().Delete(kLog), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server_.file_system().Delete(kLog), DWORD{ERROR_SUCCESS});
 }
 
 TEST_F(BLoggerOnAServer, TouchesNoFileWithoutALine) {

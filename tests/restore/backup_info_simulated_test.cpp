@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "restore/backup_info.h"
+#include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
@@ -55,7 +56,7 @@ TEST_F(SimulatedBackupInfo, FailsWhenTheFileCannotBeOpened) {
 TEST_F(SimulatedBackupInfo, FailsWhenAnotherHoldsTheFileAlone) {
   server_.files().Write(kPath, "E\r\n");
   std::shared_ptr<simulator::OpenFile> holder;
-  ASSERT_EQ(server_.files().Open(kPath, {.read = true, .alone = true}, &holder), 0U);
+  ASSERT_EQ(server_.file_system().Open(kPath, {.read = true, .alone = true}, &holder), 0U);
   EXPECT_FALSE(ReadBackupInfoLine(logger_, 'c', 0, line_));
   EXPECT_EQ(logger_.Lines(), Lines{kOpenFailed});
 }
@@ -80,7 +81,7 @@ TEST_F(SimulatedBackupInfo, ClosesTheFileThatCannotBeRead) {
   server_.files().Write(kPath, "E\r\n");
   server_.calls().FailNext("_read", EIO);
   EXPECT_TRUE(ReadBackupInfoLine(logger_, 'c', 0, line_));
-  EXPECT_EQ(server_.files().Delete(kPath), 0U);
+  EXPECT_EQ(server_.file_system().Delete(kPath), 0U);
 }
 
 TEST_F(SimulatedBackupInfo, ReadsThroughAFileThatCannotBeClosed) {

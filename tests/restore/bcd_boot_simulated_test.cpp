@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "restore/stages.h"
+#include "simulator/model/boot_store.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "simulator/model/windows_boot.h"
 #include "simulator/tools/server_tools.h"

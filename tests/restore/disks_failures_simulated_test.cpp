@@ -10,7 +10,9 @@
 
 #include "common/win/child_process_list.h"
 #include "restore/stages.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
 
@@ -234,7 +236,7 @@ TEST_F(RestoreDisksFailure, OfEachCallOnceNeverStopsTheProgram) {
       server_.calls().FailNext(name, ERROR_GEN_FAILURE, occurrence);
       static_cast<void>(Restore());
       // Only a tool that does not start leaves anything open: both ends of its pipe.
-      for (const std::string& kind : server_.handles().OpenKinds()) {
+      for (const std::string& kind : server_.OpenHandles()) {
         EXPECT_TRUE(kind == "pipe read end" || kind == "pipe write end") << name << " " << kind;
       }
     }

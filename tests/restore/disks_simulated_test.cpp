@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "restore/stages.h"
+#include "simulator/model/disks.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
@@ -344,7 +346,7 @@ TEST_F(RestoreDisksTest, LeavesNothingOpen) {
   AddDisk('D', "E");
   AddDisk('E', "D");
   EXPECT_TRUE(Restore());
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 TEST_F(RestoreDisksTest, TakesAnyBackupInformation) {

@@ -7,7 +7,12 @@
 
 #include "acl/acl_util.h"
 #include "restore/run.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_boot_tools.h"
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
@@ -90,12 +95,12 @@ TEST_F(RestoreWorkerTest, LogsASuccessfulRun) {
                    "InfoOut: Restore [c:\\]...",
                    "Info: Prepare Dir [c:\\vantoro_prepare\\] Not Exsit, Skip...",
                    "InfoOut: Vantoro Restore Finish, Total 1 disks, Finish 1, Error 0!"}));
-  EXPECT_TRUE(server_.desktop().Boxes().empty());
+  EXPECT_TRUE(server_.message_boxes().Shown().empty());
 }
 
 TEST_F(RestoreWorkerTest, LeavesNothingOpen) {
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 // Privileges.
@@ -118,7 +123,7 @@ class PrivilegeFailure : public RestoreWorkerTest, public testing::WithParamInte
  protected:
   // The box that the run showed: one, and nothing behind it.
   void ExpectBox(const std::string& text) {
-    const std::vector<simulator::ShownMessageBox> boxes = server_.desktop().Boxes();
+    const std::vector<simulator::ShownMessageBox> boxes = server_.message_boxes().Shown();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].owner, window_);
     EXPECT_EQ(boxes[0].text, text);
@@ -153,7 +158,7 @@ TEST_P(PrivilegeFailure, LeavesTheTokenOpenWhenItCannotBeAdjusted) {
   server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
   EXPECT_EQ(Run(), 1);
   const bool is_adjusting = std::string(GetParam()) == "AdjustTokenPrivileges";
-  EXPECT_EQ(server_.handles().OpenKinds(), is_adjusting ? Lines{"token"} : Lines{});
+  EXPECT_EQ(server_.OpenHandles(), is_adjusting ? Lines{"token"} : Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeFailure,
@@ -164,16 +169,16 @@ TEST_F(RestoreWorkerTest, TitlesItsBoxesInTheLanguageOfTheSystem) {
   server_.system().language = 2052;
   server_.calls().FailNext("OpenProcessToken", ERROR_ACCESS_DENIED);
   EXPECT_EQ(Run(), 1);
-  ASSERT_EQ(server_.desktop().Boxes().size(), 1U);
-  EXPECT_EQ(server_.desktop().Boxes()[0].caption, "Vantoro迁云还原检查工具");
-  EXPECT_EQ(server_.desktop().Boxes()[0].text, "ModifyPrivilege 1 Failed.");
+  ASSERT_EQ(server_.message_boxes().Shown().size(), 1U);
+  EXPECT_EQ(server_.message_boxes().Shown()[0].caption, "Vantoro迁云还原检查工具");
+  EXPECT_EQ(server_.message_boxes().Shown()[0].text, "ModifyPrivilege 1 Failed.");
 }
 
 TEST_F(RestoreWorkerTest, EndsAlsoWhenTheBoxCannotBeShown) {
   server_.calls().FailNext("OpenProcessToken", ERROR_ACCESS_DENIED);
   server_.calls().FailNext("MessageBoxA", ERROR_NOT_ENOUGH_MEMORY);
   EXPECT_EQ(Run(), 1);
-  EXPECT_TRUE(server_.desktop().Boxes().empty());
+  EXPECT_TRUE(server_.message_boxes().Shown().empty());
 }
 
 // Volumes.
@@ -296,8 +301,8 @@ TEST_F(Volumes, ShareTheProgressAlike) {
   for (const char letter : {'D', 'E', 'F'}) Mount(letter, DRIVE_FIXED);
   for (const char letter : {'C', 'D', 'F'}) Prepare(letter);
   EXPECT_EQ(Run(), 0);
-  // A share of 25: three steps for each volume but E, which has no prepare folder; the next volume
-  // starts where the one before ended.
+  // A share of 25: three steps for each volume but E, which has no prepare folder; the next
+  // volume starts where the one before ended.
   EXPECT_EQ(dialog_.Take(), (std::vector<double>{5, 25, 30, 35, 55, 60, 65, 85, 90}));
 }
 

@@ -9,7 +9,12 @@
 
 #include "restore/messages.h"
 #include "restore/run.h"
+#include "simulator/model/clock.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_boot_tools.h"
 #include "support/simulated_events.h"
 
@@ -67,8 +72,8 @@ TEST_F(RestoreThread, TellsTheDialogOfAMissingPrivilege) {
   server_.calls().FailNext("OpenProcessToken", ERROR_ACCESS_DENIED);
   EXPECT_EQ(Run(), 0U);
   EXPECT_EQ(Posted(), (Lines{"1126 1 0", "1126 2 1"}));
-  ASSERT_EQ(server_.desktop().Boxes().size(), 1U);
-  EXPECT_EQ(server_.desktop().Boxes()[0].owner, window_);
+  ASSERT_EQ(server_.message_boxes().Shown().size(), 1U);
+  EXPECT_EQ(server_.message_boxes().Shown()[0].owner, window_);
 }
 
 TEST_F(RestoreThread, BeginsAndEndsWithAMessage) {

@@ -8,7 +8,13 @@
 #include "acl/acl_util.h"
 #include "logger/b_logger.h"
 #include "restore/run.h"
+#include "simulator/model/console.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/files.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_boot_tools.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_diskpart.h"
@@ -82,7 +88,7 @@ TEST_F(PlantedLists, ChangeAttributesOnAnyVolume) {
   PlantAcls(kVictim, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY, "");
   EXPECT_EQ(Run(), 0);
   DWORD attributes = 0;
-  EXPECT_EQ(server_.files().Attributes(kVictim, &attributes), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server_.file_system().Attributes(kVictim, &attributes), DWORD{ERROR_SUCCESS});
   EXPECT_EQ(attributes, DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY});
 }
 
@@ -140,10 +146,9 @@ TEST_F(PlantedLists, HoldALineThatALongDescriptorCarries) {
   ASSERT_EQ(second.size(), kPiece);
 
   const std::string line = first + second + "\"}))";
-  simulator::Descriptor descriptor;
-  ASSERT_EQ(
-      simulator::ParseSddl(line.substr(sddl_begin), server_.security().domains(), &descriptor),
-      DWORD{ERROR_SUCCESS});
+  // All of it is a descriptor.
+  server_.files().Write("D:\\whole.txt", "");
+  tests::Secure(server_, "D:\\whole.txt", line.substr(sddl_begin));
   server_.files().Write("D:\\mine.txt", "");
   server_.files().Write(victim, "");
   tests::Secure(server_, victim, kVictimSddl);

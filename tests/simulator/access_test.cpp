@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/descriptor.h"
 #include "simulator/model/well_known_sids.h"
 
 namespace simulator {

@@ -5,6 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/access.h"
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

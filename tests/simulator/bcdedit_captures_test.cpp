@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/server.h"
 #include "simulator/tools/server_tools.h"
 #include "support/samples.h"

@@ -1,5 +1,3 @@
-#include "simulator/model/calls.h"
-
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -12,6 +10,7 @@
 #include <vector>
 
 #include "simulator/api/call.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 namespace {

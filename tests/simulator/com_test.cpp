@@ -10,6 +10,8 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/own_process.h"
 #include "simulator/model/server.h"
 
 namespace {

@@ -8,6 +8,7 @@
 #include <string>
 #include <thread>
 
+#include "simulator/model/handles.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

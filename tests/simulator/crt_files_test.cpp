@@ -12,6 +12,7 @@
 
 #include "simulator/api/crt_call.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 
+#include "simulator/model/clock.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/sddl_text.h"
 #include "support/sddl_texts.h"
 

@@ -1,3 +1,5 @@
+#include "simulator/model/desktop.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -5,6 +7,7 @@
 #include <string>
 #include <thread>
 
+#include "simulator/model/message_boxes.h"
 #include "simulator/model/server.h"
 
 namespace {
@@ -78,7 +81,7 @@ TEST(Desktop, AbortsForMessagesOfAWindowThatIsNotThere) {
 TEST(MessageBox, IsAnsweredByOkWithoutARule) {
   Server server;
   EXPECT_EQ(::MessageBoxA(nullptr, "text", "caption", MB_OKCANCEL | MB_ICONQUESTION), IDOK);
-  const ShownMessageBox box = server.desktop().Boxes().at(0);
+  const ShownMessageBox box = server.message_boxes().Shown().at(0);
   EXPECT_EQ(box.text, "text");
   EXPECT_EQ(box.caption, "caption");
   EXPECT_EQ(box.type, UINT{MB_OKCANCEL | MB_ICONQUESTION});
@@ -87,7 +90,7 @@ TEST(MessageBox, IsAnsweredByOkWithoutARule) {
 
 TEST(MessageBox, IsAnsweredByTheRule) {
   Server server;
-  server.desktop().AnswerBoxes(
+  server.message_boxes().Answer(
       [](const ShownMessageBox& box) { return box.text == "sure?" ? IDCANCEL : IDOK; });
   EXPECT_EQ(::MessageBoxA(nullptr, "sure?", "", MB_OKCANCEL), IDCANCEL);
   EXPECT_EQ(::MessageBoxA(nullptr, "done", "", MB_OKCANCEL), IDOK);
@@ -96,8 +99,8 @@ TEST(MessageBox, IsAnsweredByTheRule) {
 TEST(MessageBox, HasTheCaptionErrorWithoutOne) {
   Server server;
   ::MessageBoxA(nullptr, nullptr, nullptr, MB_OK);
-  EXPECT_EQ(server.desktop().Boxes().at(0).caption, "Error");
-  EXPECT_EQ(server.desktop().Boxes().at(0).text, "");
+  EXPECT_EQ(server.message_boxes().Shown().at(0).caption, "Error");
+  EXPECT_EQ(server.message_boxes().Shown().at(0).text, "");
 }
 
 TEST(MessageBox, FailsForAnOwnerThatIsNotThere) {
@@ -107,13 +110,13 @@ TEST(MessageBox, FailsForAnOwnerThatIsNotThere) {
   server.desktop().DestroyWindow(window);
   EXPECT_EQ(::MessageBoxA(window, "x", "x", MB_OK), 0);
   EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_WINDOW_HANDLE});
-  EXPECT_EQ(server.desktop().Boxes().size(), 1u);
+  EXPECT_EQ(server.message_boxes().Shown().size(), 1u);
 }
 
 TEST(MessageBox, AbortsForATypeOrAnAnswerThatIsNotHonoured) {
   Server server;
   EXPECT_DEATH(::MessageBoxA(nullptr, "x", "x", 4), "MessageBoxA: type");
-  server.desktop().AnswerBoxes([](const ShownMessageBox&) { return IDCANCEL; });
+  server.message_boxes().Answer([](const ShownMessageBox&) { return IDCANCEL; });
   EXPECT_DEATH(::MessageBoxA(nullptr, "x", "x", MB_OK), "does not offer");
 }
 

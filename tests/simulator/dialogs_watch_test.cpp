@@ -8,6 +8,9 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {
@@ -53,7 +56,7 @@ TEST_F(DialogsWatch, ShowsAllThatAMessageChangedAtOnce) {
 TEST_F(DialogsWatch, ComesBeforeABox) {
   const HWND dialog = MakeAndShow();
   std::string caption;
-  server_.desktop().AnswerBoxes([&](const simulator::ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const simulator::ShownMessageBox&) {
     if (!seen_.empty()) caption = seen_.back().caption;
     return IDOK;
   });

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/model/disks.h"
 #include "simulator/model/server.h"
 #include "support/simulated_disks.h"
 

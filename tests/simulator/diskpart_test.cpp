@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"

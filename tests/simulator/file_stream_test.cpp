@@ -6,7 +6,9 @@
 #include <cerrno>
 #include <string>
 
+#include "simulator/model/files.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -155,7 +157,7 @@ TEST_F(FileStreamTest, ClosesItsFileWhenItEnds) {
     stream << "x";
   }
   EXPECT_EQ(Content(), "x");
-  EXPECT_EQ(server_.files().Delete("C:\\a.txt"), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server_.file_system().Delete("C:\\a.txt"), DWORD{ERROR_SUCCESS});
 }
 
 TEST_F(FileStreamTest, ReadsBehindWhatItHasWritten) {

@@ -7,10 +7,10 @@
 
 #include "simulator/model/files.h"
 #include "simulator/model/junction.h"
-#include "simulator/model/node.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/open_node.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -48,7 +48,7 @@ class SimulatedJunctions : public testing::Test {
   static constexpr DWORD kJunction = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(SimulatedJunctions, LeadToAnotherVolume) {
@@ -236,14 +236,14 @@ TEST_F(SimulatedJunctions, AreFoundByVerbatimPaths) {
 TEST(VerbatimPaths, AreNotBoundedBy260Characters) {
   Server server;
   const std::string folder = "\\\\?\\C:\\" + std::string(250, 'a');
-  EXPECT_EQ(server.files().MakeDirectory(folder), DWORD{ERROR_SUCCESS});
-  EXPECT_EQ(server.files().MakeDirectory(folder + "\\" + std::string(250, 'b')),
+  EXPECT_EQ(server.file_system().MakeDirectory(folder), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server.file_system().MakeDirectory(folder + "\\" + std::string(250, 'b')),
             DWORD{ERROR_SUCCESS});
 }
 
 TEST(VerbatimPaths, KeepFinalDotsOfNames) {
   Server server;
-  EXPECT_EQ(server.files().MakeDirectory("\\\\?\\C:\\a."), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(server.file_system().MakeDirectory("\\\\?\\C:\\a."), DWORD{ERROR_SUCCESS});
   EXPECT_FALSE(server.files().Exists("C:\\a."));
   EXPECT_TRUE(server.files().Exists("\\\\?\\C:\\a."));
 }

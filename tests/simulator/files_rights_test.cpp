@@ -4,10 +4,13 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/open_node.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_descriptors.h"
 
 namespace simulator {
@@ -47,7 +50,7 @@ class SimulatedRights : public testing::Test {
   static constexpr char kFile[] = "C:\\folder\\a.txt";
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(SimulatedRights, AreAllAnAdministratorsOnAFreshVolume) {

@@ -7,11 +7,15 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
-#include "simulator/model/node.h"
 #include "simulator/model/open_node.h"
 #include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
+#include "simulator/model/security_change.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_descriptors.h"
 
 namespace simulator {
@@ -48,7 +52,7 @@ class SetSecurity : public testing::Test {
   const std::string kFile = "O:BAG:SYD:AI(A;ID;FA;;;BA)(A;ID;FA;;;SY)";
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(SetSecurity, StoresTheDacl) {

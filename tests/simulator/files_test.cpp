@@ -8,6 +8,7 @@
 
 #include "simulator/model/open_file.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -29,7 +30,7 @@ class SimulatedFiles : public testing::Test {
   }
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(SimulatedFiles, FindsNamesInEitherCaseAndKeepsTheirs) {

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 
 namespace {
 

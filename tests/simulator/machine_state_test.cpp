@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/disks.h"
+#include "simulator/model/volume.h"
 #include "simulator/model/windows_boot.h"
 
 namespace simulator {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/server.h"
 
@@ -37,7 +38,7 @@ class MadeBytes : public testing::Test {
   }
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(MadeBytes, AreReadFromTheFilesPositionOn) {
@@ -71,15 +72,15 @@ TEST_F(MadeBytes, TakeThePlaceOfThoseThatWereThere) {
 
 TEST(MadeBytesDeathTest, AreNotWritten) {
   Server server;
-  server.files().WriteMade("C:\\a", Digits(12));
+  server.file_system().WriteMade("C:\\a", Digits(12));
   std::shared_ptr<OpenFile> file;
-  EXPECT_DEATH(server.files().Open("C:\\a", {.write = true}, &file),
+  EXPECT_DEATH(server.file_system().Open("C:\\a", {.write = true}, &file),
                "writing to a file that makes");
 }
 
 TEST(MadeBytesDeathTest, AreNotReadAsAWhole) {
   Server server;
-  server.files().WriteMade("C:\\a", Digits(12));
+  server.file_system().WriteMade("C:\\a", Digits(12));
   EXPECT_DEATH(static_cast<void>(server.files().Read("C:\\a")), "all the bytes of a file");
 }
 

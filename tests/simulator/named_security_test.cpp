@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "simulator/api/call.h"
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 #include "simulator/model/well_known_sids.h"
 #include "support/simulated_descriptors.h"

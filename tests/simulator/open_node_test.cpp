@@ -10,6 +10,7 @@
 #include "simulator/model/open_file.h"
 #include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -33,7 +34,7 @@ class HandlesToFiles : public testing::Test {
   }
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(HandlesToFiles, TellAMissingFileFromAMissingFolder) {
@@ -129,7 +130,7 @@ TEST_F(HandlesToFiles, OutliveTheServersFiles) {
   std::shared_ptr<OpenNode> node;
   {
     const Security security;
-    Files files(security);
+    FileSystem files(security);
     files.Mount('C', files.AddVolume({}));
     files.Write("C:\\a", "x");
     ASSERT_EQ(files.OpenHandle("C:\\a",

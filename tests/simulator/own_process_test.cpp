@@ -14,7 +14,10 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/model/console.h"
 #include "simulator/model/local_heap.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 
 namespace {
@@ -134,7 +137,7 @@ TEST_F(OwnProcessTest, LeavesItsHandlesToBeLookedAt) {
     ::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &token);
     ::ExitProcess(0);
   });
-  EXPECT_EQ(server_.handles().OpenKinds(), std::vector<std::string>{"token"});
+  EXPECT_EQ(server_.OpenHandles(), std::vector<std::string>{"token"});
 }
 
 struct PipeEnds {
@@ -242,7 +245,7 @@ TEST_F(OwnProcessTest, IsANewOneAtEveryRun) {
   EXPECT_TRUE(server_.security().Enabled("SeBackupPrivilege"));
   EXPECT_EQ(Run([this] {
               EXPECT_FALSE(server_.own_process().HasEnded());
-              EXPECT_TRUE(server_.handles().OpenKinds().empty());
+              EXPECT_TRUE(server_.OpenHandles().empty());
               EXPECT_FALSE(server_.security().Enabled("SeBackupPrivilege"));
               char text[512];
               EXPECT_GT(::LoadStringA(nullptr, 117, text, 512), 0);

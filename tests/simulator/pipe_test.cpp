@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+#include "simulator/model/handles.h"
 #include "simulator/model/server.h"
 
 namespace {

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/files.h"
 #include "simulator/model/server.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_scenario_test.h"
 
@@ -86,14 +88,15 @@ TEST_F(PrepareFolderTest, HidesWhatIsUnreadableFromAllButTheSystem) {
   Make(kSource + std::string(R"(, "unreadable": ["junction_list", "acl_list"])"));
   for (const char* const name : {"juncbackup_d.dat", "aclbackup_d.dat"}) {
     std::shared_ptr<OpenFile> file;
-    EXPECT_EQ(server_.files().Open(std::string("E:\\vantoro_prepare\\") + name,
-                                   OpenMode{.read = true}, &file),
+    EXPECT_EQ(server_.file_system().Open(std::string("E:\\vantoro_prepare\\") + name,
+                                         OpenMode{.read = true}, &file),
               DWORD{ERROR_ACCESS_DENIED})
         << name;
   }
   std::shared_ptr<OpenFile> file;
-  EXPECT_EQ(server_.files().Open("E:\\vantoro_prepare\\backup_info", OpenMode{.read = true}, &file),
-            DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(
+      server_.file_system().Open("E:\\vantoro_prepare\\backup_info", OpenMode{.read = true}, &file),
+      DWORD{ERROR_SUCCESS});
 }
 
 }  // namespace

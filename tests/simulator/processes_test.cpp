@@ -1,3 +1,5 @@
+#include "simulator/model/processes.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -7,9 +9,9 @@
 #include <thread>
 
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace {
-
 using simulator::ChildProcess;
 using simulator::Server;
 
@@ -179,7 +181,7 @@ TEST_F(ProcessesTest, HaveIdsAndTwoHandles) {
   Start("tool");
   const DWORD first = child_.dwProcessId;
   EXPECT_NE(first, child_.dwThreadId);
-  EXPECT_EQ(server_.handles().OpenKinds(), (std::vector<std::string>{"process", "thread"}));
+  EXPECT_EQ(server_.OpenHandles(), (std::vector<std::string>{"process", "thread"}));
   Start("tool");
   EXPECT_NE(child_.dwProcessId, first);
 }

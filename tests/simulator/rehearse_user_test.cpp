@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_shown_dialog.h"
 
 namespace simulator {

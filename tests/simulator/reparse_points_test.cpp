@@ -38,9 +38,9 @@ class HandlesOfFolders : public testing::Test {
 
 TEST_F(HandlesOfFolders, AreFilesThatCloseHandleCloses) {
   const HANDLE folder = Open();
-  EXPECT_EQ(server_.handles().OpenKinds(), std::vector<std::string>{"file"});
+  EXPECT_EQ(server_.OpenHandles(), std::vector<std::string>{"file"});
   EXPECT_TRUE(::CloseHandle(folder));
-  EXPECT_TRUE(server_.handles().OpenKinds().empty());
+  EXPECT_TRUE(server_.OpenHandles().empty());
   EXPECT_TRUE(::RemoveDirectoryA("C:\\link"));
 }
 

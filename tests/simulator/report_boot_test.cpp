@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
 #include "simulator/model/windows_boot.h"
 
 namespace simulator {

@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_scenario_test.h"
 

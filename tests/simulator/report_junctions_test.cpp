@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/server.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_scenario_test.h"
 
 namespace simulator {

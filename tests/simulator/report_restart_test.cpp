@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "simulator/model/shutdown.h"
+
 namespace simulator {
 namespace {
 

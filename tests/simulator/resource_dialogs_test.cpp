@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "simulator/model/dialog_template.h"
 #include "simulator/model/resources.h"
 
 namespace {

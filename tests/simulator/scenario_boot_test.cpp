@@ -5,7 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/source_tree.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_scenario_test.h"
 
@@ -18,7 +21,7 @@ class ScenarioBootTest : public tests::ScenarioTest {
     return WithDisks("", ", \"boot\": " + boot + keys);
   }
 
-  Boot Made(const std::string& boot) { return Read(WithBoot(boot)).boot.value(); }
+  Boot Made(const std::string& boot) { return *Read(WithBoot(boot)).boot; }
 };
 
 TEST_F(ScenarioBootTest, MakesAManagerAndItsLoadersInTheirOrder) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "simulator/model/descriptor.h"
 #include "support/simulated_scenario_test.h"
 
 namespace simulator {
@@ -30,26 +31,26 @@ TEST_F(ScenarioSourceTest, ReadsEveryKey) {
                      "copy": "file"}]},
       "lost": ["junctions", "acl_list"], "unreadable": ["junction_list"])");
   const ScenarioSource& source = volume.source.value();
-  EXPECT_EQ(source.root_given.value().owner, (Sid{5, {32, 544}}));
+  EXPECT_EQ(source.root_given->owner, (Sid{5, {32, 544}}));
   ASSERT_EQ(source.folders.size(), 1u);
   const ScenarioObject& folder = source.folders[0];
   EXPECT_EQ(folder.path, "a b\\c");
-  EXPECT_EQ(folder.given.value().owner, (Sid{5, {18}}));
-  EXPECT_EQ(folder.copy_given.value().owner, (Sid{5, {32, 545}}));
+  EXPECT_EQ(folder.given->owner, (Sid{5, {18}}));
+  EXPECT_EQ(folder.copy_given->owner, (Sid{5, {32, 545}}));
   EXPECT_EQ(folder.attributes,
             DWORD{FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM});
   EXPECT_EQ(folder.folders, 2);
   EXPECT_EQ(folder.files, 3);
   ASSERT_EQ(source.files.size(), 1u);
   const ScenarioObject& file = source.files[0];
-  EXPECT_EQ(file.given.value().group, (Sid{5, {18}}));
-  EXPECT_EQ(file.copy_given.value().group, (Sid{5, {32, 545}}));
+  EXPECT_EQ(file.given->group, (Sid{5, {18}}));
+  EXPECT_EQ(file.copy_given->group, (Sid{5, {32, 545}}));
   EXPECT_EQ(file.attributes,
             DWORD{FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_TEMPORARY |
                   FILE_ATTRIBUTE_OFFLINE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED});
   ASSERT_EQ(source.junctions.size(), 1u);
   const ScenarioJunction& junction = source.junctions[0];
-  EXPECT_EQ(junction.object.given.value().owner, (Sid{5, {11}}));
+  EXPECT_EQ(junction.object.given->owner, (Sid{5, {11}}));
   EXPECT_EQ(junction.object.attributes,
             DWORD{FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_HIDDEN});
   EXPECT_EQ(junction.target, "X:\\y");

@@ -5,8 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/report_letters.h"
+#include "simulator/source_tree.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/simulated_scenario_test.h"

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_shown_dialog.h"
 
 namespace simulator {

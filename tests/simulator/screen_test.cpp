@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include "simulator/model/shown_dialog.h"
 #include "simulator/screen_picture.h"
 #include "support/simulated_shown_dialog.h"
 

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/account_domains.h"
 #include "simulator/model/sddl_attribute.h"
 #include "simulator/model/sddl_literals.h"
+#include "simulator/model/sddl_text.h"
 
 namespace simulator {
 namespace {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string>
 
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
 #include "support/sddl_texts.h"
 
 namespace simulator {

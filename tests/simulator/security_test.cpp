@@ -1,3 +1,5 @@
+#include "simulator/model/security.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -7,6 +9,10 @@
 #include <cstring>
 #include <set>
 
+#include "simulator/model/access.h"
+#include "simulator/model/account_domains.h"
+#include "simulator/model/descriptor.h"
+#include "simulator/model/sddl_text.h"
 #include "simulator/model/server.h"
 #include "simulator/model/well_known_sids.h"
 

@@ -1,5 +1,4 @@
 // The descriptors that new files and added volumes get.
-#include "simulator/model/shared_descriptors.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +6,14 @@
 #include <string>
 #include <utility>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
 #include "simulator/model/node.h"
 #include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_descriptors.h"
 
 namespace simulator {
@@ -30,7 +33,7 @@ class NewDescriptors : public testing::Test {
   }
 
   Server server_;
-  Files& files_ = server_.files();
+  FileSystem& files_ = server_.file_system();
 };
 
 TEST_F(NewDescriptors, OfARootAreThoseOfAFormattedVolume) {

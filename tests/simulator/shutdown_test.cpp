@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/own_process.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 
 namespace {

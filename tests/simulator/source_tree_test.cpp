@@ -5,6 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/files.h"
+#include "simulator/model/node.h"
+#include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_scenario_test.h"
@@ -38,7 +42,9 @@ class SourceTreeTest : public tests::ScenarioTest {
   std::string CopySddl(const std::string& path) { return tests::SddlOf(server_, "E:\\" + path); }
   DWORD CopyAttributes(const std::string& path) {
     DWORD attributes = 0;
-    return server_.files().Attributes("E:\\" + path, &attributes) == ERROR_SUCCESS ? attributes : 0;
+    return server_.file_system().Attributes("E:\\" + path, &attributes) == ERROR_SUCCESS
+               ? attributes
+               : 0;
   }
   Names NamesIn(const std::string& path) {
     Names names;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "simulator/model/clock.h"
 #include "simulator/model/server.h"
 
 namespace {

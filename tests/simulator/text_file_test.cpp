@@ -5,7 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/files.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -14,7 +16,7 @@ class TextFileTest : public testing::Test {
  protected:
   std::shared_ptr<OpenFile> Open(const OpenMode& mode) {
     std::shared_ptr<OpenFile> file;
-    EXPECT_EQ(server_.files().Open("C:\\a.txt", mode, &file), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(server_.file_system().Open("C:\\a.txt", mode, &file), DWORD{ERROR_SUCCESS});
     return file;
   }
 

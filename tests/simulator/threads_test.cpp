@@ -1,3 +1,5 @@
+#include "simulator/model/threads.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -5,6 +7,7 @@
 #include <atomic>
 #include <thread>
 
+#include "simulator/model/clock.h"
 #include "simulator/model/server.h"
 
 namespace {
@@ -17,20 +20,20 @@ DWORD Increment(LPVOID number) {
 }
 
 TEST(CreateThread, RunsTheFunctionWithItsParameter) {
+  std::atomic<int> number = 0;  // outlives the thread, for which the server waits
   Server server;
-  std::atomic<int> number = 0;
   EXPECT_NE(::CreateThread(nullptr, 0, Increment, &number, 0, nullptr), nullptr);
   server.threads().WaitForAll();
   EXPECT_EQ(number, 1);
 }
 
 TEST(CreateThread, GivesAHandleThatIsLeftOpenUntilItIsClosed) {
-  Server server;
   std::atomic<int> number = 0;
+  Server server;
   const HANDLE thread = ::CreateThread(nullptr, 0, Increment, &number, 0, nullptr);
-  EXPECT_EQ(server.handles().OpenKinds(), std::vector<std::string>{"thread"});
+  EXPECT_EQ(server.OpenHandles(), std::vector<std::string>{"thread"});
   EXPECT_TRUE(::CloseHandle(thread));
-  EXPECT_TRUE(server.handles().OpenKinds().empty());
+  EXPECT_TRUE(server.OpenHandles().empty());
 }
 
 TEST(CreateThread, FailsWhenAFaultIsDue) {
@@ -44,8 +47,8 @@ TEST(CreateThread, FailsWhenAFaultIsDue) {
 }
 
 TEST(CreateThread, AbortsForWhatIsNotHonoured) {
-  Server server;
   std::atomic<int> number = 0;
+  Server server;
   DWORD id = 0;
   EXPECT_DEATH(::CreateThread(nullptr, 4096, Increment, &number, 0, nullptr), "a stack size");
   EXPECT_DEATH(::CreateThread(nullptr, 0, Increment, &number, 4, nullptr), "creation flags");
@@ -83,8 +86,8 @@ TEST(Sleep, MovesTheSteeredClock) {
 }
 
 TEST(Sleep, LetsAnotherThreadRun) {
-  Server server;
   std::atomic<int> number = 0;
+  Server server;
   ::CreateThread(nullptr, 0, Increment, &number, 0, nullptr);
   while (number == 0) ::Sleep(1);
   SUCCEED();

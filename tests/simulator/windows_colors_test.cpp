@@ -4,6 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {

@@ -4,6 +4,10 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {
@@ -192,7 +196,7 @@ TEST_F(WindowsDialogs, ThatAreGoneAreIdle) {
 TEST_F(WindowsDialogs, OwnMessageBoxes) {
   const HWND dialog = Make();
   EXPECT_EQ(::MessageBoxA(dialog, "text", "caption", MB_OK), IDOK);
-  EXPECT_EQ(server_.desktop().Boxes().at(0).owner, dialog);
+  EXPECT_EQ(server_.message_boxes().Shown().at(0).owner, dialog);
 }
 
 TEST_F(WindowsDialogs, ThatAreGoneAreUnknown) {

@@ -5,6 +5,11 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {
@@ -254,7 +259,7 @@ TEST_F(WindowsMessages, AreDispatchedBesideABoxByItsRule) {
   const HWND dialog = MakeAndShow();
   ::SetTimer(dialog, 1, 1000, nullptr);
   ::PostQuitMessage(5);
-  server_.desktop().AnswerBoxes([this](const simulator::ShownMessageBox&) {
+  server_.message_boxes().Answer([this](const simulator::ShownMessageBox&) {
     server_.clock().Advance(1000);
     simulator::DispatchBesideBox(server_.desktop());
     return IDOK;

@@ -3,6 +3,8 @@
 #include <ostream>
 #include <string>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialog_template.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {

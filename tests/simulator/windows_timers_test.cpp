@@ -4,6 +4,9 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
 #include "support/simulated_dialog.h"
 
 namespace tests {

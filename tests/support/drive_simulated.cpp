@@ -1,5 +1,6 @@
 #ifndef _WIN32
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "support/drive.h"
 
 namespace tests {

@@ -14,21 +14,7 @@ namespace tests {
 // Both are installed and end well; the listing is that of a server with nothing to repair.
 class BootTools {
  public:
-  explicit BootTools(simulator::Server& server) {
-    ForgetPlatforms();
-    List(
-        "default  {current}\r\nlocale  en-US\r\ndisplayorder  {current}\r\n"
-        "toolsdisplayorder  {memdiag}\r\n");
-    for (const char* const name : {"bcdedit", "bcdboot"}) {
-      server.processes().Install(
-          name, [replies = replies_](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
-            const auto found = replies->find(child.CommandLine());
-            if (found == replies->end()) return 0;
-            child.WriteOutput(found->second.output);
-            return found->second.exit_code;
-          });
-    }
-  }
+  explicit BootTools(simulator::Server& server);
   ~BootTools() { ForgetPlatforms(); }
   BootTools(const BootTools&) = delete;
   BootTools& operator=(const BootTools&) = delete;

@@ -9,8 +9,12 @@
 #include <functional>
 #include <vector>
 
+#include "simulator/model/desktop.h"
 #include "simulator/model/dialog_procedures.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/dialogs.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
 
 namespace tests {
 
@@ -72,7 +76,7 @@ class DialogTest : public testing::Test {
   }
   static HWND Item(HWND dialog, int id) { return ::GetDlgItem(dialog, id); }
 
-  simulator::Dialogs& dialogs() { return server_.desktop().dialogs(); }
+  simulator::Dialogs& dialogs() { return server_.dialogs(); }
   simulator::ShownDialog Shown() { return dialogs().All().at(0); }
   // What was told of that message.
   std::vector<Told> ToldOf(UINT message) const {

@@ -8,7 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/model/disks.h"
 #include "simulator/model/server.h"
+#include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 
 namespace tests {

@@ -15,35 +15,27 @@
 #include <vector>
 
 #include "restore/messages.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/own_process.h"
 #include "simulator/model/server.h"
 #include "support/simulated_boot_tools.h"
 #include "support/simulated_process.h"
+
+namespace simulator {
+struct ShownDialog;
+struct TaskbarProgress;
+}  // namespace simulator
 
 namespace tests {
 
 // A server with nothing to restore, on which a run succeeds at once.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() {
-    ForgetProcess();
-    server_.processes().Install(
-        "diskpart", [](simulator::Server&, simulator::ChildProcess&) -> DWORD { return 0; });
-  }
+  ProgramTest();
   ~ProgramTest() override { ForgetProcess(); }
 
   // A tool does not end by itself, so that the run lasts; RunWith waits until the run is there.
-  void HoldTheRun(const std::string& tool = "bcdedit") {
-    is_to_be_held_ = true;
-    server_.processes().Install(
-        tool, [this](simulator::Server&, simulator::ChildProcess& child) -> DWORD {
-          // More than a pipe holds: behind it the program reads, and has listed the child.
-          child.WriteOutput(std::string(5000, 'x'));
-          is_held_ = true;
-          is_held_.notify_all();
-          child.WaitUntilTerminated();
-          return 0;
-        });
-  }
+  void HoldTheRun(const std::string& tool = "bcdedit");
 
   // Runs the program. Its exit code.
   int Run() {
@@ -54,7 +46,7 @@ class ProgramTest : public testing::Test {
   // Runs it with `user` before the screen once it shows its dialog and has come to rest.
   int RunWith(const std::function<void(HWND dialog)>& user) {
     std::thread person([&] {
-      const HWND dialog = server_.desktop().dialogs().WaitForDialog();
+      const HWND dialog = server_.dialogs().WaitForDialog();
       if (is_to_be_held_) is_held_.wait(false);
       Rest(dialog);
       user(dialog);
@@ -65,15 +57,12 @@ class ProgramTest : public testing::Test {
   }
 
   // Until everything posted so far has been handled.
-  void Rest(HWND dialog) { server_.desktop().dialogs().WaitUntilIdle(dialog); }
+  void Rest(HWND dialog) { server_.dialogs().WaitUntilIdle(dialog); }
 
-  void Cancel(HWND dialog) { server_.desktop().dialogs().Click(dialog, IDCANCEL); }
+  void Cancel(HWND dialog) { server_.dialogs().Click(dialog, IDCANCEL); }
 
   // Posts as the run does, and waits until it has been handled.
-  void Post(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    ASSERT_EQ(server_.desktop().Post(dialog, {message, wparam, lparam}), DWORD{ERROR_SUCCESS});
-    Rest(dialog);
-  }
+  void Post(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
   void PostState(HWND dialog, restore::RestoreState state, LPARAM result = 0) {
     Post(dialog, restore::WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
   }
@@ -93,15 +82,8 @@ class ProgramTest : public testing::Test {
   }
 
   // The dialog as it is, or was last.
-  simulator::ShownDialog Dialog() const {
-    const std::vector<simulator::ShownDialog> dialogs = server_.desktop().dialogs().All();
-    EXPECT_EQ(dialogs.size(), 1U);
-    return dialogs.empty() ? simulator::ShownDialog() : dialogs.back();
-  }
-
-  simulator::TaskbarProgress TaskBar() const {
-    return server_.com().TaskbarProgressOf(Dialog().window);
-  }
+  simulator::ShownDialog Dialog() const;
+  simulator::TaskbarProgress TaskBar() const;
 
   bool is_to_be_held_ = false;
   std::atomic<bool> is_held_ = false;

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/console.h"
 #include "simulator/model/server.h"
+#include "simulator/model/threads.h"
 #include "support/deliberate_leak.h"
 #include "thread/b_thread.h"
 
@@ -80,7 +82,7 @@ TEST(BThread, LeavesItsHandleOpen) {
     ASSERT_TRUE(thread.Start(ReturnFive, nullptr));
     server.threads().WaitForAll();
   }
-  EXPECT_EQ(server.handles().OpenKinds(), std::vector<std::string>{"thread"});
+  EXPECT_EQ(server.OpenHandles(), std::vector<std::string>{"thread"});
 }
 
 TEST(BThread, LeavesTheOldHandleOpenWhenItStartsAgain) {
@@ -90,7 +92,7 @@ TEST(BThread, LeavesTheOldHandleOpenWhenItStartsAgain) {
     ASSERT_TRUE(thread.Start(ReturnFive, nullptr));
     server.threads().WaitForAll();
   }
-  EXPECT_EQ(server.handles().OpenKinds(), (std::vector<std::string>{"thread", "thread"}));
+  EXPECT_EQ(server.OpenHandles(), (std::vector<std::string>{"thread", "thread"}));
 }
 
 }  // namespace

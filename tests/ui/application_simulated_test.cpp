@@ -6,6 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/com.h"
+#include "simulator/model/desktop.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/volume.h"
 #include "support/simulated_program.h"
 
 namespace ui {
@@ -36,7 +45,7 @@ class ApplicationTest : public tests::ProgramTest {
   }
 
   void ExpectErrorBox(const std::string& text) {
-    const std::vector<ShownMessageBox> boxes = server_.desktop().Boxes();
+    const std::vector<ShownMessageBox> boxes = server_.message_boxes().Shown();
     ASSERT_FALSE(boxes.empty());
     EXPECT_EQ(boxes[0].text, text);
     EXPECT_EQ(boxes[0].owner, nullptr);
@@ -97,21 +106,21 @@ TEST_F(ApplicationTest, GoesOnWithoutTheVersion) {
   EXPECT_EQ(Run(), 0);
   ExpectErrorBox("Get OS Version Failed, Can't Load Language Resources.");
   EXPECT_EQ(LanguageCalls(), Lines{});
-  EXPECT_EQ(server_.desktop().Boxes().size(), 2U);
+  EXPECT_EQ(server_.message_boxes().Shown().size(), 2U);
 }
 
 TEST_F(ApplicationTest, EndsWithCode1WithoutTheArchitecture) {
   server_.system().has_native_system_info = false;
   EXPECT_EQ(Run(), 1);
   ExpectErrorBox("Get Architecture Failed.");
-  EXPECT_TRUE(server_.desktop().dialogs().All().empty());
+  EXPECT_TRUE(server_.dialogs().All().empty());
   EXPECT_TRUE(server_.calls().ArgumentsOf("CoInitialize").empty());
   EXPECT_TRUE(server_.processes().Started().empty());
 }
 
 TEST_F(ApplicationTest, WaitsOnWithoutAWindow) {
   server_.calls().FailNext("CreateDialogParamW", ERROR_NOT_ENOUGH_MEMORY);
-  server_.desktop().AnswerBoxes([](const ShownMessageBox&) {
+  server_.message_boxes().Answer([](const ShownMessageBox&) {
     ::PostQuitMessage(0);  // for nobody else would end it
     return IDOK;
   });
@@ -128,8 +137,8 @@ TEST_F(ApplicationTest, DoesWithoutCom) {
 
 TEST_F(ApplicationTest, LeavesTheRunWhereItIsWhenItIsCancelled) {
   HoldTheRun();
-  // The tool outlives the window: a run whose tool is ended may still go on a little before the end
-  // of the process.
+  // The tool outlives the window: a run whose tool is ended may still go on a little before the
+  // end of the process.
   server_.calls().FailNext("TerminateProcess", ERROR_ACCESS_DENIED, 1,
                            simulator::Lasting::kForGood);
   server_.files().Write("C:\\vantoro_restore\\vantoro_restore.exe.lnk", "");
@@ -141,16 +150,17 @@ TEST_F(ApplicationTest, LeavesTheRunWhereItIsWhenItIsCancelled) {
 TEST_F(ApplicationTest, TakesAMessageThatCannotBeTakenForNone) {
   server_.calls().FailNext("GetMessageW", ERROR_INVALID_PARAMETER, 2);
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(server_.desktop().Boxes().size(), 1U);
+  EXPECT_EQ(server_.message_boxes().Shown().size(), 1U);
 }
 
-// What the thread checker looks at most: the user cancels while the first tool runs, or behind it.
+// What the thread checker looks at most: the user cancels while the first tool runs, or behind
+// it.
 TEST_F(ApplicationTest, EndsWellHoweverItsThreadsMeet) {
   for (int round = 0; round < 100; ++round) {
     tests::ForgetProcess();
     server_.processes().Install(
         "bcdedit", [round](simulator::Server& server, simulator::ChildProcess&) -> DWORD {
-          const HWND dialog = server.desktop().dialogs().WaitForDialog();
+          const HWND dialog = server.dialogs().WaitForDialog();
           for (int i = 0; i < round * 7 % 50; ++i) std::this_thread::yield();
           server.desktop().Post(dialog, {WM_COMMAND, IDCANCEL, 0});
           for (int i = 0; i < round * 3 % 50; ++i) std::this_thread::yield();

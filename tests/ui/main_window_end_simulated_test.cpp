@@ -4,7 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/com.h"
+#include "simulator/model/desktop.h"
 #include "simulator/model/dialog_procedures.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/security.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
+#include "simulator/model/volume.h"
 #include "support/deliberate_leak.h"
 #include "support/simulated_program.h"
 #include "ui/resource.h"
@@ -21,7 +28,7 @@ class RunEnd : public tests::ProgramTest {
   void FailTheRun() { server_.files().VolumeAt('C')->drive_type = DRIVE_REMOVABLE; }
 
   ShownMessageBox OnlyBox() {
-    const std::vector<ShownMessageBox> boxes = server_.desktop().Boxes();
+    const std::vector<ShownMessageBox> boxes = server_.message_boxes().Shown();
     EXPECT_EQ(boxes.size(), 1U);
     return boxes.empty() ? ShownMessageBox() : boxes[0];
   }
@@ -38,7 +45,7 @@ TEST_F(RunEnd, OffersARestartAfterASuccess) {
 TEST_F(RunEnd, ShowsTheFinishBeforeTheQuestion) {
   std::string caption;
   int position = 0;
-  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
     caption = Dialog().caption;
     position = Dialog().Control(IDC_PROGRESS).position;
     return IDCANCEL;
@@ -68,7 +75,7 @@ TEST_F(RunEnd, RestartsInTheLanguageOfTheSystem) {
 }
 
 TEST_F(RunEnd, RestartsNothingWithoutConsent) {
-  server_.desktop().AnswerBoxes([](const ShownMessageBox&) { return IDCANCEL; });
+  server_.message_boxes().Answer([](const ShownMessageBox&) { return IDCANCEL; });
   EXPECT_EQ(Run(), 0);
   EXPECT_FALSE(server_.shutdown().Scheduled());
   EXPECT_FALSE(server_.security().Enabled("SeShutdownPrivilege"));
@@ -78,7 +85,7 @@ TEST_F(RunEnd, TellsOfAFailureAndOffersNothing) {
   FailTheRun();
   int state = 0;
   std::string caption;
-  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
     state = Dialog().Control(IDC_PROGRESS).state;
     caption = Dialog().caption;
     return IDOK;
@@ -95,7 +102,7 @@ TEST_F(RunEnd, TellsOfAFailureAndOffersNothing) {
 
 TEST_F(RunEnd, StopsTheTimers) {
   std::map<UINT_PTR, UINT> timers = {{0, 0}};
-  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
     timers = Dialog().timers;
     return IDOK;
   });
@@ -105,7 +112,7 @@ TEST_F(RunEnd, StopsTheTimers) {
 
 TEST_F(RunEnd, StillShowsProgressThatComesLater) {
   std::string caption;
-  server_.desktop().AnswerBoxes([&](const ShownMessageBox&) {
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
     auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 42.0});
     server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_PROGRESS, 2,
                                              reinterpret_cast<LPARAM>(record.release())});
@@ -121,7 +128,7 @@ TEST_F(RunEnd, StillShowsProgressThatComesLater) {
 TEST_F(RunEnd, RestartsNothingWhenTheQuestionCannotBeShown) {
   server_.calls().FailNext("MessageBoxA", ERROR_NOT_ENOUGH_MEMORY);
   EXPECT_EQ(Run(), 0);
-  EXPECT_TRUE(server_.desktop().Boxes().empty());
+  EXPECT_TRUE(server_.message_boxes().Shown().empty());
   EXPECT_FALSE(server_.shutdown().Scheduled());
 }
 

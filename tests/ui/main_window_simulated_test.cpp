@@ -7,7 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/clock.h"
+#include "simulator/model/com.h"
+#include "simulator/model/desktop.h"
 #include "simulator/model/dialog_procedures.h"
+#include "simulator/model/dialog_template.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
 #include "support/simulated_program.h"
 #include "ui/resource.h"
 
@@ -145,7 +154,7 @@ TEST_F(MainWindowTest, IgnoresMessagesWithoutARecordAndOfOtherKinds) {
     EXPECT_EQ(Dialog().caption, caption);
     EXPECT_EQ(LogText(), "");
     EXPECT_EQ(Dialog().timers.size(), 2U);
-    EXPECT_TRUE(server_.desktop().Boxes().empty());
+    EXPECT_TRUE(server_.message_boxes().Shown().empty());
   });
 }
 
@@ -265,7 +274,7 @@ TEST_F(MainWindowTest, ColoursTheNoteAndTheLog) {
 
 TEST_F(MainWindowTest, AsksBeforeItIsCancelled) {
   While([](HWND) {});
-  const std::vector<simulator::ShownMessageBox> boxes = server_.desktop().Boxes();
+  const std::vector<simulator::ShownMessageBox> boxes = server_.message_boxes().Shown();
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].owner, Dialog().window);
   EXPECT_EQ(boxes[0].text, "Vantoro Restore Is Running, Are You Sure To Cancel?");
@@ -275,13 +284,13 @@ TEST_F(MainWindowTest, AsksBeforeItIsCancelled) {
 
 TEST_F(MainWindowTest, GoesOnWhenCancellingIsRefused) {
   int asked = 0;
-  server_.desktop().AnswerBoxes(
+  server_.message_boxes().Answer(
       [&asked](const simulator::ShownMessageBox&) { return ++asked < 3 ? IDCANCEL : IDOK; });
   While([&](HWND dialog) {
     Cancel(dialog);
     Rest(dialog);
     EXPECT_FALSE(Dialog().destroyed);
-    server_.desktop().dialogs().Press(dialog, VK_ESCAPE);
+    server_.dialogs().Press(dialog, VK_ESCAPE);
     Rest(dialog);
     EXPECT_FALSE(Dialog().destroyed);
     PostPercent(dialog, 5.0);
@@ -312,7 +321,7 @@ TEST_F(MainWindowTest, StopsItsTimersBeforeItEndsTheTools) {
 }
 
 TEST_F(MainWindowTest, ShowsProgressWhileItAsks) {
-  server_.desktop().AnswerBoxes([this](const simulator::ShownMessageBox&) {
+  server_.message_boxes().Answer([this](const simulator::ShownMessageBox&) {
     auto record = std::make_unique<restore::ProgressRecord>(restore::ProgressRecord{"", 12.0});
     server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_PROGRESS, 2,
                                              reinterpret_cast<LPARAM>(record.release())});
@@ -327,7 +336,7 @@ TEST_F(MainWindowTest, ShowsProgressWhileItAsks) {
 
 TEST_F(MainWindowTest, EndsOnceThoughTheRunEndsWhileItAsks) {
   std::vector<std::string> asked;
-  server_.desktop().AnswerBoxes([&](const simulator::ShownMessageBox& box) {
+  server_.message_boxes().Answer([&](const simulator::ShownMessageBox& box) {
     asked.push_back(box.text);
     if (asked.size() == 1) {
       server_.desktop().Post(Dialog().window, {restore::WM_RESTORE_STATE, 2, 1});
@@ -389,7 +398,8 @@ TEST_F(MainWindowTest, SpeaksChineseOnAChineseSystem) {
               "注意：正在进行迁云后系统还原检测工作，请不要关闭此程序。");
     EXPECT_EQ(Dialog().Control(IDCANCEL).text, "取消");
   });
-  EXPECT_EQ(server_.desktop().Boxes().at(0).text, "迁云还原检测工作还在进行当中，您确定要退出吗？");
+  EXPECT_EQ(server_.message_boxes().Shown().at(0).text,
+            "迁云还原检测工作还在进行当中，您确定要退出吗？");
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shutdown.h"
 #include "ui/restart.h"
 
 namespace ui {
@@ -45,7 +47,7 @@ TEST_F(RestartTest, OpensTheTokenToAdjustAndQuery) {
 
 TEST_F(RestartTest, LeavesTheTokenOpen) {
   EXPECT_TRUE(Restart(L""));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{"token"});
+  EXPECT_EQ(server_.OpenHandles(), Lines{"token"});
 }
 
 TEST_F(RestartTest, FailsWithoutTheToken) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
 #include "simulator/model/server.h"
 #include "ui/show_message.h"
 
@@ -83,7 +85,7 @@ TEST_F(ResString, ComesFromTheModuleThatWasSet) {
 class ShowMessageTest : public ResString {
  protected:
   simulator::ShownMessageBox OnlyBox() {
-    const std::vector<simulator::ShownMessageBox> boxes = server_.desktop().Boxes();
+    const std::vector<simulator::ShownMessageBox> boxes = server_.message_boxes().Shown();
     EXPECT_EQ(boxes.size(), 1U);
     return boxes.empty() ? simulator::ShownMessageBox{} : boxes[0];
   }
@@ -106,7 +108,7 @@ TEST_F(ShowMessageTest, NeedsNoOwner) {
 }
 
 TEST_F(ShowMessageTest, GivesTheAnswer) {
-  server_.desktop().AnswerBoxes([](const simulator::ShownMessageBox&) { return IDCANCEL; });
+  server_.message_boxes().Answer([](const simulator::ShownMessageBox&) { return IDCANCEL; });
   EXPECT_EQ(ShowMessage(nullptr, MB_OKCANCEL, "text"), IDCANCEL);
 }
 

@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/boot_store.h"
+#include "simulator/model/processes.h"
+#include "simulator/model/server.h"
 #include "support/simulated_whole_run.h"
 
 namespace restore {

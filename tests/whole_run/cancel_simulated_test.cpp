@@ -5,9 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/dialogs.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/security.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
 #include "simulator/rehearse_user.h"
 #include "simulator/report_descriptors.h"
 #include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_program.h"
 
 namespace restore {
@@ -26,12 +32,13 @@ class CancelledRun : public tests::ProgramTest {
   // Whether the user cancelled the run once the bar had come so far.
   bool RunAndCancelAt(int percent) {
     simulator::User user({simulator::Wish::kCancel, percent});
-    simulator::Dialogs& dialogs = server_.desktop().dialogs();
+    simulator::Dialogs& dialogs = server_.dialogs();
     dialogs.HandlePostsAtOnce();
     dialogs.Watch([&](const ShownDialog& dialog) {
       if (user.WantsToCancel(dialog)) dialogs.Click(dialog.window, IDCANCEL);
     });
-    server_.desktop().AnswerBoxes([&user](const ShownMessageBox& box) { return user.Answer(box); });
+    server_.message_boxes().Answer(
+        [&user](const ShownMessageBox& box) { return user.Answer(box); });
     EXPECT_EQ(Run(), 0);
     dialogs.Watch(nullptr);
     return user.cancelled_at() == percent;
@@ -59,8 +66,8 @@ TEST_F(CancelledRun, LeavesTheRestUndone) {
 
 TEST_F(CancelledRun, AsksOnceAndRestartsNothing) {
   ASSERT_TRUE(RunAndCancelAt(40));
-  ASSERT_EQ(server_.desktop().Boxes().size(), 1U);
-  EXPECT_EQ(server_.desktop().Boxes()[0].text,
+  ASSERT_EQ(server_.message_boxes().Shown().size(), 1U);
+  EXPECT_EQ(server_.message_boxes().Shown()[0].text,
             "Vantoro Restore Is Running, Are You Sure To Cancel?");
   EXPECT_FALSE(server_.shutdown().Scheduled());
 }

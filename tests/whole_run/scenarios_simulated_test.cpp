@@ -8,8 +8,12 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/model/descriptor.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/node.h"
 #include "simulator/report_descriptors.h"
 #include "support/simulated_descriptors.h"
+#include "support/simulated_process.h"
 #include "support/simulated_whole_run.h"
 
 namespace restore {
@@ -66,8 +70,8 @@ TEST_P(ScenarioRun, EndsAsItsTitleSays) {
                 std::string("letters: ") + expected.letters + "\n",
                 std::string("junctions: ") + expected.junctions + "\n",
                 std::string("descriptors: ") + expected.descriptors + " equal to the source\n"}));
-  EXPECT_TRUE(run.server().desktop().Boxes().empty());
-  EXPECT_TRUE(run.server().handles().OpenKinds().empty());
+  EXPECT_TRUE(run.server().message_boxes().Shown().empty());
+  EXPECT_TRUE(run.server().OpenHandles().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, ScenarioRun, testing::ValuesIn(kExpected),

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 
+#include "simulator/model/shutdown.h"
 #include "wine/wine_case.h"
 
 namespace tests {

@@ -4,7 +4,15 @@
 #include <thread>
 
 #include "common/paths.h"
+#include "simulator/model/dialogs.h"
+#include "simulator/model/disks.h"
+#include "simulator/model/files.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/own_process.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/scenario.h"
+#include "simulator/source_tree.h"
 #include "support/simulated_process.h"
 
 namespace tests {
@@ -30,9 +38,9 @@ class HeldTool {
       return DWORD{1};
     });
     user_ = std::thread([this] {
-      const HWND dialog = server_.desktop().dialogs().WaitForDialog();
+      const HWND dialog = server_.dialogs().WaitForDialog();
       is_held_.wait(false);
-      server_.desktop().dialogs().Click(dialog, IDCANCEL);
+      server_.dialogs().Click(dialog, IDCANCEL);
     });
   }
   ~HeldTool() { user_.join(); }
@@ -54,7 +62,7 @@ std::string LogOf(simulator::Server& server, const std::string& program_folder) 
   const std::string folder = program_folder + "\\Logs";
   std::string text;
   DWORD attributes = 0;
-  if (server.files().Attributes(folder, &attributes) != ERROR_SUCCESS ||
+  if (server.file_system().Attributes(folder, &attributes) != ERROR_SUCCESS ||
       (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
     return text;
   }
@@ -74,7 +82,7 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
   simulator::Build(scenario, server);
   server.files().MakeDirectories(options.program_folder);
   if (options.logs_are_blocked) server.files().Write(options.program_folder + "\\Logs", "");
-  server.desktop().AnswerBoxes(
+  server.message_boxes().Answer(
       [&options](const simulator::ShownMessageBox& box) { return Answer(box, options.restarts); });
   if (options.cancelled_in.empty()) {
     RunProgram(server, run);
@@ -92,9 +100,9 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
   run.boot = server.boot().store;
   run.has_common_link = server.files().Exists(server.system().common_startup_directory + kLinkName);
   run.has_program_link = server.files().Exists(options.program_folder + kLinkName);
-  run.boxes = server.desktop().Boxes();
-  if (!server.desktop().dialogs().All().empty()) {
-    run.dialog = server.desktop().dialogs().All().back();
+  run.boxes = server.message_boxes().Shown();
+  if (!server.dialogs().All().empty()) {
+    run.dialog = server.dialogs().All().back();
   }
   run.restart = server.shutdown().Scheduled();
   ForgetProcess();

@@ -9,9 +9,13 @@
 #include <vector>
 
 #include "simulator/model/boot_store.h"
-#include "simulator/model/desktop.h"
+#include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/shutdown.h"
-#include "simulator/scenario.h"
+
+namespace simulator {
+struct Scenario;
+}  // namespace simulator
 
 namespace tests {
 

@@ -7,6 +7,9 @@
 #include <fstream>
 #include <regex>
 
+#include "simulator/model/disks.h"
+#include "simulator/model/shown_dialog.h"
+#include "simulator/model/shutdown.h"
 #include "ui/resource.h"
 
 namespace tests {

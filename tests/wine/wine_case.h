@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "simulator/scenario.h"
 #include "simulator/wine/wine_run.h"
 #include "wine/rehearsed_run.h"
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "common/win/win_util.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 #include "support/simulated_boot_tools.h"
@@ -108,7 +109,7 @@ TEST_P(BootOperations, ShareWhatTheyKnowWithOtherThreads) {
 
 TEST_P(BootOperations, LeavesNoHandleOpen) {
   EXPECT_TRUE(Run());
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 const Operation kOperations[] = {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/errors.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_command.h"
 
@@ -29,7 +30,7 @@ TEST_F(ExecCommandFailure, FailsWithoutAPipe) {
   EXPECT_EQ(output_, "before");
   EXPECT_EQ(logger_.Lines(), Lines{"Error: WinUtil::ExecCommandWithResults Create Pipe Failed: " +
                                    LastErrorLine(ERROR_NOT_ENOUGH_MEMORY)});
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
   EXPECT_EQ(NewChildren(), 0U);
 }
 
@@ -48,7 +49,7 @@ TEST_F(ExecCommandFailure, FailsForAMissingToolAndKeepsThePipe) {
             (Lines{"Debug: WinUtil::CreateProgressNoWait: tool",
                    "Error: WinUtil::CreateProgressNoWait Failed: " + why,
                    "Error: WinUtil::ExecCommandWithResults Create Progress Failed: " + why}));
-  EXPECT_EQ(server_.handles().OpenKinds(), (Lines{"pipe read end", "pipe write end"}));
+  EXPECT_EQ(server_.OpenHandles(), (Lines{"pipe read end", "pipe write end"}));
   EXPECT_EQ(NewChildren(), 0U);
 }
 
@@ -80,7 +81,7 @@ TEST_F(ExecCommandFailure, SucceedsWithoutTheOutputWhenTheCodeCannotBeRead) {
   EXPECT_EQ(logger_.Lines(), (Lines{"Debug: WinUtil::CreateProgressNoWait: tool",
                                     "Error: WinUtil::ExecCommandWithResult Get Exit Code Failed: " +
                                         LastErrorLine(ERROR_ACCESS_DENIED)}));
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
   EXPECT_EQ(NewChildren(), 1U);
 }
 
@@ -115,7 +116,7 @@ TEST_F(ExecCommandFailure, LeavesNothingOpenWhicheverCallFails) {
   for (const auto& [name, kinds] : kept) {
     server_.calls().FailNext(name, ERROR_GEN_FAILURE);
     static_cast<void>(Run("tool"));
-    EXPECT_EQ(server_.handles().OpenKinds(), kinds) << name;
+    EXPECT_EQ(server_.OpenHandles(), kinds) << name;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/win/child_process_list.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_command.h"
 
@@ -188,7 +189,7 @@ TEST_F(ExecCommand, ReplacesTheText) {
 TEST_F(ExecCommand, ClosesWhatItOpened) {
   Install("x");
   EXPECT_EQ(Run("tool"), 0U);
-  EXPECT_EQ(server_.handles().OpenKinds(), Lines{});
+  EXPECT_EQ(server_.OpenHandles(), Lines{});
 }
 
 TEST_F(ExecCommand, CallsThePlatformInThisOrder) {

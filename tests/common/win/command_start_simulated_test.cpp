@@ -8,6 +8,7 @@
 #include "common/owner.h"
 #include "common/win/child_process_list.h"
 #include "common/win/win_util.h"
+#include "simulator/model/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 
@@ -64,7 +65,7 @@ TEST_F(StartProcess, HandsOutTheHandlesOfProcessAndThread) {
   EXPECT_TRUE(Start("", "tool x"));
   EXPECT_NE(process_, kUntouched);
   EXPECT_NE(thread_, kUntouched);
-  EXPECT_EQ(server_.handles().OpenKinds(), (Lines{"process", "thread"}));
+  EXPECT_EQ(server_.OpenHandles(), (Lines{"process", "thread"}));
   EXPECT_EQ(logger_.Lines(), Lines{"Debug: WinUtil::CreateProgressNoWait: tool x"});
 }
 
