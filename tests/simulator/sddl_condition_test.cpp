@@ -116,6 +116,23 @@ TEST(Condition, IsOfBoundedDepth) {
   EXPECT_FALSE(Code("(" + std::string(1'000'000, '!')));
 }
 
+// However few brackets it was read from.
+TEST(Condition, IsReadAgainFromWhatIsPrinted) {
+  const auto joined = [](const std::string& word, int operators) {
+    std::string text = "(a==1";
+    for (int i = 0; i < operators; ++i) text += word + "a==1";
+    return text + ")";
+  };
+  for (const std::string& deepest :
+       {joined("&&", 99), joined("||", 99), "(" + std::string(49, '!') + "a)"}) {
+    EXPECT_TRUE(Code(deepest));
+    EXPECT_EQ(Code(Printed(deepest)), Code(deepest));
+  }
+  EXPECT_FALSE(Code(joined("&&", 100)));
+  EXPECT_FALSE(Code(joined("||", 100)));
+  EXPECT_FALSE(Code("(" + std::string(50, '!') + "a)"));
+}
+
 TEST(ConditionText, RefusesCodeThatIsNotWellFormed) {
   const std::string attribute = Sized('\xF8', Utf16Bytes("a"));
   for (const std::string& code : std::vector<std::string>{
