@@ -10,6 +10,7 @@
 #include "simulator/model/access.h"
 #include "support/sddl_texts.h"
 #include "support/simulated_acl_engine.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -158,7 +159,8 @@ TEST_P(RoundTrip, GivesTheSourcesDescriptorBack) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(tests::kSddlTexts));
+INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(tests::kSddlTexts),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace acl

@@ -7,6 +7,7 @@
 #include "acl/acl_util.h"
 #include "common/privileges.h"
 #include "support/simulated_acl_engine.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -98,7 +99,7 @@ TEST_F(Privileges, ThatAreNotHeldAreReported) {
              kDetected}));
 }
 
-class PrivilegeCall : public Privileges, public testing::WithParamInterface<const char*> {};
+class PrivilegeCall : public Privileges, public testing::WithParamInterface<std::string> {};
 
 TEST_P(PrivilegeCall, ThatFailsIsReportedAndTheOthersAreEnabled) {
   server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED, 2);
@@ -123,7 +124,8 @@ TEST_P(PrivilegeCall, ThatFailsLeavesThatOneOnAndTheOthersAreDisabled) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeCall,
                          testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
+                                         "AdjustTokenPrivileges"),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace acl

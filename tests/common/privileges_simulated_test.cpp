@@ -7,6 +7,7 @@
 
 #include "common/privileges.h"
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 
 namespace common {
 namespace {
@@ -131,7 +132,7 @@ TEST(SwitchPrivilege, IsFalseForAnUnknownName) {
   EXPECT_TRUE(server.calls().ArgumentsOf("AdjustTokenPrivileges").empty());
 }
 
-class SwitchPrivilegeCall : public testing::TestWithParam<const char*> {};
+class SwitchPrivilegeCall : public testing::TestWithParam<std::string> {};
 
 TEST_P(SwitchPrivilegeCall, ThatFailsMakesItFalseAndChangesNothing) {
   simulator::Server server;
@@ -149,7 +150,8 @@ TEST_P(SwitchPrivilegeCall, ThatFailsLeavesNoTokenOpen) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, SwitchPrivilegeCall,
                          testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
+                                         "AdjustTokenPrivileges"),
+                         tests::NamedAsPrinted());
 
 TEST(SwitchPrivilege, LeavesNoTokenOpenHoweverItEnds) {
   simulator::Server server;

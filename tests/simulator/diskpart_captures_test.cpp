@@ -6,12 +6,14 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "simulator/model/server.h"
 #include "support/simulated_disks.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -62,6 +64,8 @@ struct ListCapture {
   DWORD major = 10;
 };
 
+std::ostream& operator<<(std::ostream& out, const ListCapture& test) { return out << test.file; }
+
 class DiskpartListing : public testing::TestWithParam<ListCapture> {};
 
 TEST_P(DiskpartListing, EqualsTheCapture) {
@@ -102,7 +106,8 @@ INSTANTIATE_TEST_SUITE_P(
         ListCapture{"list_disk/en-xp-1.0-narrow-status.txt",
                     "list disk",
                     {{75 * kGB, 0, false}, {75 * kGB, 54 * kGB, false}},
-                    5}));
+                    5}),
+    tests::NamedAsPrinted());
 
 TEST(Diskpart, PadsADiskLineAsTheCaptureThatKeptItsBlanks) {
   Server server;
@@ -132,6 +137,8 @@ struct BannerCapture {
   DWORD build;
 };
 
+std::ostream& operator<<(std::ostream& out, const BannerCapture& test) { return out << test.file; }
+
 class DiskpartBanner : public testing::TestWithParam<BannerCapture> {};
 
 TEST_P(DiskpartBanner, EqualsTheCapture) {
@@ -149,7 +156,8 @@ TEST_P(DiskpartBanner, EqualsTheCapture) {
 INSTANTIATE_TEST_SUITE_P(
     Captures, DiskpartBanner,
     testing::Values(BannerCapture{"list_disk/en-6.1.7600-no-media.txt", 1, 7600},
-                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200}));
+                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200}),
+    tests::NamedAsPrinted());
 
 // The lines from the disk's model on, without those whose facts the simulator does not keep.
 std::vector<std::string> DetailLines(const std::string& text, const std::string& model) {

@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -69,6 +71,8 @@ struct Pair {
   DWORD error;
 };
 
+std::ostream& operator<<(std::ostream& out, const Pair& test) { return out << test.what; }
+
 class HandlesToOneFile : public HandlesToFiles, public testing::WithParamInterface<Pair> {};
 
 TEST_P(HandlesToOneFile, ShareItAsBothAllow) {
@@ -98,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(
         Pair{"one who deletes and may", GENERIC_READ, kShareAll, DELETE, kShareAll, ERROR_SUCCESS},
         Pair{"one who looks at attributes only", GENERIC_READ, 0, FILE_READ_ATTRIBUTES, 0,
              ERROR_SUCCESS},
-        Pair{"one who changes rights only", GENERIC_READ, 0, WRITE_DAC, 0, ERROR_SUCCESS}));
+        Pair{"one who changes rights only", GENERIC_READ, 0, WRITE_DAC, 0, ERROR_SUCCESS}),
+    tests::NamedAsPrinted());
 
 TEST_F(HandlesToFiles, CountBesideTheRuntimesStreams) {
   std::shared_ptr<OpenFile> stream;

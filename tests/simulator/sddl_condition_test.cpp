@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "simulator/model/sddl_attribute.h"
 #include "simulator/model/sddl_literals.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -53,9 +55,12 @@ TEST(Condition, KeepsListsInOnePiece) {
 }
 
 struct Example {
+  const char* name;
   const char* text;
   const char* printed;
 };
+
+std::ostream& operator<<(std::ostream& out, const Example& test) { return out << test.name; }
 
 class PrintedCondition : public testing::TestWithParam<Example> {};
 
@@ -70,30 +75,39 @@ TEST_P(PrintedCondition, MeansTheSame) {
 INSTANTIATE_TEST_SUITE_P(
     Operators, PrintedCondition,
     testing::Values(
-        Example{"(a)", "(a)"}, Example{"( a )", "(a)"}, Example{"((a))", "(a)"},
-        Example{"(!a)", "(!(a))"}, Example{"(!a==1)", "(!(a == 1))"},
-        Example{"(a||b&&c)", "(a || (b && c))"}, Example{"(a&&b||c)", "((a && b) || c)"},
-        Example{"((a||b)&&c)", "((a || b) && c)"}, Example{"(a&&b&&c)", "((a && b) && c)"},
-        Example{"(a!=1)", "(a != 1)"}, Example{"(a<1)", "(a < 1)"}, Example{"(a<=1)", "(a <= 1)"},
-        Example{"(a>1)", "(a > 1)"}, Example{"(a>=1)", "(a >= 1)"},
-        Example{"(EXISTS WIN://SYSAPPID)", "(Exists WIN://SYSAPPID)"},
-        Example{"(Not_Exists @device.x)", "(Not_Exists @DEVICE.x)"},
-        Example{"(a contains {1,\"b\" , #01Ff}) ", "no condition"},
-        Example{"(a contains {1,\"b\" , #01Ff})", "(a Contains {1, \"b\", #01ff})"},
-        Example{"(a Not_Contains 1)", "(a Not_Contains 1)"},
-        Example{"(a Not_Any_of {1})", "(a Not_Any_of {1})"},
-        Example{"(MEMBER_OF_ANY{SID(BA),SID(SY)})", "(Member_of_Any {SID(BA), SID(SY)})"},
-        Example{"(Device_Member_of {SID(BA)})", "(Device_Member_of {SID(BA)})"},
-        Example{"(Device_Member_of_Any {SID(BA)})", "(Device_Member_of_Any {SID(BA)})"},
-        Example{"(Not_Member_of {SID(BA)})", "(Not_Member_of {SID(BA)})"},
-        Example{"(Not_Member_of_Any {SID(BA)})", "(Not_Member_of_Any {SID(BA)})"},
-        Example{"(Not_Device_Member_of {SID(BA)})", "(Not_Device_Member_of {SID(BA)})"},
-        Example{"(Not_Device_Member_of_Any {SID(BA)})", "(Not_Device_Member_of_Any {SID(BA)})"},
-        Example{"(Members==1)", "(Members == 1)"},
-        Example{"(@User.a%0020b==\"\xC3\xA4\xF0\x9F\x98\x80\")",
-                "(@USER.a%0020b == \"\xC3\xA4\xF0\x9F\x98\x80\")"}));
+        Example{"Attribute", "(a)", "(a)"}, Example{"Blanks", "( a )", "(a)"},
+        Example{"Brackets", "((a))", "(a)"}, Example{"Not", "(!a)", "(!(a))"},
+        Example{"NotOfAComparison", "(!a==1)", "(!(a == 1))"},
+        Example{"AndBindsCloser", "(a||b&&c)", "(a || (b && c))"},
+        Example{"AndInFront", "(a&&b||c)", "((a && b) || c)"},
+        Example{"BracketsAroundOr", "((a||b)&&c)", "((a || b) && c)"},
+        Example{"AndTwice", "(a&&b&&c)", "((a && b) && c)"},
+        Example{"NotEqual", "(a!=1)", "(a != 1)"}, Example{"Less", "(a<1)", "(a < 1)"},
+        Example{"LessOrEqual", "(a<=1)", "(a <= 1)"}, Example{"Greater", "(a>1)", "(a > 1)"},
+        Example{"GreaterOrEqual", "(a>=1)", "(a >= 1)"},
+        Example{"ExistsInUpperCase", "(EXISTS WIN://SYSAPPID)", "(Exists WIN://SYSAPPID)"},
+        Example{"NotExistsOnTheDevice", "(Not_Exists @device.x)", "(Not_Exists @DEVICE.x)"},
+        Example{"BlankBehind", "(a contains {1,\"b\" , #01Ff}) ", "no condition"},
+        Example{"Contains", "(a contains {1,\"b\" , #01Ff})", "(a Contains {1, \"b\", #01ff})"},
+        Example{"NotContains", "(a Not_Contains 1)", "(a Not_Contains 1)"},
+        Example{"NotAnyOf", "(a Not_Any_of {1})", "(a Not_Any_of {1})"},
+        Example{"MemberOfAnyInUpperCase", "(MEMBER_OF_ANY{SID(BA),SID(SY)})",
+                "(Member_of_Any {SID(BA), SID(SY)})"},
+        Example{"DeviceMemberOf", "(Device_Member_of {SID(BA)})", "(Device_Member_of {SID(BA)})"},
+        Example{"DeviceMemberOfAny", "(Device_Member_of_Any {SID(BA)})",
+                "(Device_Member_of_Any {SID(BA)})"},
+        Example{"NotMemberOf", "(Not_Member_of {SID(BA)})", "(Not_Member_of {SID(BA)})"},
+        Example{"NotMemberOfAny", "(Not_Member_of_Any {SID(BA)})", "(Not_Member_of_Any {SID(BA)})"},
+        Example{"NotDeviceMemberOf", "(Not_Device_Member_of {SID(BA)})",
+                "(Not_Device_Member_of {SID(BA)})"},
+        Example{"NotDeviceMemberOfAny", "(Not_Device_Member_of_Any {SID(BA)})",
+                "(Not_Device_Member_of_Any {SID(BA)})"},
+        Example{"WordThatBeginsAsAnOperator", "(Members==1)", "(Members == 1)"},
+        Example{"NameOfAClaim", "(@User.a%0020b==\"\xC3\xA4\xF0\x9F\x98\x80\")",
+                "(@USER.a%0020b == \"\xC3\xA4\xF0\x9F\x98\x80\")"}),
+    tests::NamedAsPrinted());
 
-class NoCondition : public testing::TestWithParam<const char*> {};
+class NoCondition : public testing::TestWithParam<std::string> {};
 
 TEST_P(NoCondition, IsTaken) { EXPECT_FALSE(Code(GetParam())); }
 
@@ -104,7 +118,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, NoCondition,
                                          "(a==99999999999999999999)", "(a==0x8000000000000000)",
                                          "(a==SID(XX))", "(a==SID(BA)", "(Member_of {1})",
                                          "(Member_of {})", "(Exists)", "(Exists 1 2)",
-                                         "(@Other.a==1)", "(@User.==1)", "(@User)"));
+                                         "(@Other.a==1)", "(@User.==1)", "(@User)"),
+                         tests::NamedAsPrinted());
 
 TEST(Condition, IsOfBoundedDepth) {
   const auto nested = [](size_t depth) {
