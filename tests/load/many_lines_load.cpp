@@ -73,7 +73,7 @@ TEST_F(ManyLines, AreAllRestored) {
 TEST_F(ManyLines, NeedNoMoreMemoryThanFew) {
   EXPECT_LE(Growth(heap_of_few_, many_.highest_heap), 64 * kKibibyte)
       << heap_of_few_ << " and " << many_.highest_heap;
-  // The log, the percents, and what threads keep for their next blocks.
+  // The server's own: descriptors and the log; and what threads keep for their next blocks.
   if (!kIsSanitized) {
     EXPECT_LE(many_.kept, 4 * kMebibyte);
   }
