@@ -84,7 +84,10 @@ class ConditionReader {
   bool Joined(std::string_view word, BYTE token, bool (ConditionReader::*part)()) {
     if (!(this->*part)()) return false;
     while (text_.Take(word)) {
+      const int left = printed_depth_;
       if (!(this->*part)()) return false;
+      printed_depth_ = std::max(left, printed_depth_) + 1;
+      if (printed_depth_ >= kDeepest) return false;
       AppendNumber(token, code_);
     }
     return true;
@@ -102,9 +105,12 @@ class ConditionReader {
     if (text_.Take("!")) {
       if (++depth_ > kDeepest || !Term()) return false;
       --depth_;
+      printed_depth_ += 2;
+      if (printed_depth_ >= kDeepest) return false;
       AppendNumber(BYTE{condition::kNot}, code_);
       return true;
     }
+    printed_depth_ = 0;
     if (const Word* const membership = TakeOneOf(condition::kMemberships, text_)) {
       text_.SkipBlanks();
       const bool are_sids =
@@ -196,6 +202,8 @@ class ConditionReader {
   const AccountDomains& domains_;
   std::string code_{condition::kSignature};
   int depth_ = 0;
+  // Of the last term: that of its text as it is printed, where every operand is in brackets.
+  int printed_depth_ = 0;
 };
 
 }  // namespace

@@ -6,7 +6,15 @@
 namespace simulator {
 
 std::shared_ptr<Object> Threads::Start(LPTHREAD_START_ROUTINE routine, LPVOID parameter) {
-  threads_.Start([routine, parameter] { routine(parameter); });
+  // Whoever polls for what the thread does first moves the steered clock with every Sleep: by next
+  // to nothing, however long the machine takes until the thread runs.
+  const auto runs = std::make_shared<std::atomic<bool>>(false);
+  threads_.Start([routine, parameter, runs] {
+    *runs = true;
+    runs->notify_one();
+    routine(parameter);
+  });
+  runs->wait(false);
   return std::make_shared<ThreadObject>();
 }
 

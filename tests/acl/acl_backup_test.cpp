@@ -18,7 +18,9 @@ struct LineCase {
   std::string sddl;
 };
 
-void PrintTo(const LineCase& row, std::ostream* stream) { *stream << row.line; }
+void PrintTo(const LineCase& row, std::ostream* stream) {
+  *stream << testing::PrintToString(row.line);
+}
 
 class Line : public testing::TestWithParam<LineCase> {};
 
@@ -121,7 +123,9 @@ struct InformationCase {
   uint32_t information;
 };
 
-void PrintTo(const InformationCase& row, std::ostream* stream) { *stream << row.sddl; }
+void PrintTo(const InformationCase& row, std::ostream* stream) {
+  *stream << '"' << row.sddl << '"';
+}
 
 class Information : public testing::TestWithParam<InformationCase> {};
 

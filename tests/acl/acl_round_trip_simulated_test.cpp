@@ -13,6 +13,7 @@
 #include "simulator/model/security.h"
 #include "support/sddl_texts.h"
 #include "support/simulated_acl_engine.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -161,7 +162,8 @@ TEST_P(RoundTrip, GivesTheSourcesDescriptorBack) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(tests::kSddlTexts));
+INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(tests::kSddlTexts),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace acl

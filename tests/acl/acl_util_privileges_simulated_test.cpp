@@ -8,6 +8,7 @@
 #include "common/privileges.h"
 #include "simulator/model/security.h"
 #include "support/simulated_acl_engine.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -99,7 +100,7 @@ TEST_F(Privileges, ThatAreNotHeldAreReported) {
              kDetected}));
 }
 
-class PrivilegeCall : public Privileges, public testing::WithParamInterface<const char*> {};
+class PrivilegeCall : public Privileges, public testing::WithParamInterface<std::string> {};
 
 TEST_P(PrivilegeCall, ThatFailsIsReportedAndTheOthersAreEnabled) {
   server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED, 2);
@@ -124,7 +125,8 @@ TEST_P(PrivilegeCall, ThatFailsLeavesThatOneOnAndTheOthersAreDisabled) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeCall,
                          testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
+                                         "AdjustTokenPrivileges"),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace acl

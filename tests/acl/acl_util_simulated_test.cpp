@@ -190,7 +190,9 @@ struct BadLine {
   std::string line;
 };
 
-void PrintTo(const BadLine& row, std::ostream* stream) { *stream << row.line; }
+void PrintTo(const BadLine& row, std::ostream* stream) {
+  *stream << testing::PrintToString(row.line);
+}
 
 class WrongLine : public ACLUtilTest, public testing::WithParamInterface<BadLine> {};
 

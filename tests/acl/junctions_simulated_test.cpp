@@ -8,6 +8,7 @@
 #include "acl/junctions.h"
 #include "simulator/model/files.h"
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -401,7 +402,7 @@ TEST_F(CreateJunctionTest, AsksNoFurtherWithoutAFullPath) {
   EXPECT_EQ(server_.calls().ArgumentsOf("GetFileAttributesW"), Lines{});
 }
 
-class FailingStep : public JunctionTest, public testing::WithParamInterface<const char*> {};
+class FailingStep : public JunctionTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(FailingStep, IsFalseAndLeavesNothingOpen) {
   server_.files().MakeDirectories("C:\\Link");
@@ -413,7 +414,8 @@ TEST_P(FailingStep, IsFalseAndLeavesNothingOpen) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, FailingStep,
                          testing::Values("GetFullPathNameW", "GetFileAttributesW", "CreateFileW",
-                                         "DeviceIoControl"));
+                                         "DeviceIoControl"),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace acl

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "support/simulated_descriptors.h"
 #include "support/simulated_events.h"
 #include "support/simulated_progress.h"
+#include "support/test_names.h"
 
 namespace acl {
 namespace {
@@ -144,11 +146,18 @@ TEST_F(RestorePrepareDirTest, Is34WithoutAnAclFile) {
   EXPECT_EQ(dialog_.Take(), (Percents{32.0, 40.0}));
 }
 
+struct CountCase {
+  const char* name;
+  const char* text;
+};
+
+std::ostream& operator<<(std::ostream& out, const CountCase& test) { return out << test.name; }
+
 class UnusableCount : public RestorePrepareDirTest,
-                      public testing::WithParamInterface<const char*> {};
+                      public testing::WithParamInterface<CountCase> {};
 
 TEST_P(UnusableCount, IsLoggedAndRestoresAllTheSame) {
-  Prepare(GetParam());
+  Prepare(GetParam().text);
   EXPECT_EQ(Restore(), 0);
   const Lines lines = logger_.Lines();
   ASSERT_EQ(lines.size(), kEverythingDone.size() + 1);
@@ -158,7 +167,11 @@ TEST_P(UnusableCount, IsLoggedAndRestoresAllTheSame) {
   EXPECT_EQ(progress_, 42.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, UnusableCount, testing::Values("0", "abc", "-5", "", " "));
+INSTANTIATE_TEST_SUITE_P(Texts, UnusableCount,
+                         testing::Values(CountCase{"Zero", "0"}, CountCase{"Letters", "abc"},
+                                         CountCase{"Negative", "-5"}, CountCase{"Empty", ""},
+                                         CountCase{"Blank", " "}),
+                         tests::NamedAsPrinted());
 
 TEST_F(RestorePrepareDirTest, RestoresWithoutBackupInformation) {
   Prepare();

@@ -9,6 +9,7 @@
 #include "simulator/model/console.h"
 #include "simulator/model/security.h"
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 
 namespace common {
 namespace {
@@ -133,7 +134,7 @@ TEST(SwitchPrivilege, IsFalseForAnUnknownName) {
   EXPECT_TRUE(server.calls().ArgumentsOf("AdjustTokenPrivileges").empty());
 }
 
-class SwitchPrivilegeCall : public testing::TestWithParam<const char*> {};
+class SwitchPrivilegeCall : public testing::TestWithParam<std::string> {};
 
 TEST_P(SwitchPrivilegeCall, ThatFailsMakesItFalseAndChangesNothing) {
   simulator::Server server;
@@ -151,7 +152,8 @@ TEST_P(SwitchPrivilegeCall, ThatFailsLeavesNoTokenOpen) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, SwitchPrivilegeCall,
                          testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
+                                         "AdjustTokenPrivileges"),
+                         tests::NamedAsPrinted());
 
 TEST(SwitchPrivilege, LeavesNoTokenOpenHoweverItEnds) {
   simulator::Server server;

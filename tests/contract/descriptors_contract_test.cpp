@@ -11,6 +11,7 @@
 #include "support/answers.h"
 #include "support/host.h"
 #include "support/sddl_texts.h"
+#include "support/test_names.h"
 
 namespace tests {
 namespace {
@@ -76,15 +77,17 @@ TEST_P(PrintedDescriptor, IsPrintedTheSameWhenItIsReadAgain) {
   EXPECT_EQ(Reprinted(GetParam().Printed()), GetParam().Printed());
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, PrintedDescriptor, testing::ValuesIn(kSddlTexts));
+INSTANTIATE_TEST_SUITE_P(Samples, PrintedDescriptor, testing::ValuesIn(kSddlTexts),
+                         NamedAsPrinted());
 
 struct Refusal {
+  const char* name;
   const char* text;
   DWORD error;
   const char* wine_difference = nullptr;
 };
 
-void PrintTo(const Refusal& refusal, std::ostream* out) { *out << refusal.text; }
+void PrintTo(const Refusal& refusal, std::ostream* out) { *out << refusal.name; }
 
 class WrongText : public DescriptorContract, public testing::WithParamInterface<Refusal> {};
 
@@ -97,42 +100,51 @@ TEST_P(WrongText, IsRefused) {
 
 INSTANTIATE_TEST_SUITE_P(
     Parts, WrongText,
-    testing::Values(Refusal{"ERROR:(D;;GA;;;WD)", ERROR_INVALID_PARAMETER},
-                    Refusal{"X:BA", ERROR_INVALID_PARAMETER},
-                    Refusal{"D(A;;GA;;;WD)", ERROR_INVALID_PARAMETER},
-                    Refusal{"D:A;;GA;;;WD)", ERROR_INVALID_PARAMETER, wine::kEndOfList},
-                    Refusal{"D:(A;;GA;;;WD)x", ERROR_INVALID_PARAMETER, wine::kEndOfList},
-                    Refusal{"O:BAO:BA", ERROR_INVALID_PARAMETER, wine::kPartTwice},
-                    Refusal{"G:BAG:BA", ERROR_INVALID_PARAMETER, wine::kPartTwice},
-                    Refusal{"D:D:", ERROR_INVALID_PARAMETER, wine::kPartTwice},
-                    Refusal{"S:S:", ERROR_INVALID_PARAMETER, wine::kPartTwice}));
+    testing::Values(
+        Refusal{"MarkOfAnError", "ERROR:(D;;GA;;;WD)", ERROR_INVALID_PARAMETER},
+        Refusal{"UnknownPart", "X:BA", ERROR_INVALID_PARAMETER},
+        Refusal{"PartWithoutAColon", "D(A;;GA;;;WD)", ERROR_INVALID_PARAMETER},
+        Refusal{"ListWithoutABracket", "D:A;;GA;;;WD)", ERROR_INVALID_PARAMETER, wine::kEndOfList},
+        Refusal{"TextBehindAList", "D:(A;;GA;;;WD)x", ERROR_INVALID_PARAMETER, wine::kEndOfList},
+        Refusal{"OwnerTwice", "O:BAO:BA", ERROR_INVALID_PARAMETER, wine::kPartTwice},
+        Refusal{"GroupTwice", "G:BAG:BA", ERROR_INVALID_PARAMETER, wine::kPartTwice},
+        Refusal{"DaclTwice", "D:D:", ERROR_INVALID_PARAMETER, wine::kPartTwice},
+        Refusal{"SaclTwice", "S:S:", ERROR_INVALID_PARAMETER, wine::kPartTwice}),
+    NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     Sids, WrongText,
-    testing::Values(Refusal{"O:XX", ERROR_INVALID_SID}, Refusal{"O:B", ERROR_INVALID_SID},
-                    Refusal{"O:S-1-5", ERROR_INVALID_SID}, Refusal{"O:S-1-5-", ERROR_INVALID_SID},
-                    Refusal{"O:S-2-5-32-544", ERROR_INVALID_SID},
-                    Refusal{"O:S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16", ERROR_INVALID_SID,
-                            wine::kLongSid},
-                    Refusal{"O:", ERROR_INVALID_SID, wine::kSddlErrors},
-                    Refusal{"D:(A;;GA;;;XX)", ERROR_INVALID_SID, wine::kSddlErrors},
-                    Refusal{"D:(A;;GA;;;S-1-5-x)", ERROR_INVALID_SID, wine::kSddlErrors}));
+    testing::Values(
+        Refusal{"UnknownAlias", "O:XX", ERROR_INVALID_SID},
+        Refusal{"OneLetter", "O:B", ERROR_INVALID_SID},
+        Refusal{"NoSubauthority", "O:S-1-5", ERROR_INVALID_SID},
+        Refusal{"EmptySubauthority", "O:S-1-5-", ERROR_INVALID_SID},
+        Refusal{"AnotherRevision", "O:S-2-5-32-544", ERROR_INVALID_SID},
+        Refusal{"TooManySubauthorities", "O:S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16",
+                ERROR_INVALID_SID, wine::kLongSid},
+        Refusal{"NoOwner", "O:", ERROR_INVALID_SID, wine::kSddlErrors},
+        Refusal{"UnknownAliasInAnEntry", "D:(A;;GA;;;XX)", ERROR_INVALID_SID, wine::kSddlErrors},
+        Refusal{"LettersInASubauthority", "D:(A;;GA;;;S-1-5-x)", ERROR_INVALID_SID,
+                wine::kSddlErrors}),
+    NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     Entries, WrongText,
-    testing::Values(Refusal{"D:(D ;;GA;;;WD)", ERROR_INVALID_ACL, wine::kSddlErrors},
-                    Refusal{"D:(Q;;GA;;;WD)", ERROR_INVALID_ACL, wine::kSddlErrors},
-                    Refusal{"D:(;;GA;;;WD)", ERROR_INVALID_ACL, wine::kSddlErrors},
-                    Refusal{"D:(A;XX;GA;;;WD)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;OI CI;GA;;;WD)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA ;;;WD)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;ROB;;;WD)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA;;;WDANDSUCH)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA;;;Nonexistent account)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA;;)", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA;;;WD", ERROR_INVALID_ACL},
-                    Refusal{"D:(A;;GA;;;WD;)", ERROR_INVALID_ACL},
-                    Refusal{"D:(", ERROR_INVALID_ACL, wine::kSddlErrors}));
+    testing::Values(Refusal{"BlankBehindTheType", "D:(D ;;GA;;;WD)", ERROR_INVALID_ACL,
+                            wine::kSddlErrors},
+                    Refusal{"UnknownType", "D:(Q;;GA;;;WD)", ERROR_INVALID_ACL, wine::kSddlErrors},
+                    Refusal{"NoType", "D:(;;GA;;;WD)", ERROR_INVALID_ACL, wine::kSddlErrors},
+                    Refusal{"UnknownFlag", "D:(A;XX;GA;;;WD)", ERROR_INVALID_ACL},
+                    Refusal{"BlankBetweenFlags", "D:(A;OI CI;GA;;;WD)", ERROR_INVALID_ACL},
+                    Refusal{"BlankBehindTheRights", "D:(A;;GA ;;;WD)", ERROR_INVALID_ACL},
+                    Refusal{"UnknownRight", "D:(A;;ROB;;;WD)", ERROR_INVALID_ACL},
+                    Refusal{"TextBehindAnAlias", "D:(A;;GA;;;WDANDSUCH)", ERROR_INVALID_ACL},
+                    Refusal{"AccountByName", "D:(A;;GA;;;Nonexistent account)", ERROR_INVALID_ACL},
+                    Refusal{"OneFieldTooFew", "D:(A;;GA;;)", ERROR_INVALID_ACL},
+                    Refusal{"NoEndOfTheEntry", "D:(A;;GA;;;WD", ERROR_INVALID_ACL},
+                    Refusal{"OneFieldTooMany", "D:(A;;GA;;;WD;)", ERROR_INVALID_ACL},
+                    Refusal{"NoEntry", "D:(", ERROR_INVALID_ACL, wine::kSddlErrors}),
+    NamedAsPrinted());
 
 TEST_F(DescriptorContract, IsOfRevisionOneOnly) {
   EXPECT_EQ(ErrorOfText("D:(A;;GA;;;WD)", 0), ERROR_UNKNOWN_REVISION);

@@ -2,11 +2,13 @@
 #include <windows.h>
 
 #include <array>
+#include <ostream>
 #include <string>
 
 #include "contract/wine_differences.h"
 #include "support/answers.h"
 #include "support/host.h"
+#include "support/test_names.h"
 
 namespace tests {
 namespace {
@@ -19,9 +21,14 @@ std::wstring FullPathOf(const std::wstring& path) {
 }
 
 struct FullPathExample {
+  const char* name;
   const wchar_t* path;
   const wchar_t* full;
 };
+
+std::ostream& operator<<(std::ostream& out, const FullPathExample& test) {
+  return out << test.name;
+}
 
 class FullPathContract : public HostTest {};
 
@@ -31,21 +38,26 @@ TEST_P(FullPathContractOf, GivesIt) { EXPECT_EQ(FullPathOf(GetParam().path), Get
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, FullPathContractOf,
-    testing::Values(FullPathExample{L"C:\\a\\b.txt", L"C:\\a\\b.txt"},
-                    FullPathExample{L"c:/a//b/", L"c:\\a\\b\\"},
-                    FullPathExample{L"C:\\a\\.\\b\\..\\c", L"C:\\a\\c"},
-                    FullPathExample{L"C:\\..\\..\\a", L"C:\\a"},
-                    FullPathExample{L"C:\\a. .", L"C:\\a"}, FullPathExample{L"C:\\a ", L"C:\\a"},
-                    FullPathExample{L"C:\\a \\b", L"C:\\a \\b"},
-                    FullPathExample{L"C:\\a\\...", L"C:\\a\\"},
-                    FullPathExample{L"C:\\a\\ ", L"C:\\a\\"}, FullPathExample{L"C:\\", L"C:\\"},
-                    FullPathExample{L"q:", L"q:\\"}, FullPathExample{L"q:a", L"q:\\a"},
-                    FullPathExample{L"C:\\missing\\\u00E4", L"C:\\missing\\\u00E4"},
-                    FullPathExample{L"\\\\server\\share\\a\\..\\..\\b", L"\\\\server\\share\\b"},
-                    FullPathExample{L"//server/share/", L"\\\\server\\share\\"},
-                    FullPathExample{L"\\\\?\\C:\\a\\..\\b", L"\\\\?\\C:\\b"},
-                    FullPathExample{L"\\\\?\\C:\\a", L"\\\\?\\C:\\a"},
-                    FullPathExample{L"\\\\.\\a", L"\\\\.\\a"}));
+    testing::Values(FullPathExample{"File", L"C:\\a\\b.txt", L"C:\\a\\b.txt"},
+                    FullPathExample{"SlashesAndTheirDoubles", L"c:/a//b/", L"c:\\a\\b\\"},
+                    FullPathExample{"FolderItselfAndAbove", L"C:\\a\\.\\b\\..\\c", L"C:\\a\\c"},
+                    FullPathExample{"AboveTheRoot", L"C:\\..\\..\\a", L"C:\\a"},
+                    FullPathExample{"FinalDotsAndBlanks", L"C:\\a. .", L"C:\\a"},
+                    FullPathExample{"FinalBlank", L"C:\\a ", L"C:\\a"},
+                    FullPathExample{"BlankBehindAFolder", L"C:\\a \\b", L"C:\\a \\b"},
+                    FullPathExample{"ThreeDots", L"C:\\a\\...", L"C:\\a\\"},
+                    FullPathExample{"BlankAlone", L"C:\\a\\ ", L"C:\\a\\"},
+                    FullPathExample{"Root", L"C:\\", L"C:\\"},
+                    FullPathExample{"FreeDrive", L"q:", L"q:\\"},
+                    FullPathExample{"NameOnAFreeDrive", L"q:a", L"q:\\a"},
+                    FullPathExample{"MissingName", L"C:\\missing\\\u00E4", L"C:\\missing\\\u00E4"},
+                    FullPathExample{"AboveTheShare", L"\\\\server\\share\\a\\..\\..\\b",
+                                    L"\\\\server\\share\\b"},
+                    FullPathExample{"ShareWithSlashes", L"//server/share/", L"\\\\server\\share\\"},
+                    FullPathExample{"Verbatim", L"\\\\?\\C:\\a\\..\\b", L"\\\\?\\C:\\b"},
+                    FullPathExample{"VerbatimFile", L"\\\\?\\C:\\a", L"\\\\?\\C:\\a"},
+                    FullPathExample{"Device", L"\\\\.\\a", L"\\\\.\\a"}),
+    NamedAsPrinted());
 
 TEST_F(FullPathContract, CountsNoTerminatorOfWhatFits) {
   std::array<wchar_t, 5> buffer{};

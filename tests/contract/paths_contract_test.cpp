@@ -34,7 +34,9 @@ struct PathCase {
   const char* reason = "";
 };
 
-void PrintTo(const PathCase& path_case, std::ostream* out) { *out << '"' << path_case.path << '"'; }
+void PrintTo(const PathCase& path_case, std::ostream* out) {
+  *out << testing::PrintToString(path_case.path);
+}
 
 std::string NameOf(const testing::TestParamInfo<PathCase>& info) { return info.param.name; }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ struct SourceCase {
   const char* source;
   Texts texts;
 };
+
+std::ostream& operator<<(std::ostream& out, const SourceCase& test) { return out << test.name; }
 
 const SourceCase kSources[] = {
     {"Literal", R"(f("a b");)", {"a b"}},

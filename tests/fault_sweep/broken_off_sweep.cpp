@@ -42,7 +42,7 @@ void CheckLink(const Reference& reference, const ServerState& left, const Report
   }
 }
 
-class BreakSweep : public testing::TestWithParam<const char*> {};
+class BreakSweep : public testing::TestWithParam<std::string> {};
 
 void RunBroken(Sweep& sweep, int number, SweptServer& swept, Report& report) {
   report.AllowLeaks();  // what a process had goes with it
@@ -78,7 +78,7 @@ TEST_P(BreakSweep, AtEveryCall) {
 INSTANTIATE_TEST_SUITE_P(Scenarios, BreakSweep,
                          testing::Values("default", "german_server", "letter_taken",
                                          "boot_deletion_fails"),
-                         [](const auto& test) { return std::string(test.param); });
+                         [](const auto& test) { return test.param; });
 
 }  // namespace
 }  // namespace fault_sweep

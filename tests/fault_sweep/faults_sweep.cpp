@@ -16,7 +16,7 @@ namespace {
 
 using simulator::Lasting;
 
-class FaultSweep : public testing::TestWithParam<const char*> {};
+class FaultSweep : public testing::TestWithParam<std::string> {};
 
 // The how-many-th call of its name this is.
 int OccurrenceOf(const Reference& reference, int number) {
@@ -105,7 +105,7 @@ TEST_P(FaultSweep, OfEveryCallThatFailsForGood) {
 INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSweep,
                          testing::Values("default", "german_server", "letter_taken",
                                          "boot_deletion_fails"),
-                         [](const auto& test) { return std::string(test.param); });
+                         [](const auto& test) { return test.param; });
 
 }  // namespace
 }  // namespace fault_sweep

@@ -19,7 +19,7 @@
 namespace fault_sweep {
 namespace {
 
-class MemorySweep : public testing::TestWithParam<const char*> {};
+class MemorySweep : public testing::TestWithParam<std::string> {};
 
 int calls_at_failure = -1;
 
@@ -57,7 +57,7 @@ void RunWithout(int number, SweptServer& swept, const Report& report) {
 }
 
 TEST_P(MemorySweep, EndsAtOnceWhereverAnAllocationFails) {
-  const std::string scenario = GetParam();
+  const std::string& scenario = GetParam();
   const int count = CountOf(scenario);
   ASSERT_GT(count, 300);
   SweptServer swept(scenario);
@@ -74,7 +74,7 @@ TEST_P(MemorySweep, EndsAtOnceWhereverAnAllocationFails) {
 INSTANTIATE_TEST_SUITE_P(Scenarios, MemorySweep,
                          testing::Values("default", "german_server", "letter_taken",
                                          "boot_deletion_fails"),
-                         [](const auto& test) { return std::string(test.param); });
+                         [](const auto& test) { return test.param; });
 
 }  // namespace
 }  // namespace fault_sweep

@@ -2,10 +2,14 @@
 
 #include <malloc.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <new>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -15,11 +19,17 @@ namespace {
 std::atomic<size_t> in_use = 0;
 std::atomic<size_t> blocks = 0;
 std::atomic<size_t> highest = 0;
+std::atomic<size_t> large_blocks = 0;
+std::atomic<size_t> large_bytes = 0;
 
 void* Allocate(size_t size) {
   void* const block = std::malloc(size == 0 ? 1 : size);
   if (block == nullptr) throw std::bad_alloc();
   ++blocks;
+  if (size > kLargeBlock) {
+    ++large_blocks;
+    large_bytes += size;
+  }
   const size_t now = in_use += ::malloc_usable_size(block);
   for (size_t most = highest; now > most && !highest.compare_exchange_weak(most, now);) continue;
   return block;
@@ -32,14 +42,19 @@ void Free(void* block) {
   std::free(block);
 }
 
-// The number behind a name of /proc/self/status.
-size_t StatusOf(const std::string& name) {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    size_t number = 0;
-    if (word == name + ":" && status >> number) return number;
-  }
-  throw std::runtime_error("/proc/self/status has no " + name);
+// Whether the thread has begun to end: it is still listed for a moment after it has been joined.
+bool IsEnding(const std::filesystem::path& task) {
+  std::ifstream file(task / "stat");
+  std::string stat;
+  if (!std::getline(file, stat)) return true;
+  // After the name: the state, five numbers and the flags.
+  std::istringstream fields(stat.substr(stat.rfind(')') + 1));
+  std::string skipped;
+  for (int i = 0; i < 6; ++i) fields >> skipped;
+  uint32_t flags = 0;
+  if (!(fields >> flags)) throw std::runtime_error("no flags in " + task.string());
+  constexpr uint32_t kExiting = 0x4;  // PF_EXITING
+  return (flags & kExiting) != 0;
 }
 
 }  // namespace
@@ -50,9 +65,18 @@ size_t HeapBlocksInUse() { return blocks; }
 
 size_t TakeHighestHeapUse() { return highest.exchange(in_use); }
 
-size_t Resident() { return StatusOf("VmRSS") * kKibibyte; }
+LargeBlocks LargeBlocksHandedOut() { return {large_blocks, large_bytes}; }
 
-size_t ThreadCount() { return StatusOf("Threads"); }
+size_t MallocInUse() {
+  const struct mallinfo2 info = ::mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+size_t ThreadCount() {
+  const std::filesystem::directory_iterator tasks("/proc/self/task");
+  return static_cast<size_t>(std::count_if(
+      begin(tasks), end(tasks), [](const auto& task) { return !IsEnding(task.path()); }));
+}
 
 }  // namespace load
 

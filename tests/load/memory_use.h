@@ -15,9 +15,20 @@ size_t HeapBlocksInUse();
 // The most bytes that were in use since the last time this was called.
 size_t TakeHighestHeapUse();
 
-// Bytes of its memory that are in the machine's.
-size_t Resident();
+// Every block of more than so many bytes that operator new has ever handed out.
+inline constexpr size_t kLargeBlock = kKibibyte;
+struct LargeBlocks {
+  size_t count;
+  size_t bytes;
+};
+LargeBlocks LargeBlocksHandedOut();
 
+// Bytes that malloc, which operator new takes its own from, has handed out and not got back; also
+// those that threads keep for their next blocks, a quarter of a megabyte each at most. Means
+// nothing under the sanitizers, which have a malloc of their own.
+size_t MallocInUse();
+
+// Threads that have not come to their end.
 size_t ThreadCount();
 
 // What the later measure has more than the earlier; 0 when it has less.

@@ -12,6 +12,7 @@
 #include "support/drive.h"
 #include "support/host.h"
 #include "support/recording_logger.h"
+#include "support/test_names.h"
 
 namespace restore {
 namespace {
@@ -93,7 +94,8 @@ INSTANTIATE_TEST_SUITE_P(
                     LineCase{"behind a lone line end", "\r\n", 1, {true, ""}},
                     LineCase{"two behind a lone line end", "\r\n", 2, {false, ""}},
                     LineCase{"minus one", kFour, -1, {true, ""}},
-                    LineCase{"the least number", kFour, INT_MIN, {true, ""}}));
+                    LineCase{"the least number", kFour, INT_MIN, {true, ""}}),
+    tests::NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     LineEnds, BackupInfoLine,
@@ -113,7 +115,8 @@ INSTANTIATE_TEST_SUITE_P(
                              "E\r\n\x1a"
                              "b\r\n",
                              1,
-                             {true, ""}}));
+                             {true, ""}}),
+    tests::NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     Bytes, BackupInfoLine,
@@ -122,16 +125,17 @@ INSTANTIATE_TEST_SUITE_P(
         LineCase{"behind a line with a zero byte", {"E\0F\r\nb", 6}, 1, {true, "b"}},
         LineCase{"of zero bytes alone", std::string(300, '\0'), 0, {true, ""}},
         LineCase{"of bytes above 0x7F", "\xff\xc3\x28\x80\r\n", 0, {true, "\xff\xc3\x28\x80"}},
-        LineCase{"of blanks and tabs", " \t \v\f \r\n", 0, {true, " \t \v\f "}}));
+        LineCase{"of blanks and tabs", " \t \v\f \r\n", 0, {true, " \t \v\f "}}),
+    tests::NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     Lengths, BackupInfoLine,
     testing::Values(
-        LineCase{"511", std::string(511, 'x') + "\r\nb", 0, {true, std::string(511, 'x')}},
+        LineCase{"of 511", std::string(511, 'x') + "\r\nb", 0, {true, std::string(511, 'x')}},
         LineCase{"behind 511", std::string(511, 'x') + "\r\nb", 1, {true, "b"}},
         LineCase{"511 at the end", std::string(511, 'x'), 0, {true, std::string(511, 'x')}},
         LineCase{"behind 511 at the end", std::string(511, 'x'), 1, {false, std::string(511, 'x')}},
-        LineCase{"512", std::string(512, 'x') + "\r\nb", 0, {true, std::string(511, 'x')}},
+        LineCase{"of 512", std::string(512, 'x') + "\r\nb", 0, {true, std::string(511, 'x')}},
         LineCase{"behind 512", std::string(512, 'x') + "\r\nb\r\n", 1, {true, ""}},
         LineCase{"two behind 512", std::string(512, 'x') + "\r\nb\r\n", 2, {true, ""}},
         LineCase{"far behind 512", std::string(512, 'x') + "\r\nb\r\n", 100000, {true, ""}},
@@ -142,7 +146,8 @@ INSTANTIATE_TEST_SUITE_P(
                  0,
                  {true, std::string(511, 'x')}},
         LineCase{
-            "megabytes of short lines", std::string(2000000, '\n') + "b", 2000000, {true, "b"}}));
+            "megabytes of short lines", std::string(2000000, '\n') + "b", 2000000, {true, "b"}}),
+    tests::NamedAsPrinted());
 
 TEST_F(ReadBackupInfoLineTest, KeepsEveryByteButThoseOfTextMode) {
   std::string bytes;
@@ -222,7 +227,8 @@ INSTANTIATE_TEST_SUITE_P(
                     LetterCase{"a byte above 0x7F behind it", "d\xff", 'd'},
                     LetterCase{"a zero byte behind it", {"d\0x", 3}, 'd'},
                     LetterCase{"words behind it", "G anything at all", 'g'},
-                    LetterCase{"a line that is too long", std::string(600, 'f'), 'f'}));
+                    LetterCase{"a line that is too long", std::string(600, 'f'), 'f'}),
+    tests::NamedAsPrinted());
 
 struct RefusedCase {
   const char* what;
@@ -265,7 +271,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "e"},
         RefusedCase{"an e with bit 7", "\xe5\xBA", "\xe5\xBA"},
         RefusedCase{"a template", "%s%n%d%%", "%s%n%d%%"},
-        RefusedCase{"a line that is too long", std::string(600, '1'), std::string(511, '1')}));
+        RefusedCase{"a line that is too long", std::string(600, '1'), std::string(511, '1')}),
+    tests::NamedAsPrinted());
 
 TEST_F(ReadBackupInfoTest, FailsWithoutTheFile) {
   char letter = '?';

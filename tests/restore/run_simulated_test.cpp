@@ -17,6 +17,7 @@
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
 #include "support/simulated_progress.h"
+#include "support/test_names.h"
 
 namespace restore {
 namespace {
@@ -119,7 +120,7 @@ TEST_F(RestoreWorkerTest, GoesOnWithPrivilegesThatItDoesNotHold) {
   EXPECT_EQ(Run(), 0);
 }
 
-class PrivilegeFailure : public RestoreWorkerTest, public testing::WithParamInterface<const char*> {
+class PrivilegeFailure : public RestoreWorkerTest, public testing::WithParamInterface<std::string> {
  protected:
   // The box that the run showed: one, and nothing behind it.
   void ExpectBox(const std::string& text) {
@@ -157,13 +158,14 @@ TEST_P(PrivilegeFailure, OfTheSecondEndsTheRun) {
 TEST_P(PrivilegeFailure, LeavesTheTokenOpenWhenItCannotBeAdjusted) {
   server_.calls().FailNext(GetParam(), ERROR_ACCESS_DENIED);
   EXPECT_EQ(Run(), 1);
-  const bool is_adjusting = std::string(GetParam()) == "AdjustTokenPrivileges";
+  const bool is_adjusting = GetParam() == "AdjustTokenPrivileges";
   EXPECT_EQ(server_.OpenHandles(), is_adjusting ? Lines{"token"} : Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, PrivilegeFailure,
                          testing::Values("OpenProcessToken", "LookupPrivilegeValueA",
-                                         "AdjustTokenPrivileges"));
+                                         "AdjustTokenPrivileges"),
+                         tests::NamedAsPrinted());
 
 TEST_F(RestoreWorkerTest, TitlesItsBoxesInTheLanguageOfTheSystem) {
   server_.system().language = 2052;

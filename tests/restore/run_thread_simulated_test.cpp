@@ -17,6 +17,7 @@
 #include "simulator/model/volume.h"
 #include "support/simulated_boot_tools.h"
 #include "support/simulated_events.h"
+#include "support/test_names.h"
 
 namespace restore {
 namespace {
@@ -121,7 +122,7 @@ struct DurationCase {
 };
 
 std::ostream& operator<<(std::ostream& out, const DurationCase& test) {
-  return out << test.begin << " + " << test.elapsed;
+  return out << "at " << test.begin << " ms for " << test.elapsed << " ms";
 }
 
 class RunDuration : public RestoreThread, public testing::WithParamInterface<DurationCase> {};
@@ -141,7 +142,8 @@ INSTANTIATE_TEST_SUITE_P(
                     DurationCase{0, 60'000, "1m0s"}, DurationCase{0, 65'000, "1m5s"},
                     DurationCase{0, 3'599'000, "59m59s"}, DurationCase{0, 3'600'000, "1h0s"},
                     DurationCase{0, 3'665'000, "1h1m5s"}, DurationCase{0, 360'000'000, "100h0s"},
-                    DurationCase{0, -5'000, ""}));
+                    DurationCase{0, -5'000, ""}),
+    tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace restore

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -121,32 +123,39 @@ TEST_F(Bcdboot, TakesItsSwitchesInAnyOrderAndCase) {
   EXPECT_EQ(store_.Find(current_)->Value("locale"), "de-DE");
 }
 
-class BcdbootRefuses : public Bcdboot,
-                       public testing::WithParamInterface<std::vector<std::string>> {};
+struct Arguments {
+  const char* name;
+  std::vector<std::string> texts;
+};
 
-TEST_P(BcdbootRefuses, AndLeavesTheStoreAsItIs) { ExpectFailure(GetParam()); }
+std::ostream& operator<<(std::ostream& out, const Arguments& test) { return out << test.name; }
 
-using Arguments = std::vector<std::string>;
+class BcdbootRefuses : public Bcdboot, public testing::WithParamInterface<Arguments> {};
 
-INSTANTIATE_TEST_SUITE_P(Arguments, BcdbootRefuses,
-                         testing::Values(Arguments{}, Arguments{"c:\\Windows"},
-                                         Arguments{"c:\\Windows", "/s", "c:"},
-                                         Arguments{"c:\\Windows", "/s", "c:", "/l"},
-                                         Arguments{"c:\\Windows", "/s", "c:", "/l", ""},
-                                         Arguments{"c:\\Windows", "/s", "c:", "/s", "c:"},
-                                         Arguments{"c:\\Windows", "/s", "c:", "/x", "en-US"},
-                                         Arguments{"c:\\Windows", "/s", "c:", "/l", "en-US", "/v"},
-                                         Arguments{"c:\\Windows", "/s", "x:", "/l", "en-US"},
-                                         Arguments{"c:\\Windows", "/s", "c", "/l", "en-US"},
-                                         Arguments{"c:\\Windows", "/s", "::", "/l", "en-US"},
-                                         Arguments{"c:\\Windows", "/s", "cc", "/l", "en-US"},
-                                         Arguments{"\\\\?\\c:\\Windows", "/s", "c:", "/l", "en-US"},
-                                         Arguments{":\\Windows", "/s", ":", "/l", "en-US"},
-                                         Arguments{"c:\\Winnt", "/s", "c:", "/l", "en-US"},
-                                         Arguments{"x:\\Windows", "/s", "c:", "/l", "en-US"},
-                                         Arguments{"", "/s", "c:", "/l", "en-US"},
-                                         Arguments{"c:\\vantoro_restore\\vantoro_restore.exe", "/s",
-                                                   "c:", "/l", "en-US"}));
+TEST_P(BcdbootRefuses, AndLeavesTheStoreAsItIs) { ExpectFailure(GetParam().texts); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Arguments, BcdbootRefuses,
+    testing::Values(Arguments{"Nothing", {}}, Arguments{"FolderAlone", {"c:\\Windows"}},
+                    Arguments{"NoLocale", {"c:\\Windows", "/s", "c:"}},
+                    Arguments{"LocaleSwitchAlone", {"c:\\Windows", "/s", "c:", "/l"}},
+                    Arguments{"EmptyLocale", {"c:\\Windows", "/s", "c:", "/l", ""}},
+                    Arguments{"VolumeTwice", {"c:\\Windows", "/s", "c:", "/s", "c:"}},
+                    Arguments{"UnknownSwitch", {"c:\\Windows", "/s", "c:", "/x", "en-US"}},
+                    Arguments{"OneSwitchTooMany", {"c:\\Windows", "/s", "c:", "/l", "en-US", "/v"}},
+                    Arguments{"MissingVolume", {"c:\\Windows", "/s", "x:", "/l", "en-US"}},
+                    Arguments{"VolumeWithoutAColon", {"c:\\Windows", "/s", "c", "/l", "en-US"}},
+                    Arguments{"VolumeOfColons", {"c:\\Windows", "/s", "::", "/l", "en-US"}},
+                    Arguments{"VolumeOfTwoLetters", {"c:\\Windows", "/s", "cc", "/l", "en-US"}},
+                    Arguments{"VerbatimFolder", {"\\\\?\\c:\\Windows", "/s", "c:", "/l", "en-US"}},
+                    Arguments{"FolderWithoutALetter", {":\\Windows", "/s", ":", "/l", "en-US"}},
+                    Arguments{"FolderThatIsNoWindows", {"c:\\Winnt", "/s", "c:", "/l", "en-US"}},
+                    Arguments{"FolderOfAMissingVolume", {"x:\\Windows", "/s", "c:", "/l", "en-US"}},
+                    Arguments{"EmptyFolder", {"", "/s", "c:", "/l", "en-US"}},
+                    Arguments{
+                        "FileForAFolder",
+                        {"c:\\vantoro_restore\\vantoro_restore.exe", "/s", "c:", "/l", "en-US"}}),
+    tests::NamedAsPrinted());
 
 TEST_F(Bcdboot, RunsAsAProgram) {
   server_.processes().Install("bcdboot", BcdbootProgram());

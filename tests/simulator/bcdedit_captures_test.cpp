@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "simulator/model/server.h"
 #include "simulator/tools/server_tools.h"
 #include "support/samples.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -75,6 +77,8 @@ struct Capture {
   size_t entries;
 };
 
+std::ostream& operator<<(std::ostream& out, const Capture& test) { return out << test.file; }
+
 constexpr Capture kCaptures[] = {
     {"de-DE-win10-bios-two-loaders.txt", 1031, 3},
     {"en-server-store-attached-disk.txt", 1033, 2},
@@ -103,7 +107,8 @@ TEST_P(BcdeditCapture, IsWhatTheListingOfItsStorePrints) {
   EXPECT_EQ(Lines(RunBcdedit({}, server).output), captured);
 }
 
-INSTANTIATE_TEST_SUITE_P(Captures, BcdeditCapture, testing::ValuesIn(kCaptures));
+INSTANTIATE_TEST_SUITE_P(Captures, BcdeditCapture, testing::ValuesIn(kCaptures),
+                         tests::NamedAsPrinted());
 
 TEST(BcdeditCaptures, AreAllCompared) {
   EXPECT_EQ(tests::CountSamples("bcdedit"), static_cast<int>(std::size(kCaptures)));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -318,9 +320,12 @@ TEST_F(Bcdedit, FindsNoDefaultWithoutAManager) {
 }
 
 struct Misuse {
+  const char* name;
   std::vector<std::string> arguments;
   const char* line;
 };
+
+std::ostream& operator<<(std::ostream& out, const Misuse& test) { return out << test.name; }
 
 class BcdeditMisuse : public Bcdedit, public testing::WithParamInterface<Misuse> {};
 
@@ -332,23 +337,39 @@ constexpr char kBadDelete[] = "The delete command specified is not valid.";
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, BcdeditMisuse,
-    testing::Values(Misuse{{"/bogus"}, "Invalid command line switch: /bogus"},
-                    Misuse{{""}, "Invalid command line switch: "},
-                    Misuse{{"delete", kOther}, "Invalid command line switch: delete"},
-                    Misuse{{"/export"}, "The export command specified is not valid."},
-                    Misuse{{"/export", "C:\\a", "b"}, "The export command specified is not valid."},
-                    Misuse{{"/IMPORT"}, "The import command specified is not valid."},
-                    Misuse{{"/import", "C:\\a", "b"}, "The import command specified is not valid."},
-                    Misuse{{"/delete"}, kBadDelete}, Misuse{{"/delete", ""}, kBadDelete},
-                    Misuse{{"/delete", "{}"}, kBadDelete}, Misuse{{"/delete", "{"}, kBadDelete},
-                    Misuse{{"/delete", "current"}, kBadDelete},
-                    Misuse{{"/delete", "{unheard-of}"}, kBadDelete},
-                    Misuse{{"/delete", "{aaaaaaaa-0000-0000-0000-00000000000}"}, kBadDelete},
-                    Misuse{{"/delete", "{aaaaaaaa-0000-0000-0000-00000000000f"}, kBadDelete},
-                    Misuse{{"/delete", "{aaaaaaaa-0000-0000-0000-00000000000g}"}, kBadDelete},
-                    Misuse{{"/delete", "aaaaaaaa-0000-0000-0000-00000000000f"}, kBadDelete},
-                    Misuse{{"/delete", "\xFF\xFE"}, kBadDelete},
-                    Misuse{{"/delete", kOther, kOther}, kBadDelete}));
+    testing::Values(
+        Misuse{"UnknownSwitch", {"/bogus"}, "Invalid command line switch: /bogus"},
+        Misuse{"EmptySwitch", {""}, "Invalid command line switch: "},
+        Misuse{"SwitchWithoutASlash", {"delete", kOther}, "Invalid command line switch: delete"},
+        Misuse{"ExportWithoutAFile", {"/export"}, "The export command specified is not valid."},
+        Misuse{"ExportToTwoFiles",
+               {"/export", "C:\\a", "b"},
+               "The export command specified is not valid."},
+        Misuse{"ImportWithoutAFile", {"/IMPORT"}, "The import command specified is not valid."},
+        Misuse{"ImportOfTwoFiles",
+               {"/import", "C:\\a", "b"},
+               "The import command specified is not valid."},
+        Misuse{"DeleteWithoutAnIdentifier", {"/delete"}, kBadDelete},
+        Misuse{"DeleteOfEmptyText", {"/delete", ""}, kBadDelete},
+        Misuse{"DeleteOfEmptyBraces", {"/delete", "{}"}, kBadDelete},
+        Misuse{"DeleteOfABrace", {"/delete", "{"}, kBadDelete},
+        Misuse{"DeleteWithoutBraces", {"/delete", "current"}, kBadDelete},
+        Misuse{"DeleteOfAnUnknownName", {"/delete", "{unheard-of}"}, kBadDelete},
+        Misuse{"DeleteOfAShortIdentifier",
+               {"/delete", "{aaaaaaaa-0000-0000-0000-00000000000}"},
+               kBadDelete},
+        Misuse{"DeleteWithoutTheLastBrace",
+               {"/delete", "{aaaaaaaa-0000-0000-0000-00000000000f"},
+               kBadDelete},
+        Misuse{"DeleteOfNoHexadecimalDigit",
+               {"/delete", "{aaaaaaaa-0000-0000-0000-00000000000g}"},
+               kBadDelete},
+        Misuse{"DeleteOfABareIdentifier",
+               {"/delete", "aaaaaaaa-0000-0000-0000-00000000000f"},
+               kBadDelete},
+        Misuse{"DeleteOfNoText", {"/delete", "\xFF\xFE"}, kBadDelete},
+        Misuse{"DeleteOfTwo", {"/delete", kOther, kOther}, kBadDelete}),
+    tests::NamedAsPrinted());
 
 TEST_F(Bcdedit, RunsAsAProgramOverQuotedPaths) {
   server_.processes().Install("bcdedit", BcdeditProgram());

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "simulator/model/server.h"
 #include "simulator/tools/boot_store_file.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -136,10 +138,17 @@ TEST(BootStoreFile, ReplacesWhatIsNotUtf8) {
   EXPECT_EQ(read->entries.at(0).Value("description"), "a\xEF\xBF\xBDz");
 }
 
-class BootStoreFileRefuses : public testing::TestWithParam<std::string> {};
+struct NoStore {
+  const char* name;
+  std::string bytes;
+};
+
+std::ostream& operator<<(std::ostream& out, const NoStore& test) { return out << test.name; }
+
+class BootStoreFileRefuses : public testing::TestWithParam<NoStore> {};
 
 TEST_P(BootStoreFileRefuses, WhatHoldsNoStore) {
-  EXPECT_EQ(ParseBootStoreFile(GetParam()), std::nullopt);
+  EXPECT_EQ(ParseBootStoreFile(GetParam().bytes), std::nullopt);
 }
 
 std::string FileOf(const std::string& entries) { return R"({"boot_store":[)" + entries + "]}"; }
@@ -151,17 +160,26 @@ std::string EntryOf(const std::string& elements) {
 INSTANTIATE_TEST_SUITE_P(
     Bytes, BootStoreFileRefuses,
     testing::Values(
-        "", "regf", std::string("\0\xFF\xFE{", 4), "[]", "7", R"({"boot_store":7})",
-        R"({"other":[]})", std::string(100000, '['), FileOf("7"), FileOf("{}"),
-        FileOf(R"({"type":"loader","identifier":"","elements":[]})"),
-        FileOf(R"({"type":"driver","identifier":"{1}","elements":[]})"),
-        FileOf(R"({"type":"loader","identifier":1,"elements":[]})"),
-        FileOf(R"({"type":"loader","identifier":"{1}","elements":{}})"),
-        FileOf(EntryOf("") + "," + EntryOf("")), FileOf(EntryOf("[]")),
-        FileOf(EntryOf(R"({"name":"nx"})")), FileOf(EntryOf(R"({"name":"nx","values":[]})")),
-        FileOf(EntryOf(R"({"name":"","values":["OptIn"]})")),
-        FileOf(EntryOf(R"({"name":"nx","values":["OptIn",7]})")),
-        FileOf(EntryOf(R"({"name":"nx","values":["1"]},{"name":"nx","values":["2"]})"))));
+        NoStore{"Nothing", ""}, NoStore{"AnotherFormat", "regf"},
+        NoStore{"NoText", std::string("\0\xFF\xFE{", 4)}, NoStore{"AList", "[]"},
+        NoStore{"ANumber", "7"}, NoStore{"ANumberForEntries", R"({"boot_store":7})"},
+        NoStore{"AnotherMember", R"({"other":[]})"}, NoStore{"DeepLists", std::string(100000, '[')},
+        NoStore{"ANumberForAnEntry", FileOf("7")}, NoStore{"AnEmptyEntry", FileOf("{}")},
+        NoStore{"AnEmptyIdentifier", FileOf(R"({"type":"loader","identifier":"","elements":[]})")},
+        NoStore{"AnUnknownType", FileOf(R"({"type":"driver","identifier":"{1}","elements":[]})")},
+        NoStore{"ANumberForAnIdentifier",
+                FileOf(R"({"type":"loader","identifier":1,"elements":[]})")},
+        NoStore{"NoListOfElements",
+                FileOf(R"({"type":"loader","identifier":"{1}","elements":{}})")},
+        NoStore{"TheSameIdentifierTwice", FileOf(EntryOf("") + "," + EntryOf(""))},
+        NoStore{"AListForAnElement", FileOf(EntryOf("[]"))},
+        NoStore{"NoValues", FileOf(EntryOf(R"({"name":"nx"})"))},
+        NoStore{"EmptyValues", FileOf(EntryOf(R"({"name":"nx","values":[]})"))},
+        NoStore{"AnEmptyName", FileOf(EntryOf(R"({"name":"","values":["OptIn"]})"))},
+        NoStore{"ANumberForAValue", FileOf(EntryOf(R"({"name":"nx","values":["OptIn",7]})"))},
+        NoStore{"TheSameElementTwice",
+                FileOf(EntryOf(R"({"name":"nx","values":["1"]},{"name":"nx","values":["2"]})"))}),
+    tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace simulator

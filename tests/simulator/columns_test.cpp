@@ -4,6 +4,9 @@
 
 #include <cstdint>
 #include <limits>
+#include <ostream>
+
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -23,6 +26,8 @@ struct Size {
   const char* text;
 };
 
+std::ostream& operator<<(std::ostream& out, const Size& test) { return out << test.text; }
+
 class SizeTextOf : public testing::TestWithParam<Size> {};
 
 TEST_P(SizeTextOf, TakesTheSmallestUnitOfFourDigitsAndRoundsDown) {
@@ -39,7 +44,8 @@ INSTANTIATE_TEST_SUITE_P(Sizes, SizeTextOf,
                                          Size{UINT64_C(500107862016), "465 GB"},
                                          Size{7151 * kKB * kKB * kKB, "7151 GB"},
                                          Size{10000 * kKB * kKB * kKB, "9 TB"},
-                                         Size{std::numeric_limits<uint64_t>::max(), "16383 PB"}));
+                                         Size{std::numeric_limits<uint64_t>::max(), "16383 PB"}),
+                         tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace simulator

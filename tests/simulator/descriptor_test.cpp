@@ -7,6 +7,7 @@
 #include "simulator/model/account_domains.h"
 #include "simulator/model/sddl_text.h"
 #include "support/sddl_texts.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -141,7 +142,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"an entry too short for its SID", 10, 0x10},
                     Damage{"an entry longer than the list", 10, 0x18},
                     Damage{"a SID of another revision", 16, 2},
-                    Damage{"a SID longer than its entry", 17, 2}));
+                    Damage{"a SID longer than its entry", 17, 2}),
+    tests::NamedAsPrinted());
 
 TEST(DescriptorBytes, ArrangeSaclDaclOwnerAndGroup) {
   EXPECT_EQ(DescriptorBytes(Parsed("O:WDG:BAD:P(A;OICI;FA;;;WD)S:")),
@@ -190,7 +192,8 @@ INSTANTIATE_TEST_SUITE_P(Bytes, DamagedDescriptor,
                                          Damage{"an owner at an odd place", 4, 0x32},
                                          Damage{"a group behind the end", 9, 1},
                                          Damage{"a group at the end", 8, 0x4C},
-                                         Damage{"a list where the owner is", 16, 0x30}));
+                                         Damage{"a list where the owner is", 16, 0x30}),
+                         tests::NamedAsPrinted());
 
 TEST(ReadDescriptor, TakesAnyDamageWithoutHarm) {
   for (const tests::SddlSample& sample : tests::kSddlTexts) {

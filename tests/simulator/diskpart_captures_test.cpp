@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "simulator/model/disks.h"
 #include "simulator/model/server.h"
 #include "support/simulated_disks.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -63,6 +65,8 @@ struct ListCapture {
   DWORD major = 10;
 };
 
+std::ostream& operator<<(std::ostream& out, const ListCapture& test) { return out << test.file; }
+
 class DiskpartListing : public testing::TestWithParam<ListCapture> {};
 
 TEST_P(DiskpartListing, EqualsTheCapture) {
@@ -103,7 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
         ListCapture{"list_disk/en-xp-1.0-narrow-status.txt",
                     "list disk",
                     {{75 * kGB, 0, false}, {75 * kGB, 54 * kGB, false}},
-                    5}));
+                    5}),
+    tests::NamedAsPrinted());
 
 TEST(Diskpart, PadsADiskLineAsTheCaptureThatKeptItsBlanks) {
   Server server;
@@ -133,6 +138,8 @@ struct BannerCapture {
   DWORD build;
 };
 
+std::ostream& operator<<(std::ostream& out, const BannerCapture& test) { return out << test.file; }
+
 class DiskpartBanner : public testing::TestWithParam<BannerCapture> {};
 
 TEST_P(DiskpartBanner, EqualsTheCapture) {
@@ -150,7 +157,8 @@ TEST_P(DiskpartBanner, EqualsTheCapture) {
 INSTANTIATE_TEST_SUITE_P(
     Captures, DiskpartBanner,
     testing::Values(BannerCapture{"list_disk/en-6.1.7600-no-media.txt", 1, 7600},
-                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200}));
+                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200}),
+    tests::NamedAsPrinted());
 
 // The lines from the disk's model on, without those whose facts the simulator does not keep.
 std::vector<std::string> DetailLines(const std::string& text, const std::string& model) {

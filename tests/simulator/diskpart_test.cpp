@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ostream>
 #include <string>
 
 #include "simulator/model/processes.h"
@@ -7,6 +9,7 @@
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/simulated_disks.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -166,6 +169,12 @@ struct Refusal {
   const char* reason;
 };
 
+std::ostream& operator<<(std::ostream& out, const Refusal& test) {
+  std::string script = test.script;
+  std::replace(script.begin(), script.end(), '\n', ' ');
+  return out << script;
+}
+
 class DiskpartRefuses : public testing::TestWithParam<Refusal> {};
 
 TEST_P(DiskpartRefuses, WithTheToolsReasonAndCode5) {
@@ -211,24 +220,36 @@ INSTANTIATE_TEST_SUITE_P(
                             "The arguments specified for this command are not valid.\r\n"
                             "For more information on the command type: HELP SELECT DISK"},
                     Refusal{"bogus", "Microsoft DiskPart version 10.0.14393.0"},
-                    Refusal{"li disk", "Microsoft DiskPart version 10.0.14393.0"}));
+                    Refusal{"li disk", "Microsoft DiskPart version 10.0.14393.0"}),
+    tests::NamedAsPrinted());
 
-class DiskpartAccepts : public testing::TestWithParam<const char*> {};
+struct Spelling {
+  const char* name;
+  const char* script;
+};
+
+std::ostream& operator<<(std::ostream& out, const Spelling& test) { return out << test.name; }
+
+class DiskpartAccepts : public testing::TestWithParam<Spelling> {};
 
 TEST_P(DiskpartAccepts, LaxSpellingsOfOneScript) {
   Server server;
   AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpartScript(GetParam(), server).exit_code, 0u);
+  EXPECT_EQ(RunDiskpartScript(GetParam().script, server).exit_code, 0u);
   EXPECT_EQ(server.files().VolumeAt('G'), server.disks()[1].partitions[0].volume);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Spellings, DiskpartAccepts,
-    testing::Values("sel disk 1\r\r\nsel part 1\r\r\nassign letter=g\r\r\n",
-                    "select disk 1\nselect partition 1\nassign letter=G:",
-                    "SELECT DISK=1\r\nSel Par=1\r\nASS LETTER=G",
-                    "  sel   dis\t1  \r\n\r\n\r\nrem sel disk 9\r\nsel part 1 \r\nassign letter=g ",
-                    "REM\r\nsel disk 1\r\nsel part 1\r\nassign letter=g\r\nexit\r\nremove"));
+    testing::Values(
+        Spelling{"LineEndsOfTheProgram", "sel disk 1\r\r\nsel part 1\r\r\nassign letter=g\r\r\n"},
+        Spelling{"WholeWords", "select disk 1\nselect partition 1\nassign letter=G:"},
+        Spelling{"UpperCaseAndEqualsSigns", "SELECT DISK=1\r\nSel Par=1\r\nASS LETTER=G"},
+        Spelling{"BlanksAndRemarks",
+                 "  sel   dis\t1  \r\n\r\n\r\nrem sel disk 9\r\nsel part 1 \r\nassign letter=g "},
+        Spelling{"LinesBehindAnExit",
+                 "REM\r\nsel disk 1\r\nsel part 1\r\nassign letter=g\r\nexit\r\nremove"}),
+    tests::NamedAsPrinted());
 
 TEST(DiskpartDeathTest, EndsTheProcessForACommandThatOnlyTheRealToolKnows) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");

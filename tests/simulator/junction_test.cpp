@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <string_view>
+
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -85,6 +88,8 @@ struct WrongNames {
   std::string names;
 };
 
+std::ostream& operator<<(std::ostream& out, const WrongNames& test) { return out << test.what; }
+
 class ReparseBufferOfWrongNames : public testing::TestWithParam<WrongNames> {};
 
 TEST_P(ReparseBufferOfWrongNames, IsRefused) {
@@ -106,7 +111,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongNames{"print name behind the end",
                    Word(0) + Word(2) + Word(4) + Word(0xFFFE) + "a\0"s + Word(0) + Word(0)},
         WrongNames{"a terminator missing",
-                   Word(0) + Word(2) + Word(4) + Word(0) + "a\0"s + Word(0)}));
+                   Word(0) + Word(2) + Word(4) + Word(0) + "a\0"s + Word(0)}),
+    tests::NamedAsPrinted());
 
 TEST(ReparseBuffer, HasNoReservedTag) {
   for (const char tag : {'\0', '\1'}) {

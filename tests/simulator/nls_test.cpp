@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "simulator/model/server.h"
 #include "simulator/model/utf8.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -81,9 +83,12 @@ TEST(NlsDeathTest, HonoursNoOtherCodePageAndNoFlag) {
 }
 
 struct Broken {
+  const char* name;
   const char* bytes;
   const wchar_t* wide;
 };
+
+std::ostream& operator<<(std::ostream& out, const Broken& test) { return out << test.name; }
 
 class BrokenUtf8 : public testing::TestWithParam<Broken> {};
 
@@ -91,19 +96,23 @@ TEST_P(BrokenUtf8, BecomesOneReplacementForEachPiece) {
   EXPECT_EQ(WideFromUtf8(GetParam().bytes), GetParam().wide);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, BrokenUtf8,
-                         testing::Values(Broken{"a\x80"
-                                                "b",
-                                                L"a\xFFFD"
-                                                L"b"},
-                                         Broken{"\xE4\xB8", L"\xFFFD"},
-                                         Broken{"\xE4\xB8z", L"\xFFFDz"},
-                                         Broken{"\xC0\x80", L"\xFFFD\xFFFD"},
-                                         Broken{"\xE0\x80\x80", L"\xFFFD\xFFFD\xFFFD"},
-                                         Broken{"\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD"},
-                                         Broken{"\xF4\x90\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD"},
-                                         Broken{"\xF0\x9F\x98", L"\xFFFD"},
-                                         Broken{"\xFF", L"\xFFFD"}));
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, BrokenUtf8,
+    testing::Values(Broken{"AFollowerAlone",
+                           "a\x80"
+                           "b",
+                           L"a\xFFFD"
+                           L"b"},
+                    Broken{"ACharacterCutShort", "\xE4\xB8", L"\xFFFD"},
+                    Broken{"ACharacterCutByAnother", "\xE4\xB8z", L"\xFFFDz"},
+                    Broken{"AnOverlongFormOfTwo", "\xC0\x80", L"\xFFFD\xFFFD"},
+                    Broken{"AnOverlongFormOfThree", "\xE0\x80\x80", L"\xFFFD\xFFFD\xFFFD"},
+                    Broken{"ASurrogate", "\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD"},
+                    Broken{"BeyondTheLastCharacter", "\xF4\x90\x80\x80",
+                           L"\xFFFD\xFFFD\xFFFD\xFFFD"},
+                    Broken{"AFourByteCharacterCutShort", "\xF0\x9F\x98", L"\xFFFD"},
+                    Broken{"AByteOfNoCharacter", "\xFF", L"\xFFFD"}),
+    tests::NamedAsPrinted());
 
 TEST(Utf8, KeepsEveryCharacter) {
   for (wchar_t c = 1; c <= 0x10FFFF; c += c < 0x1000 ? 1 : 37) {

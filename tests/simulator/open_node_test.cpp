@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include "simulator/model/files.h"
@@ -11,6 +12,7 @@
 #include "simulator/model/security.h"
 #include "simulator/model/server.h"
 #include "simulator/model/volume.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -70,6 +72,8 @@ struct Pair {
   DWORD error;
 };
 
+std::ostream& operator<<(std::ostream& out, const Pair& test) { return out << test.what; }
+
 class HandlesToOneFile : public HandlesToFiles, public testing::WithParamInterface<Pair> {};
 
 TEST_P(HandlesToOneFile, ShareItAsBothAllow) {
@@ -99,7 +103,8 @@ INSTANTIATE_TEST_SUITE_P(
         Pair{"one who deletes and may", GENERIC_READ, kShareAll, DELETE, kShareAll, ERROR_SUCCESS},
         Pair{"one who looks at attributes only", GENERIC_READ, 0, FILE_READ_ATTRIBUTES, 0,
              ERROR_SUCCESS},
-        Pair{"one who changes rights only", GENERIC_READ, 0, WRITE_DAC, 0, ERROR_SUCCESS}));
+        Pair{"one who changes rights only", GENERIC_READ, 0, WRITE_DAC, 0, ERROR_SUCCESS}),
+    tests::NamedAsPrinted());
 
 TEST_F(HandlesToFiles, CountBesideTheRuntimesStreams) {
   std::shared_ptr<OpenFile> stream;

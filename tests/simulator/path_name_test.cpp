@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
+
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -16,9 +19,12 @@ std::string Full(const std::string& path) {
 }
 
 struct Example {
+  const char* name;
   const char* path;
   const char* full;
 };
+
+std::ostream& operator<<(std::ostream& out, const Example& test) { return out << test.name; }
 
 class FullPath : public testing::TestWithParam<Example> {};
 
@@ -26,16 +32,27 @@ TEST_P(FullPath, IsWhatWin32MakesOfIt) { EXPECT_EQ(Full(GetParam().path), GetPar
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, FullPath,
-    testing::Values(Example{"c:\\a\\b.txt", "C:\\a\\b.txt"}, Example{"C:/a/b", "C:\\a\\b"},
-                    Example{"C:\\a\\\\b", "C:\\a\\b"}, Example{"C:\\a\\.\\b", "C:\\a\\b"},
-                    Example{"C:\\a\\..\\b", "C:\\b"}, Example{"C:\\..\\..\\b", "C:\\b"},
-                    Example{"C:\\a.txt. .", "C:\\a.txt"}, Example{"C:\\a.\\b", "C:\\a\\b"},
-                    Example{"C:\\a..\\b", "C:\\a..\\b"}, Example{"C:\\a \\b", "C:\\a \\b"},
-                    Example{"C:\\a \\", "C:\\a "}, Example{"C:\\a\\...", "C:\\a"},
-                    Example{"C:\\ a", "C:\\ a"}, Example{"a.txt", "C:\\Windows\\system32\\a.txt"},
-                    Example{"..\\a", "C:\\Windows\\a"}, Example{"\\a", "C:\\a"},
-                    Example{"C:a", "C:\\Windows\\system32\\a"}, Example{"d:a", "D:\\a"},
-                    Example{"C:", "C:\\Windows\\system32"}, Example{"{:\\", "{:"}));
+    testing::Values(Example{"SmallLetter", "c:\\a\\b.txt", "C:\\a\\b.txt"},
+                    Example{"Slashes", "C:/a/b", "C:\\a\\b"},
+                    Example{"TwoBackslashes", "C:\\a\\\\b", "C:\\a\\b"},
+                    Example{"FolderItself", "C:\\a\\.\\b", "C:\\a\\b"},
+                    Example{"FolderAbove", "C:\\a\\..\\b", "C:\\b"},
+                    Example{"AboveTheRoot", "C:\\..\\..\\b", "C:\\b"},
+                    Example{"FinalDotsAndBlanks", "C:\\a.txt. .", "C:\\a.txt"},
+                    Example{"DotBehindAFolder", "C:\\a.\\b", "C:\\a\\b"},
+                    Example{"TwoDotsBehindAFolder", "C:\\a..\\b", "C:\\a..\\b"},
+                    Example{"BlankBehindAFolder", "C:\\a \\b", "C:\\a \\b"},
+                    Example{"BlankBehindTheLastFolder", "C:\\a \\", "C:\\a "},
+                    Example{"ThreeDots", "C:\\a\\...", "C:\\a"},
+                    Example{"BlankInFront", "C:\\ a", "C:\\ a"},
+                    Example{"NameAlone", "a.txt", "C:\\Windows\\system32\\a.txt"},
+                    Example{"AboveTheCurrentFolder", "..\\a", "C:\\Windows\\a"},
+                    Example{"RootOfTheCurrentDrive", "\\a", "C:\\a"},
+                    Example{"NameInAFolderOfTheDrive", "C:a", "C:\\Windows\\system32\\a"},
+                    Example{"NameOnAnotherDrive", "d:a", "D:\\a"},
+                    Example{"DriveAlone", "C:", "C:\\Windows\\system32"},
+                    Example{"DriveOfNoLetter", "{:\\", "{:"}),
+    tests::NamedAsPrinted());
 
 TEST(PathName, TellsWhetherASeparatorEndsIt) {
   EXPECT_TRUE(ParsePath("C:\\a\\", "C:\\").ends_in_separator);
@@ -58,9 +75,12 @@ TEST(PathName, EndsInTheSeparatorBeforeANameOfDotsAndBlanks) {
 }
 
 struct Refusal {
+  const char* name;
   const char* path;
   DWORD error;
 };
+
+std::ostream& operator<<(std::ostream& out, const Refusal& test) { return out << test.name; }
 
 class PathToNowhere : public testing::TestWithParam<Refusal> {};
 
@@ -68,22 +88,25 @@ TEST_P(PathToNowhere, IsRefusedBeforeAnyLookUp) {
   EXPECT_EQ(ParsePath(GetParam().path, "C:\\").error, GetParam().error) << GetParam().path;
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, PathToNowhere,
-                         testing::Values(Refusal{"\\\\server\\share", ERROR_BAD_NETPATH},
-                                         Refusal{"//server/share/a", ERROR_BAD_NETPATH},
-                                         Refusal{"\\\\server", ERROR_BAD_PATHNAME},
-                                         Refusal{"\\\\", ERROR_BAD_PATHNAME},
-                                         Refusal{"\\\\.\\pipe", ERROR_FILE_NOT_FOUND},
-                                         Refusal{"\\\\.\\pipe\\a", ERROR_PATH_NOT_FOUND},
-                                         Refusal{"\\\\.", ERROR_FILE_NOT_FOUND},
-                                         Refusal{"\\\\?\\UNC\\server\\share", ERROR_BAD_NETPATH},
-                                         Refusal{"\\\\?\\unc\\server\\share", ERROR_BAD_NETPATH},
-                                         Refusal{"\\\\?\\Volume{0}", ERROR_FILE_NOT_FOUND},
-                                         Refusal{"\\\\?\\Volume{0}\\a", ERROR_PATH_NOT_FOUND},
-                                         Refusal{"\\\\?\\C:a", ERROR_FILE_NOT_FOUND},
-                                         Refusal{"\\\\?\\C:/a", ERROR_FILE_NOT_FOUND},
-                                         Refusal{"\\\\?\\", ERROR_INVALID_NAME},
-                                         Refusal{"\\\\?\\C:", ERROR_INVALID_PARAMETER}));
+INSTANTIATE_TEST_SUITE_P(
+    Rules, PathToNowhere,
+    testing::Values(Refusal{"Share", "\\\\server\\share", ERROR_BAD_NETPATH},
+                    Refusal{"ShareWithSlashes", "//server/share/a", ERROR_BAD_NETPATH},
+                    Refusal{"ServerAlone", "\\\\server", ERROR_BAD_PATHNAME},
+                    Refusal{"TwoBackslashes", "\\\\", ERROR_BAD_PATHNAME},
+                    Refusal{"Pipe", "\\\\.\\pipe", ERROR_FILE_NOT_FOUND},
+                    Refusal{"PipeByName", "\\\\.\\pipe\\a", ERROR_PATH_NOT_FOUND},
+                    Refusal{"Devices", "\\\\.", ERROR_FILE_NOT_FOUND},
+                    Refusal{"VerbatimShare", "\\\\?\\UNC\\server\\share", ERROR_BAD_NETPATH},
+                    Refusal{"VerbatimShareInLowerCase", "\\\\?\\unc\\server\\share",
+                            ERROR_BAD_NETPATH},
+                    Refusal{"Volume", "\\\\?\\Volume{0}", ERROR_FILE_NOT_FOUND},
+                    Refusal{"BelowAVolume", "\\\\?\\Volume{0}\\a", ERROR_PATH_NOT_FOUND},
+                    Refusal{"VerbatimNameOnADrive", "\\\\?\\C:a", ERROR_FILE_NOT_FOUND},
+                    Refusal{"VerbatimSlash", "\\\\?\\C:/a", ERROR_FILE_NOT_FOUND},
+                    Refusal{"VerbatimPrefix", "\\\\?\\", ERROR_INVALID_NAME},
+                    Refusal{"VerbatimDrive", "\\\\?\\C:", ERROR_INVALID_PARAMETER}),
+    tests::NamedAsPrinted());
 
 TEST(VerbatimPath, KeepsNamesAsTheyAre) {
   const PathName parsed = ParsePath("\\\\?\\c:\\a.\\b. \\c/d\\..", "C:\\");
@@ -126,17 +149,23 @@ TEST_P(FullPathText, IsWhatWin32MakesOfIt) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, FullPathText,
-    testing::Values(Example{"c:/a//b/", "c:\\a\\b\\"}, Example{"c:a", "c:\\Windows\\system32\\a"},
-                    Example{"a", "C:\\Windows\\system32\\a"}, Example{"\\a", "C:\\a"},
-                    Example{"d:", "d:\\"}, Example{"d:a", "d:\\a"}, Example{"C:\\..", "C:\\"},
-                    Example{"C:\\a. .", "C:\\a"}, Example{"C:\\a\\...", "C:\\a\\"}, Example{"", ""},
-                    Example{"  ", ""},
-                    Example{"\\\\server\\share\\..\\..\\a", "\\\\server\\share\\a"},
-                    Example{"\\\\server\\share\\", "\\\\server\\share\\"},
-                    Example{"//server/share/a", "\\\\server\\share\\a"},
-                    Example{"\\\\?\\C:\\a\\..\\b", "\\\\?\\C:\\b"},
-                    Example{"\\\\?\\C:\\", "\\\\?\\C:\\"}, Example{"\\\\.\\a", "\\\\.\\a"},
-                    Example{"\\\\?\\", "\\\\?\\"}, Example{"\\??\\C:\\a", "C:\\??\\C:\\a"}));
+    testing::Values(
+        Example{"SlashesAndTheirDoubles", "c:/a//b/", "c:\\a\\b\\"},
+        Example{"NameInAFolderOfTheDrive", "c:a", "c:\\Windows\\system32\\a"},
+        Example{"NameAlone", "a", "C:\\Windows\\system32\\a"},
+        Example{"RootOfTheCurrentDrive", "\\a", "C:\\a"}, Example{"OtherDriveAlone", "d:", "d:\\"},
+        Example{"NameOnAnotherDrive", "d:a", "d:\\a"}, Example{"AboveTheRoot", "C:\\..", "C:\\"},
+        Example{"FinalDotsAndBlanks", "C:\\a. .", "C:\\a"},
+        Example{"ThreeDots", "C:\\a\\...", "C:\\a\\"}, Example{"Empty", "", ""},
+        Example{"Blanks", "  ", ""},
+        Example{"AboveTheShare", "\\\\server\\share\\..\\..\\a", "\\\\server\\share\\a"},
+        Example{"ShareWithBackslash", "\\\\server\\share\\", "\\\\server\\share\\"},
+        Example{"ShareWithSlashes", "//server/share/a", "\\\\server\\share\\a"},
+        Example{"Verbatim", "\\\\?\\C:\\a\\..\\b", "\\\\?\\C:\\b"},
+        Example{"VerbatimRoot", "\\\\?\\C:\\", "\\\\?\\C:\\"},
+        Example{"Device", "\\\\.\\a", "\\\\.\\a"}, Example{"VerbatimPrefix", "\\\\?\\", "\\\\?\\"},
+        Example{"NtPrefix", "\\??\\C:\\a", "C:\\??\\C:\\a"}),
+    tests::NamedAsPrinted());
 
 TEST(ValidName, IsNeitherOfTheDots) {
   EXPECT_FALSE(IsValidName("."));

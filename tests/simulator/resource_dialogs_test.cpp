@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "simulator/model/dialog_template.h"
 #include "simulator/model/resources.h"
+#include "support/test_names.h"
 
 namespace {
 
@@ -98,11 +100,14 @@ TEST(ResourceDialogs, KeepTheirControlsInOrder) {
 }
 
 struct ControlCase {
+  const char* name;
   const char* statement;
   const char* window_class;
   DWORD style;
   DWORD extended_style;
 };
+
+std::ostream& operator<<(std::ostream& out, const ControlCase& test) { return out << test.name; }
 
 class ResourceControls : public testing::TestWithParam<ControlCase> {};
 
@@ -117,20 +122,25 @@ TEST_P(ResourceControls, HaveTheClassAndTheStylesOfTheirStatement) {
 INSTANTIATE_TEST_SUITE_P(
     Statements, ResourceControls,
     testing::Values(
-        ControlCase{"EDITTEXT 5, 1, 2, 3, 4", "EDIT", 0x50810000, 0},
-        ControlCase{"EDITTEXT 5, 1, 2, 3, 4, ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY | "
+        ControlCase{"EditText", "EDITTEXT 5, 1, 2, 3, 4", "EDIT", 0x50810000, 0},
+        ControlCase{"EditTextWithStyles",
+                    "EDITTEXT 5, 1, 2, 3, 4, ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY | "
                     "WS_VSCROLL",
                     "EDIT", 0x50A10844, 0},
-        ControlCase{"EDITTEXT 5, 1, 2, 3, 4, NOT WS_BORDER, WS_EX_CLIENTEDGE", "EDIT", 0x50010000,
+        ControlCase{"EditTextWithoutBorder",
+                    "EDITTEXT 5, 1, 2, 3, 4, NOT WS_BORDER, WS_EX_CLIENTEDGE", "EDIT", 0x50010000,
                     0x200},
-        ControlCase{"LTEXT \"a\", 5, 1, 2, 3, 4", "STATIC", 0x50020000, 0},
-        ControlCase{"LTEXT \"a\", 5, 1, 2, 3, 4, NOT WS_GROUP", "STATIC", 0x50000000, 0},
-        ControlCase{"PUSHBUTTON \"a\", 5, 1, 2, 3, 4", "BUTTON", 0x50010000, 0},
-        ControlCase{"CONTROL \"\", 5, \"msctls_progress32\", WS_BORDER, 1, 2, 3, 4",
+        ControlCase{"LeftText", "LTEXT \"a\", 5, 1, 2, 3, 4", "STATIC", 0x50020000, 0},
+        ControlCase{"LeftTextOutsideAGroup", "LTEXT \"a\", 5, 1, 2, 3, 4, NOT WS_GROUP", "STATIC",
+                    0x50000000, 0},
+        ControlCase{"PushButton", "PUSHBUTTON \"a\", 5, 1, 2, 3, 4", "BUTTON", 0x50010000, 0},
+        ControlCase{"ProgressBar", "CONTROL \"\", 5, \"msctls_progress32\", WS_BORDER, 1, 2, 3, 4",
                     "msctls_progress32", 0x50800000, 0},
-        ControlCase{"CONTROL \"a\", 5, \"Static\", NOT WS_VISIBLE | 0x10000, 1, 2, 3, 4, "
+        ControlCase{"InvisibleControl",
+                    "CONTROL \"a\", 5, \"Static\", NOT WS_VISIBLE | 0x10000, 1, 2, 3, 4, "
                     "WS_EX_TRANSPARENT",
-                    "STATIC", 0x40010000, 0x20}));
+                    "STATIC", 0x40010000, 0x20}),
+    tests::NamedAsPrinted());
 
 TEST(ResourceDialogs, ReadWhatEveryControlHas) {
   for (const char* statement :

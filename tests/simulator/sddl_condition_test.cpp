@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "simulator/model/sddl_attribute.h"
 #include "simulator/model/sddl_literals.h"
 #include "simulator/model/sddl_text.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -55,9 +57,12 @@ TEST(Condition, KeepsListsInOnePiece) {
 }
 
 struct Example {
+  const char* name;
   const char* text;
   const char* printed;
 };
+
+std::ostream& operator<<(std::ostream& out, const Example& test) { return out << test.name; }
 
 class PrintedCondition : public testing::TestWithParam<Example> {};
 
@@ -72,30 +77,39 @@ TEST_P(PrintedCondition, MeansTheSame) {
 INSTANTIATE_TEST_SUITE_P(
     Operators, PrintedCondition,
     testing::Values(
-        Example{"(a)", "(a)"}, Example{"( a )", "(a)"}, Example{"((a))", "(a)"},
-        Example{"(!a)", "(!(a))"}, Example{"(!a==1)", "(!(a == 1))"},
-        Example{"(a||b&&c)", "(a || (b && c))"}, Example{"(a&&b||c)", "((a && b) || c)"},
-        Example{"((a||b)&&c)", "((a || b) && c)"}, Example{"(a&&b&&c)", "((a && b) && c)"},
-        Example{"(a!=1)", "(a != 1)"}, Example{"(a<1)", "(a < 1)"}, Example{"(a<=1)", "(a <= 1)"},
-        Example{"(a>1)", "(a > 1)"}, Example{"(a>=1)", "(a >= 1)"},
-        Example{"(EXISTS WIN://SYSAPPID)", "(Exists WIN://SYSAPPID)"},
-        Example{"(Not_Exists @device.x)", "(Not_Exists @DEVICE.x)"},
-        Example{"(a contains {1,\"b\" , #01Ff}) ", "no condition"},
-        Example{"(a contains {1,\"b\" , #01Ff})", "(a Contains {1, \"b\", #01ff})"},
-        Example{"(a Not_Contains 1)", "(a Not_Contains 1)"},
-        Example{"(a Not_Any_of {1})", "(a Not_Any_of {1})"},
-        Example{"(MEMBER_OF_ANY{SID(BA),SID(SY)})", "(Member_of_Any {SID(BA), SID(SY)})"},
-        Example{"(Device_Member_of {SID(BA)})", "(Device_Member_of {SID(BA)})"},
-        Example{"(Device_Member_of_Any {SID(BA)})", "(Device_Member_of_Any {SID(BA)})"},
-        Example{"(Not_Member_of {SID(BA)})", "(Not_Member_of {SID(BA)})"},
-        Example{"(Not_Member_of_Any {SID(BA)})", "(Not_Member_of_Any {SID(BA)})"},
-        Example{"(Not_Device_Member_of {SID(BA)})", "(Not_Device_Member_of {SID(BA)})"},
-        Example{"(Not_Device_Member_of_Any {SID(BA)})", "(Not_Device_Member_of_Any {SID(BA)})"},
-        Example{"(Members==1)", "(Members == 1)"},
-        Example{"(@User.a%0020b==\"\xC3\xA4\xF0\x9F\x98\x80\")",
-                "(@USER.a%0020b == \"\xC3\xA4\xF0\x9F\x98\x80\")"}));
+        Example{"Attribute", "(a)", "(a)"}, Example{"Blanks", "( a )", "(a)"},
+        Example{"Brackets", "((a))", "(a)"}, Example{"Not", "(!a)", "(!(a))"},
+        Example{"NotOfAComparison", "(!a==1)", "(!(a == 1))"},
+        Example{"AndBindsCloser", "(a||b&&c)", "(a || (b && c))"},
+        Example{"AndInFront", "(a&&b||c)", "((a && b) || c)"},
+        Example{"BracketsAroundOr", "((a||b)&&c)", "((a || b) && c)"},
+        Example{"AndTwice", "(a&&b&&c)", "((a && b) && c)"},
+        Example{"NotEqual", "(a!=1)", "(a != 1)"}, Example{"Less", "(a<1)", "(a < 1)"},
+        Example{"LessOrEqual", "(a<=1)", "(a <= 1)"}, Example{"Greater", "(a>1)", "(a > 1)"},
+        Example{"GreaterOrEqual", "(a>=1)", "(a >= 1)"},
+        Example{"ExistsInUpperCase", "(EXISTS WIN://SYSAPPID)", "(Exists WIN://SYSAPPID)"},
+        Example{"NotExistsOnTheDevice", "(Not_Exists @device.x)", "(Not_Exists @DEVICE.x)"},
+        Example{"BlankBehind", "(a contains {1,\"b\" , #01Ff}) ", "no condition"},
+        Example{"Contains", "(a contains {1,\"b\" , #01Ff})", "(a Contains {1, \"b\", #01ff})"},
+        Example{"NotContains", "(a Not_Contains 1)", "(a Not_Contains 1)"},
+        Example{"NotAnyOf", "(a Not_Any_of {1})", "(a Not_Any_of {1})"},
+        Example{"MemberOfAnyInUpperCase", "(MEMBER_OF_ANY{SID(BA),SID(SY)})",
+                "(Member_of_Any {SID(BA), SID(SY)})"},
+        Example{"DeviceMemberOf", "(Device_Member_of {SID(BA)})", "(Device_Member_of {SID(BA)})"},
+        Example{"DeviceMemberOfAny", "(Device_Member_of_Any {SID(BA)})",
+                "(Device_Member_of_Any {SID(BA)})"},
+        Example{"NotMemberOf", "(Not_Member_of {SID(BA)})", "(Not_Member_of {SID(BA)})"},
+        Example{"NotMemberOfAny", "(Not_Member_of_Any {SID(BA)})", "(Not_Member_of_Any {SID(BA)})"},
+        Example{"NotDeviceMemberOf", "(Not_Device_Member_of {SID(BA)})",
+                "(Not_Device_Member_of {SID(BA)})"},
+        Example{"NotDeviceMemberOfAny", "(Not_Device_Member_of_Any {SID(BA)})",
+                "(Not_Device_Member_of_Any {SID(BA)})"},
+        Example{"WordThatBeginsAsAnOperator", "(Members==1)", "(Members == 1)"},
+        Example{"NameOfAClaim", "(@User.a%0020b==\"\xC3\xA4\xF0\x9F\x98\x80\")",
+                "(@USER.a%0020b == \"\xC3\xA4\xF0\x9F\x98\x80\")"}),
+    tests::NamedAsPrinted());
 
-class NoCondition : public testing::TestWithParam<const char*> {};
+class NoCondition : public testing::TestWithParam<std::string> {};
 
 TEST_P(NoCondition, IsTaken) { EXPECT_FALSE(Code(GetParam())); }
 
@@ -106,7 +120,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, NoCondition,
                                          "(a==99999999999999999999)", "(a==0x8000000000000000)",
                                          "(a==SID(XX))", "(a==SID(BA)", "(Member_of {1})",
                                          "(Member_of {})", "(Exists)", "(Exists 1 2)",
-                                         "(@Other.a==1)", "(@User.==1)", "(@User)"));
+                                         "(@Other.a==1)", "(@User.==1)", "(@User)"),
+                         tests::NamedAsPrinted());
 
 TEST(Condition, IsOfBoundedDepth) {
   const auto nested = [](size_t depth) {
@@ -116,6 +131,23 @@ TEST(Condition, IsOfBoundedDepth) {
   EXPECT_FALSE(Code(nested(101)));
   EXPECT_FALSE(Code(std::string(1'000'000, '(')));
   EXPECT_FALSE(Code("(" + std::string(1'000'000, '!')));
+}
+
+// However few brackets it was read from.
+TEST(Condition, IsReadAgainFromWhatIsPrinted) {
+  const auto joined = [](const std::string& word, int operators) {
+    std::string text = "(a==1";
+    for (int i = 0; i < operators; ++i) text += word + "a==1";
+    return text + ")";
+  };
+  for (const std::string& deepest :
+       {joined("&&", 99), joined("||", 99), "(" + std::string(49, '!') + "a)"}) {
+    EXPECT_TRUE(Code(deepest));
+    EXPECT_EQ(Code(Printed(deepest)), Code(deepest));
+  }
+  EXPECT_FALSE(Code(joined("&&", 100)));
+  EXPECT_FALSE(Code(joined("||", 100)));
+  EXPECT_FALSE(Code("(" + std::string(50, '!') + "a)"));
 }
 
 TEST(ConditionText, RefusesCodeThatIsNotWellFormed) {

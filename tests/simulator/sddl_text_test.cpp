@@ -8,6 +8,7 @@
 #include "simulator/model/account_domains.h"
 #include "simulator/model/descriptor.h"
 #include "support/sddl_texts.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -82,11 +83,13 @@ INSTANTIATE_TEST_SUITE_P(
                     AliasExample{"SI", "S-1-16-16384"}, AliasExample{"SO", "S-1-5-32-549"},
                     AliasExample{"SS", "S-1-18-2"}, AliasExample{"SU", "S-1-5-6"},
                     AliasExample{"SY", "S-1-5-18"}, AliasExample{"UD", "S-1-5-84-0-0-0-0-0"},
-                    AliasExample{"WD", "S-1-1-0"}, AliasExample{"WR", "S-1-5-33"}));
+                    AliasExample{"WD", "S-1-1-0"}, AliasExample{"WR", "S-1-5-33"}),
+    tests::NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(OfTheServer, Alias,
                          testing::Values(AliasExample{"LA", "S-1-5-21-1-2-3-500"},
-                                         AliasExample{"LG", "S-1-5-21-1-2-3-501"}));
+                                         AliasExample{"LG", "S-1-5-21-1-2-3-501"}),
+                         tests::NamedAsPrinted());
 
 INSTANTIATE_TEST_SUITE_P(
     OfTheDomain, Alias,
@@ -98,7 +101,8 @@ INSTANTIATE_TEST_SUITE_P(
         AliasExample{"EA", "S-1-5-21-7-8-9-519"}, AliasExample{"EK", "S-1-5-21-7-8-9-527"},
         AliasExample{"KA", "S-1-5-21-7-8-9-526"}, AliasExample{"PA", "S-1-5-21-7-8-9-520"},
         AliasExample{"RO", "S-1-5-21-7-8-9-498"}, AliasExample{"RS", "S-1-5-21-7-8-9-553"},
-        AliasExample{"SA", "S-1-5-21-7-8-9-518"}));
+        AliasExample{"SA", "S-1-5-21-7-8-9-518"}),
+    tests::NamedAsPrinted());
 
 TEST(ParseSddl, FindsNoAccountsOfADomainWhereThereIsNone) {
   EXPECT_EQ(ErrorOf("O:DA"), DWORD{ERROR_NONE_MAPPED});

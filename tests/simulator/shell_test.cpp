@@ -4,9 +4,11 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <ostream>
 #include <string>
 
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -26,10 +28,13 @@ TEST_F(ShellTest, PathFileExistsTakesFilesAndFolders) {
 }
 
 struct Removal {
+  const char* name;
   const char* path;
   BOOL removed;
   const char* left;
 };
+
+std::ostream& operator<<(std::ostream& out, const Removal& test) { return out << test.name; }
 
 class RemoveFileSpec : public testing::TestWithParam<Removal> {};
 
@@ -42,11 +47,16 @@ TEST_P(RemoveFileSpec, KeepsRoots) {
 
 INSTANTIATE_TEST_SUITE_P(
     Paths, RemoveFileSpec,
-    testing::Values(Removal{"C:\\a\\b.exe", TRUE, "C:\\a"}, Removal{"C:\\a\\", TRUE, "C:\\a"},
-                    Removal{"C:\\a", TRUE, "C:\\"}, Removal{"C:\\", FALSE, "C:\\"},
-                    Removal{"C:", FALSE, "C:"}, Removal{"C:a", TRUE, "C:"}, Removal{"a", TRUE, ""},
-                    Removal{"", FALSE, ""}, Removal{"\\", FALSE, "\\"}, Removal{"\\a", TRUE, "\\"},
-                    Removal{"a/b", TRUE, ""}, Removal{"\\\\server\\share", TRUE, "\\\\server"}));
+    testing::Values(Removal{"File", "C:\\a\\b.exe", TRUE, "C:\\a"},
+                    Removal{"FolderWithBackslash", "C:\\a\\", TRUE, "C:\\a"},
+                    Removal{"NameInTheRoot", "C:\\a", TRUE, "C:\\"},
+                    Removal{"Root", "C:\\", FALSE, "C:\\"}, Removal{"Drive", "C:", FALSE, "C:"},
+                    Removal{"NameOnADrive", "C:a", TRUE, "C:"}, Removal{"Name", "a", TRUE, ""},
+                    Removal{"Empty", "", FALSE, ""}, Removal{"Backslash", "\\", FALSE, "\\"},
+                    Removal{"NameBehindABackslash", "\\a", TRUE, "\\"},
+                    Removal{"Slash", "a/b", TRUE, ""},
+                    Removal{"Share", "\\\\server\\share", TRUE, "\\\\server"}),
+    tests::NamedAsPrinted());
 
 TEST_F(ShellTest, PathRemoveFileSpecLeavesTheLastErrorAlone) {
   char path[] = "C:\\";

@@ -1,6 +1,7 @@
 #include "simulator/source_tree.h"
 
 #include <optional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "simulator/model/server.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_scenario_test.h"
+#include "support/test_names.h"
 
 namespace simulator {
 namespace {
@@ -201,9 +203,12 @@ TEST_F(SourceTreeTest, NamesAFileInPlaceOfAFolderOfTheServer) {
 }
 
 struct InTheWay {
+  const char* name;
   const char* source;
   const char* error;
 };
+
+std::ostream& operator<<(std::ostream& out, const InTheWay& test) { return out << test.name; }
 
 class SourceInTheWay : public SourceTreeTest, public testing::WithParamInterface<InTheWay> {};
 
@@ -224,21 +229,26 @@ INSTANTIATE_TEST_SUITE_P(
     All, SourceInTheWay,
     testing::Values(
         InTheWay{
-            R"("files": [{"path": "vantoro_prepare"}])",
+            "FileInPlaceOfTheFolder", R"("files": [{"path": "vantoro_prepare"}])",
             "vantoro_prepare\\backup_info: expected to be a file below folders, all with valid "
             "names"},
-        InTheWay{R"("folders": [{"path": "vantoro_prepare\\juncbackup_c.dat"}])",
+        InTheWay{"FolderInPlaceOfAList",
+                 R"("folders": [{"path": "vantoro_prepare\\juncbackup_c.dat"}])",
                  "vantoro_prepare\\juncbackup_c.dat: expected to be a file below folders, all with "
                  "valid names"},
         InTheWay{
+            "JunctionInPlaceOfTheFolder",
             R"("junctions": [{"path": "vantoro_prepare", "target": "D:\\"}])",
             "vantoro_prepare\\backup_info: expected to be a file below folders, all with valid "
             "names"},
-        InTheWay{R"("folders": [{"path": "vantoro_restore\\vantoro_restore.exe.lnk"}])",
+        InTheWay{"FolderInPlaceOfTheLink",
+                 R"("folders": [{"path": "vantoro_restore\\vantoro_restore.exe.lnk"}])",
                  "vantoro_restore\\vantoro_restore.exe.lnk: expected to be a file below folders, "
                  "all with valid names"},
-        InTheWay{R"("junctions": [{"path": "ProgramData", "target": "D:\\"}])",
-                 "ProgramData: expected a junction where the copy has no files"}));
+        InTheWay{"JunctionWithFilesBelow",
+                 R"("junctions": [{"path": "ProgramData", "target": "D:\\"}])",
+                 "ProgramData: expected a junction where the copy has no files"}),
+    tests::NamedAsPrinted());
 
 }  // namespace
 }  // namespace simulator

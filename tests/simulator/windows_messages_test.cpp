@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "simulator/model/dialogs.h"
 #include "simulator/model/message_boxes.h"
 #include "support/simulated_dialog.h"
+#include "support/test_names.h"
 
 namespace tests {
 namespace {
@@ -166,10 +168,13 @@ TEST_F(WindowsMessages, OfAnotherWindowAreNoDialogMessages) {
 }
 
 struct Key {
+  const char* name;
   WPARAM key;
   WPARAM command;
   int button;  // 0 when the command carries none
 };
+
+std::ostream& operator<<(std::ostream& out, const Key& test) { return out << test.name; }
 
 class WindowsKeys : public WindowsMessages, public testing::WithParamInterface<Key> {};
 
@@ -186,8 +191,9 @@ TEST_P(WindowsKeys, AreCommandsOfButtons) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, WindowsKeys,
-                         testing::Values(Key{VK_ESCAPE, IDCANCEL, IDCANCEL},
-                                         Key{VK_RETURN, IDOK, 0}));
+                         testing::Values(Key{"Escape", VK_ESCAPE, IDCANCEL, IDCANCEL},
+                                         Key{"Return", VK_RETURN, IDOK, 0}),
+                         NamedAsPrinted());
 
 TEST_F(WindowsMessages, OfTheReturnKeyAreTheDefaultButtons) {
   simulator::DialogTemplate source = SampleTemplate("caption");

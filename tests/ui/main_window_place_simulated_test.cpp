@@ -9,7 +9,7 @@
 namespace ui {
 namespace {
 
-class UnknownMiddle : public tests::ProgramTest, public testing::WithParamInterface<const char*> {
+class UnknownMiddle : public tests::ProgramTest, public testing::WithParamInterface<std::string> {
  protected:
   UnknownMiddle() { HoldTheRun(); }
 };
@@ -27,7 +27,7 @@ TEST_P(UnknownMiddle, LeavesTheDialogWhereItIs) {
 
 INSTANTIATE_TEST_SUITE_P(Calls, UnknownMiddle,
                          testing::Values("SystemParametersInfoW", "GetWindowRect"),
-                         [](const auto& test) { return std::string(test.param); });
+                         [](const auto& test) { return test.param; });
 
 }  // namespace
 }  // namespace ui

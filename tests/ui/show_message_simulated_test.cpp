@@ -7,6 +7,7 @@
 #include "simulator/model/desktop.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/server.h"
+#include "support/test_names.h"
 #include "ui/show_message.h"
 
 namespace ui {
@@ -29,7 +30,7 @@ struct StringCase {
 };
 
 std::ostream& operator<<(std::ostream& out, const StringCase& test) {
-  return out << test.language << " " << test.id;
+  return out << "language " << test.language << " string " << test.id;
 }
 
 class StringTable : public ResString, public testing::WithParamInterface<StringCase> {};
@@ -52,7 +53,8 @@ INSTANTIATE_TEST_SUITE_P(
                     StringCase{2052, 114, "迁云还原检测未完成。"},
                     StringCase{2052, 115, "迁云还原检测已完成，需要重启系统，您要重启系统吗？"},
                     StringCase{2052, 116, "Windows系统将在30秒后重启！"},
-                    StringCase{2052, 117, "进度"}));
+                    StringCase{2052, 117, "进度"}),
+    tests::NamedAsPrinted());
 
 TEST_F(ResString, IsEmptyWhenThereIsNone) {
   EXPECT_EQ(LoadResString(111), "");

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <map>
+#include <ostream>
 #include <set>
 #include <string>
 #include <utility>
@@ -31,6 +32,8 @@ struct Expected {
   const char* junctions;
   const char* descriptors;
 };
+
+std::ostream& operator<<(std::ostream& out, const Expected& test) { return out << test.name; }
 
 // Objects: C holds the root, Users, Users\Administrator and 46 files, 49 in all; Data with 38 files
 // makes 40 with its root, Departments with 58 files 60; with 57 files and a junction 60 as well. A

@@ -115,14 +115,21 @@ TEST_F(ServerUnderWine, IsRestoredThoughTheLogFolderCannotBeMade) {
   EXPECT_TRUE(fs::is_regular_file(server_->ProgramFolder() / "Logs"));
 }
 
-class ProgramFolder : public WineCase, public testing::WithParamInterface<const char*> {};
+struct FolderCase {
+  const char* name;
+  const char* path;
+
+  friend void PrintTo(const FolderCase& folder, std::ostream* out) { *out << folder.path; }
+};
+
+class ProgramFolder : public WineCase, public testing::WithParamInterface<FolderCase> {};
 
 TEST_P(ProgramFolder, MayHaveAnyName) {
   Scenario scenario = Small();
   // Its letters are in the code page of a Chinese Windows.
   scenario.language = kChinese;
   RehearsalOptions options;
-  options.program_folder = GetParam();
+  options.program_folder = GetParam().path;
   RunBoth(scenario, options);
   ExpectAllTheSame();
   EXPECT_FALSE(server_->Log().empty());
@@ -130,8 +137,10 @@ TEST_P(ProgramFolder, MayHaveAnyName) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, ProgramFolder,
-                         testing::Values("C:\\Program Files\\Vantoro Restore",
-                                         "C:\\100% %s restore", "C:\\还原工具"));
+                         testing::Values(FolderCase{"Blanks", "C:\\Program Files\\Vantoro Restore"},
+                                         FolderCase{"PercentSigns", "C:\\100% %s restore"},
+                                         FolderCase{"Chinese", "C:\\还原工具"}),
+                         [](const auto& test) { return std::string(test.param.name); });
 
 struct Version {
   DWORD major;
@@ -159,7 +168,7 @@ INSTANTIATE_TEST_SUITE_P(FromServer2003On, WindowsVersion,
                                          Version{6, 1, 7601}, Version{6, 2, 9200},
                                          Version{6, 3, 9600}, Version{10, 0, 14393}),
                          [](const auto& test) {
-                           return std::to_string(test.param.major) + "_" +
+                           return "Windows" + std::to_string(test.param.major) + "_" +
                                   std::to_string(test.param.minor);
                          });
 

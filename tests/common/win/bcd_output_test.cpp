@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/samples.h"
+#include "support/test_names.h"
 
 namespace common::win {
 namespace {
@@ -85,7 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
                            {"zh-CN",
                             "zh-CN",
                             "{current}",
-                            {"{edd55b4d-0bc1-11eb-8106-a0043c6d1b90}", "{current}"}}}));
+                            {"{edd55b4d-0bc1-11eb-8106-a0043c6d1b90}", "{current}"}}}),
+    tests::NamedAsPrinted());
 
 TEST(BootConfigurationSamples, AreAllTested) { EXPECT_EQ(tests::CountSamples("bcdedit"), 13); }
 

@@ -90,7 +90,8 @@ TEST_F(RealCommand, IsStartedWithoutWaiting) {
   HANDLE thread = nullptr;
   ASSERT_TRUE(WinUtil::CreateProgressNoWait(logger_, "", "cmd /c exit 7", nullptr, nullptr, process,
                                             thread));
-  EXPECT_EQ(::WaitForSingleObject(process, 30000), static_cast<DWORD>(WAIT_OBJECT_0));
+  constexpr DWORD kPatience = 300'000;  // milliseconds; ends a hang
+  EXPECT_EQ(::WaitForSingleObject(process, kPatience), static_cast<DWORD>(WAIT_OBJECT_0));
   DWORD code = 0;
   EXPECT_TRUE(::GetExitCodeProcess(process, &code));
   EXPECT_EQ(code, 7U);

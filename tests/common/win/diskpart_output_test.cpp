@@ -8,6 +8,7 @@
 
 #include "support/diskpart_results.h"
 #include "support/samples.h"
+#include "support/test_names.h"
 
 namespace common::win {
 namespace {
@@ -62,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(
         ListSample{"zh-10.0.26100-41mb-5120kb.txt", {{0, 931}, {1, 57}}},
         ListSample{"zh-2003-narrow-dynamic-672kb.txt", {{0, 70}, {1, 100}}},
         ListSample{"zh-6.1.7601-server-six-disks-mb.txt", {{0, 50}}},
-        ListSample{"zh-three-gpt.txt", {{0, 476}, {1, 476}, {2, 476}}}));
+        ListSample{"zh-three-gpt.txt", {{0, 476}, {1, 476}, {2, 476}}}),
+    tests::NamedAsPrinted());
 
 TEST(DiskListSamples, AreAllInTheTable) {
   EXPECT_EQ(tests::CountSamples("diskpart/list_disk"), 24);
@@ -95,7 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
                     DetailSample{"en-xp-ide-volume-without-fs.txt", {'c', true}},
                     DetailSample{"es-6.3.9600-sata-hidden-esp-padded.txt", kNothing},
                     DetailSample{"zh-ata-mbr-one-volume.txt", {'e', true}},
-                    DetailSample{"zh-usb-removable-fat32-restored.txt", {'f', true}}));
+                    DetailSample{"zh-usb-removable-fat32-restored.txt", {'f', true}}),
+    tests::NamedAsPrinted());
 
 TEST(DiskDetailSamples, AreAllInTheTable) {
   EXPECT_EQ(tests::CountSamples("diskpart/detail_disk"), 11);
@@ -129,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(
         ListCase{"ten pieces by empty ones", "a      1 b 2 GB", {{1, 2}}},
         ListCase{"leading blanks count", "     a 1 b 2 GB", {{1, 2}}},
         ListCase{"a final run of blanks counts but for the last", "a 1 b 2 GB      ", {{1, 2}}},
-        ListCase{"... one blank fewer", "a 1 b 2 GB     ", {}},
+        ListCase{"a final run of one blank fewer", "a 1 b 2 GB     ", {}},
         ListCase{"tabs do not divide", "a\t1\tb\t2\tGB          3 y 4", {{3, 4}}},
         ListCase{"GB within a word", "a 1 b 2 xGBx c d e f g", {{1, 2}}},
         ListCase{"gb in lower case", "a 1 b 2 gb c d e f g", {}},
@@ -151,7 +154,8 @@ INSTANTIATE_TEST_SUITE_P(
                  {{9, 1}, {2, 1}, {9, 3}}},
         ListCase{"fewer than four words", "GB         ", {}},
         ListCase{"three words", "a 1 GB          ", {}},
-        ListCase{"bytes above 0x7F", "\xff\xfe 1 \x80 2 GB          \xc3", {{1, 2}}}));
+        ListCase{"bytes above 0x7F", "\xff\xfe 1 \x80 2 GB          \xc3", {{1, 2}}}),
+    tests::NamedAsPrinted());
 
 TEST(ParseDiskList, ReadsTheLargestNumbersOfAnInt) {
   EXPECT_EQ(ParsedDisks("a 2147483647 b -2147483648 GB          c"),
@@ -221,9 +225,9 @@ INSTANTIATE_TEST_SUITE_P(
                    "  Volume 2     B   Data         NTFS   Partition    100 GB  Healthy",
                    kLetterless},
         DetailCase{"letter z", "V 1 z N P 5 GB", {'z', true}},
-        DetailCase{"letter Z", "V 1 Z N P 5 GB", {'z', true}},
+        DetailCase{"letter Z in upper case", "V 1 Z N P 5 GB", {'z', true}},
         DetailCase{"the character behind z", "V 1 { N P 5 GB", kLetterless},
-        DetailCase{"the character behind Z", "V 1 [ N P 5 GB", kLetterless},
+        DetailCase{"the character behind upper case Z", "V 1 [ N P 5 GB", kLetterless},
         DetailCase{"a byte above 0x7F", "V 1 \xe4 N P 5 GB", kLetterless},
         DetailCase{"a letter and more", "V 1 D: N P 5 GB", kLetterless},
         DetailCase{"a one-letter label in place of a letter",
@@ -265,7 +269,8 @@ INSTANTIATE_TEST_SUITE_P(
         DetailCase{"a lone LF divides nothing", "V 1 d N P 5 MB\nV 2 e N P 5 GB", {'d', true}},
         DetailCase{"CR CR LF leaves a CR to the last word",
                    "V 1 d N P 5 GB\r\r\nV 2 e N P 5 GB",
-                   {'e', true}}));
+                   {'e', true}}),
+    tests::NamedAsPrinted());
 
 TEST(ParseDiskDetail, ForgetsWhatTheCallerHad) { EXPECT_EQ(ParsedDetail("nothing"), kNothing); }
 

@@ -10,6 +10,7 @@
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
+#include "support/test_names.h"
 
 namespace common::win {
 namespace {
@@ -327,7 +328,8 @@ INSTANTIATE_TEST_SUITE_P(
                     AssignCase{"no letter at all", 3, false, '%',
                                "sel disk 3\r\r\nsel part 1\r\r\nassign letter=%\r\r\n"},
                     AssignCase{"the largest disk number", 4294967295, true, 'z',
-                               "sel disk 4294967295\r\r\nsel part 2\r\r\nassign letter=z\r\r\n"}));
+                               "sel disk 4294967295\r\r\nsel part 2\r\r\nassign letter=z\r\r\n"}),
+    tests::NamedAsPrinted());
 
 TEST_F(AssignDiskLetter, TellsTheFirstLetterOfTheDisk) {
   Reply(0, VolumeLine('D', "99 GB") + VolumeLine('E', "99 GB"));

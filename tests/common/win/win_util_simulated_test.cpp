@@ -8,6 +8,7 @@
 #include "common/win/win_util.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
+#include "support/test_names.h"
 
 namespace common::win {
 namespace {
@@ -21,7 +22,7 @@ struct PlatformCase {
 };
 
 std::ostream& operator<<(std::ostream& out, const PlatformCase& test) {
-  return out << test.major << "." << test.minor;
+  return out << "version " << test.major << "." << test.minor;
 }
 
 class OSPlatform : public testing::TestWithParam<PlatformCase> {
@@ -54,7 +55,8 @@ INSTANTIATE_TEST_SUITE_P(
         PlatformCase{10, 0, "Windows Server 2016"}, PlatformCase{10, 1, "Windows Server 2016"},
         PlatformCase{11, 0, "Windows Server 2016"},
         PlatformCase{0xFFFFFFFF, 0xFFFFFFFF, "Windows Server 2016"},
-        PlatformCase{6, 0xFFFFFFFF, "Windows Server 2012"}));
+        PlatformCase{6, 0xFFFFFFFF, "Windows Server 2012"}),
+    tests::NamedAsPrinted());
 
 using UnknownPlatform = OSPlatform;
 
