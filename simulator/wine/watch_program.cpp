@@ -47,14 +47,14 @@ std::string Utf8(const std::wstring& text) {
   return utf8;
 }
 
-// Ends a run that hangs, and nothing else: a machine that is busy needs half a minute for the
+// Ends a run that hangs, and nothing else: a machine that is busy needs a minute and a half for the
 // longest one.
 class Deadline {
  public:
   bool HasPassed() const { return ::GetTickCount64() - begin_ > kLongest; }
 
  private:
-  static constexpr ULONGLONG kLongest = 10 * 60 * 1000;  // milliseconds
+  static constexpr ULONGLONG kLongest = 30 * 60 * 1000;  // milliseconds
   const ULONGLONG begin_ = ::GetTickCount64();
 };
 
