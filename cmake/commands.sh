@@ -4,7 +4,7 @@
 
 program_packages='g++ cmake ninja-build nlohmann-json3-dev'
 test_packages='libgtest-dev'
-windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth locales imagemagick zip'
+windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 wine64-preloader xvfb xauth locales imagemagick zip'
 fuzz_packages='clang libclang-rt-14-dev'
 bench_packages='libbenchmark-dev valgrind acl'
 coverage_packages='gcovr'

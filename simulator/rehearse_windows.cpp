@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "simulator/report_restart.h"
 #include "simulator/screen.h"
 #include "simulator/wine/wine_descriptors.h"
+#include "simulator/wine/wine_failure.h"
 #include "simulator/wine/wine_run.h"
 #include "ui/resource.h"
 
@@ -101,13 +103,14 @@ std::vector<JunctionOutcome> Junctions(const Scenario& scenario, const WineServe
   return junctions;
 }
 
+fs::path PictureFile(const Options& options) { return options.logs / "vantoro_restore.png"; }
+
 WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer& server) {
-  const BootStore boot = server.State().boot.store;
   std::cout << scenario.title << "\n\n";
   Screen screen(std::cout, Screen::Kind::kPlain);
   LogReader log(server, scenario.language, screen);
   fs::create_directories(options.logs);
-  const fs::path picture = options.logs / "vantoro_restore.png";
+  const fs::path picture = PictureFile(options);
   fs::remove(picture);
 
   WatchOptions watch;
@@ -124,7 +127,12 @@ WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer
   };
   WatchedRun run = RunWatched(server, watch);
   log.Look();
+  return run;
+}
 
+// `boot` is the boot store before the run.
+void Report(const Scenario& scenario, const Options& options, const BootStore& boot,
+            const WineServer& server, const WatchedRun& run) {
   std::cout
       << "\n"
       << BootReport(boot, server.State().boot.store) << LetterReport(Letters(scenario, server))
@@ -139,8 +147,8 @@ WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer
     std::cout << "log: " << (options.logs / file.filename()).string() << "\n";
   }
   if (files.empty()) std::cout << "log: none was written\n";
+  const fs::path picture = PictureFile(options);
   if (fs::exists(picture)) std::cout << "picture: " << picture.string() << "\n";
-  return run;
 }
 
 }  // namespace
@@ -149,9 +157,17 @@ bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
   const fs::path folder = PrefixFolder("rehearsal");
   WatchedRun run;
   {
-    WineServer server(scenario, {}, folder);
-    server.prefix().AddFonts();
-    run = Rehearse(scenario, options, server);
+    std::unique_ptr<WineServer> server;
+    BootStore boot;
+    const auto rehearse = [&] {
+      server.reset();
+      server = std::make_unique<WineServer>(scenario, WineServerOptions{}, folder);
+      server->prefix().AddFonts();
+      boot = server->State().boot.store;
+      run = Rehearse(scenario, options, *server);
+    };
+    RunAgainWhereWineFails(rehearse, std::cout);
+    Report(scenario, options, boot, *server, run);
   }
   RemovePrefix(folder);
   // A run that succeeded asks about the restart.

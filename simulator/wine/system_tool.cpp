@@ -43,10 +43,12 @@ void Write(const std::string& text, std::FILE* stream) {
   std::fflush(stream);
 }
 
-// Does not come back; whoever forgets to terminate it finds it gone after two minutes.
+// Does not return. Nothing that it is needed for takes as long as it waits: if nobody terminates
+// it, it is still there when the program has ended, and ends with the prefix.
 [[noreturn]] void WaitToBeTerminated() {
+  constexpr DWORD kLongest = 60 * 60 * 1000;  // milliseconds, if the prefix is never ended
   ::CreateEventA(nullptr, TRUE, FALSE, kToolIsHeldEvent);
-  ::Sleep(120 * 1000);
+  ::Sleep(kLongest);
   ::ExitProcess(WAIT_TIMEOUT);
 }
 

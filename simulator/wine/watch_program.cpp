@@ -28,8 +28,8 @@ using common::UniqueFileHandle;
 using common::UniqueHandle;
 using nlohmann::json;
 
-constexpr DWORD kLongest = 120 * 1000;  // milliseconds
-constexpr UINT kPatience = 2000;        // for an answer of a window
+constexpr UINT kPatience =
+    2000;  // milliseconds for an answer of a window, before it is asked again
 
 struct Options {
   bool is_link = false;
@@ -47,15 +47,30 @@ std::string Utf8(const std::wstring& text) {
   return utf8;
 }
 
+// Ends a run that hangs, and nothing else: a machine that is busy needs a minute and a half for the
+// longest one.
+class Deadline {
+ public:
+  bool HasPassed() const { return ::GetTickCount64() - begin_ > kLongest; }
+
+ private:
+  static constexpr ULONGLONG kLongest = 30 * 60 * 1000;  // milliseconds
+  const ULONGLONG begin_ = ::GetTickCount64();
+};
+
+const Deadline& RunDeadline() {
+  static const Deadline deadline;
+  return deadline;
+}
+
 void Tell(const json& what) {
   std::puts(what.dump(-1, ' ', false, json::error_handler_t::replace).c_str());
   std::fflush(stdout);
 }
 
 LRESULT Ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
-  constexpr int kTries = 10;
   DWORD_PTR answer = 0;
-  for (int i = 0; i < kTries && ::IsWindow(window) != FALSE; ++i) {
+  while (::IsWindow(window) != FALSE && !RunDeadline().HasPassed()) {
     if (::SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, kPatience, &answer) !=
         0) {
       break;
@@ -185,15 +200,13 @@ json NamesOf(const std::vector<Process>& processes) {
 
 // Null when it does not come up.
 UniqueHandle WaitForProcess(const std::wstring& name) {
-  constexpr DWORD kSoon = 10 * 1000;
-  constexpr DWORD kStep = 10;
-  for (DWORD waited = 0; waited < kSoon; waited += kStep) {
+  while (!RunDeadline().HasPassed()) {
     for (const Process& process : Processes()) {
       if (process.name != name) continue;
       return UniqueHandle(::OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION | PROCESS_TERMINATE,
                                         FALSE, process.id));
     }
-    ::Sleep(kStep);
+    ::Sleep(10);
   }
   return UniqueHandle();
 }
@@ -242,7 +255,8 @@ Options Read(int argc, wchar_t** argv) {
 
 int wmain(int argc, wchar_t** argv) {
   const Options options = Read(argc, argv);
-  const DWORD begin = ::GetTickCount();
+  RunDeadline();
+  Tell({{"watching", Utf8(options.program)}});
   // What the program prints is not for those who read what this one does. The C runtime has its
   // handles already.
   for (const DWORD standard : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
@@ -250,12 +264,12 @@ int wmain(int argc, wchar_t** argv) {
   }
   const UniqueHandle program = Start(options);
   if (!program) {
-    std::fprintf(stderr, "cannot start the program: %lu\n", ::GetLastError());
+    Tell({{"start_error", ::GetLastError()}});
     return 1;
   }
   Watch watch(options, ::GetProcessId(program.get()));
   while (::WaitForSingleObject(program.get(), 10) == WAIT_TIMEOUT) {
-    if (::GetTickCount() - begin > kLongest) {
+    if (RunDeadline().HasPassed()) {
       ::TerminateProcess(program.get(), 1);
       std::fprintf(stderr, "the program did not end\n");
       return 1;

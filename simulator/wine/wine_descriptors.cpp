@@ -1,5 +1,6 @@
 #include "simulator/wine/wine_descriptors.h"
 
+#include <iostream>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -7,7 +8,7 @@
 
 #include "simulator/prepare_folder.h"
 #include "simulator/scenario.h"
-#include "simulator/wine/host_process.h"
+#include "simulator/wine/wine_failure.h"
 
 namespace simulator {
 namespace {
@@ -64,7 +65,7 @@ std::vector<std::pair<std::string, std::string>> Call(const std::string& command
                 prefix.folder() / "drive_c" / kProgram, fs::copy_options::overwrite_existing);
   std::vector<std::pair<std::string, std::string>> objects;
   for (const std::string& list : lists) {
-    std::istringstream text(Run(prefix.Command({std::string("C:\\") + kProgram, command, list})));
+    std::istringstream text(prefix.RunCommand({std::string("C:\\") + kProgram, command, list}));
     for (std::string line; std::getline(text, line);) {
       if (line.ends_with('\r')) line.pop_back();
       const size_t tab = line.find('\t');
@@ -74,25 +75,31 @@ std::vector<std::pair<std::string, std::string>> Call(const std::string& command
   return objects;
 }
 
+KeptDescriptors Compare(const Scenario& scenario, const WineServer& server,
+                        const fs::path& second_folder) {
+  KeptDescriptors kept;
+  WineServer second(WithTheLettersOfTheSource(scenario), {}, second_folder);
+  const std::vector<std::string> lists = Lists(scenario, second.prefix(), server.prefix());
+  const auto found = Call("show", lists, server.prefix());
+  const auto before = Call("show", lists, second.prefix());
+  Call("set", lists, second.prefix());
+  const auto wanted = Call("show", lists, second.prefix());
+  kept.outcome.objects = wanted.size();
+  for (size_t i = 0; i < wanted.size(); ++i) {
+    if (wanted[i] != before.at(i)) ++kept.changed;
+    if (wanted[i] == found.at(i)) continue;
+    kept.outcome.differences.push_back({wanted[i].first, wanted[i].second, found[i].second});
+  }
+  return kept;
+}
+
 }  // namespace
 
-KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, WineServer& server,
+KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, const WineServer& server,
                                       const fs::path& second_folder) {
   KeptDescriptors kept;
-  {
-    WineServer second(WithTheLettersOfTheSource(scenario), {}, second_folder);
-    const std::vector<std::string> lists = Lists(scenario, second.prefix(), server.prefix());
-    const auto found = Call("show", lists, server.prefix());
-    const auto before = Call("show", lists, second.prefix());
-    Call("set", lists, second.prefix());
-    const auto wanted = Call("show", lists, second.prefix());
-    kept.outcome.objects = wanted.size();
-    for (size_t i = 0; i < wanted.size(); ++i) {
-      if (wanted[i] != before.at(i)) ++kept.changed;
-      if (wanted[i] == found.at(i)) continue;
-      kept.outcome.differences.push_back({wanted[i].first, wanted[i].second, found[i].second});
-    }
-  }
+  // The server itself is only read.
+  RunAgainWhereWineFails([&] { kept = Compare(scenario, server, second_folder); }, std::cout);
   RemovePrefix(second_folder);
   return kept;
 }

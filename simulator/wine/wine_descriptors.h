@@ -18,7 +18,7 @@ struct KeptDescriptors {
 
 // The objects of the scenario's lists, as they are on the server, which was made from it. The
 // second server stands in a folder that is made anew and taken away. Throws std::exception.
-KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, WineServer& server,
+KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, const WineServer& server,
                                       const std::filesystem::path& second_folder);
 
 }  // namespace simulator

@@ -7,12 +7,14 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "simulator/model/path_name.h"
+#include "simulator/wine/wine_failure.h"
 
 namespace simulator {
 namespace {
@@ -80,6 +82,17 @@ void Isolate(const fs::path& prefix) {
   }
 }
 
+// Throws WineFailure if Wine did not bring it up, std::runtime_error if its status is not 0.
+std::string RunUnderWine(const HostCommand& command) {
+  const WineTrace trace(command.errors);
+  try {
+    return Run(command);
+  } catch (const std::runtime_error&) {
+    if (const auto failure = FailureInTrace(trace.Text())) throw WineFailure(*failure);
+    throw;
+  }
+}
+
 fs::path MakeBase(const fs::path& parent) {
   fs::path base = parent / "base";
   const fs::path done = parent / "base.done";
@@ -91,10 +104,17 @@ fs::path MakeBase(const fs::path& parent) {
   std::getline(std::ifstream(done), made);
   if (made + "\n" == version) return base;
   fs::remove(done);
-  fs::remove_all(base);
-  Run({.arguments = {VANTORO_SOURCE_DIR "/cmake/wine-run", "cmd", "/c", "exit"},
-       .environment = {{"WINEPREFIX", base.string()}, {"LC_ALL", "C.UTF-8"}},
-       .folder = parent});
+  const HostCommand start{.arguments = {VANTORO_SOURCE_DIR "/cmake/wine-run", "cmd", "/c", "exit"},
+                          .environment = {{"WINEPREFIX", base.string()},
+                                          {"WINEDEBUG", "-all,err+virtual"},
+                                          {"LC_ALL", "C.UTF-8"}},
+                          .folder = parent,
+                          .errors = parent / "base.errors.txt"};
+  const auto make = [&] {
+    fs::remove_all(base);
+    RunUnderWine(start);
+  };
+  RunAgainWhereWineFails(make, std::cout);
   Run({.arguments = {"wineserver", "-w"},
        .environment = {{"WINEPREFIX", base.string()}},
        .folder = parent});
@@ -259,13 +279,20 @@ HostCommand WinePrefix::Command(std::vector<std::string> arguments) const {
   arguments.insert(arguments.begin(), VANTORO_SOURCE_DIR "/cmake/wine-run");
   return {.arguments = std::move(arguments),
           .environment = {{"WINEPREFIX", folder_.string()},
-                          {"WINEDEBUG", "-all,fixme+advapi,fixme+progress"},
+                          // Calls that Wine only pretends to do, and starts of its own that fail.
+                          {"WINEDEBUG", "-all,fixme+advapi,fixme+progress,err+virtual"},
                           // Links of Windows are not shown on the host's desktop.
                           {"WINEDLLOVERRIDES", "winemenubuilder.exe="},
                           {"LOCPATH", (folder_.parent_path() / "locales").string()},
                           {"LC_ALL", LanguageOf(language_).locale}},
           .folder = folder_ / "drive_c",
-          .errors = folder_ / "errors.txt"};
+          .errors = ErrorFile()};
+}
+
+fs::path WinePrefix::ErrorFile() const { return folder_ / "errors.txt"; }
+
+std::string WinePrefix::RunCommand(std::vector<std::string> arguments) const {
+  return RunUnderWine(Command(std::move(arguments)));
 }
 
 void RemovePrefix(const fs::path& folder) {

@@ -55,6 +55,11 @@ class WinePrefix {
 
   // A program of Windows, by its path there, with the errors that Wine tells of itself.
   HostCommand Command(std::vector<std::string> arguments) const;
+  // Where those errors go.
+  std::filesystem::path ErrorFile() const;
+  // Runs one to its end and returns what it printed. Throws WineFailure if Wine did not bring it
+  // up, std::runtime_error if its status is not 0.
+  std::string RunCommand(std::vector<std::string> arguments) const;
 
  private:
   const std::filesystem::path folder_;

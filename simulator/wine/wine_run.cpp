@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "simulator/model/utf8.h"
+#include "simulator/wine/wine_failure.h"
 
 namespace simulator {
 namespace {
@@ -103,6 +104,23 @@ void Take(const json& line, const WatchOptions& options, WatchedRun& run) {
   }
 }
 
+// Returns the status of the program that watches.
+int Watch(const HostCommand& command, const WatchOptions& options, WatchedRun& run,
+          RunEvidence& evidence) {
+  HostProcess watch(command);
+  for (std::string line; watch.ReadLine(line);) {
+    const json told = json::parse(line);
+    evidence.is_watched = true;
+    if (told.contains("start_error")) {
+      evidence.start_error = told.at("start_error").get<DWORD>();
+    } else if (!told.contains("watching")) {
+      Take(told, options, run);
+    }
+    if (told.contains("box")) watch.WriteLine("go on");
+  }
+  return watch.Wait();
+}
+
 }  // namespace
 
 WatchedRun RunWatched(WineServer& server, const WatchOptions& options) {
@@ -115,25 +133,26 @@ WatchedRun RunWatched(WineServer& server, const WatchOptions& options) {
   if (options.starts_link) {
     install("make_link.exe");
     fs::remove(server.CommonStartupLink());
-    Run(prefix.Command({"C:\\make_link.exe",
-                        System().common_startup_directory + "\\vantoro_restore.exe.lnk",
-                        server.program()}));
+    prefix.RunCommand({"C:\\make_link.exe",
+                       System().common_startup_directory + "\\vantoro_restore.exe.lnk",
+                       server.program()});
   }
+  const fs::path errors = prefix.ErrorFile();
   WatchedRun run;
-  {
-    HostProcess watch(prefix.Command(Arguments(server, options)));
-    for (std::string line; watch.ReadLine(line);) {
-      const json told = json::parse(line);
-      Take(told, options, run);
-      if (told.contains("box")) watch.WriteLine("go on");
-    }
-    if (const int status = watch.Wait(); status != 0) {
-      throw std::runtime_error("the run was not watched to its end: status " +
-                               std::to_string(status) + ", see " +
-                               (prefix.folder() / "errors.txt").string());
-    }
+  RunEvidence evidence;
+  const WineTrace trace(errors);
+  const int status = Watch(prefix.Command(Arguments(server, options)), options, run, evidence);
+  evidence.trace = trace.Text();
+  evidence.log = server.Log();
+  if (const auto failure = FailureOfWine(evidence)) throw WineFailure(*failure);
+  if (evidence.start_error) {
+    throw std::runtime_error("the program could not be started: error " +
+                             std::to_string(*evidence.start_error));
   }
-  const fs::path errors = prefix.folder() / "errors.txt";
+  if (status != 0) {
+    throw std::runtime_error("the run was not watched to its end: status " +
+                             std::to_string(status) + ", see " + errors.string());
+  }
   for (const std::string& told : ToldBetween(errors, "InitiateSystemShutdownExW (null) ", " 0x")) {
     run.shutdowns.push_back(ReadShutdown(told));
   }

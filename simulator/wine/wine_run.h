@@ -51,7 +51,8 @@ struct WatchOptions {
   std::function<void(const WatchedDialog&)> on_dialog;  // may be empty
 };
 
-// Throws std::exception when the run cannot be watched to its end.
+// Throws WineFailure if Wine itself failed, another std::exception if the run cannot be watched to
+// its end.
 WatchedRun RunWatched(WineServer& server, const WatchOptions& options);
 
 }  // namespace simulator

@@ -187,6 +187,16 @@ TEST_F(DialogContract, TakesReturnForOkWithoutADefaultButton) {
 
 class MessageLoopContract : public DialogContract {
  protected:
+  // Waits until the time of a timer has passed, and takes no message.
+  static void WaitForTimer() {
+#ifdef _WIN32
+    ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_TIMER, MWMO_INPUTAVAILABLE);
+#else
+    ::Sleep(kPeriod);  // on the simulated server's clock
+#endif
+  }
+  static constexpr UINT kPeriod = 20;  // milliseconds
+
   // The numbers of the next messages of interest, up to and with WM_QUIT.
   static std::vector<UINT> Loop() {
     std::vector<UINT> numbers;
@@ -210,8 +220,8 @@ TEST_F(MessageLoopContract, GivesWhatIsPostedInItsOrderAndThenQuits) {
 
 TEST_F(MessageLoopContract, GivesATimerWhoseTimeHasPassedOnce) {
   constexpr UINT_PTR kTimer = 1001;
-  EXPECT_NE(::SetTimer(dialog_, kTimer, 20, nullptr), 0u);
-  ::Sleep(110);
+  EXPECT_NE(::SetTimer(dialog_, kTimer, kPeriod, nullptr), 0u);
+  WaitForTimer();
   MSG message{};
   do {
     ASSERT_GT(::GetMessageW(&message, nullptr, 0, 0), 0);
@@ -226,8 +236,8 @@ TEST_F(MessageLoopContract, GivesATimerWhoseTimeHasPassedOnce) {
 }
 
 TEST_F(MessageLoopContract, GivesPostedMessagesBeforeTimers) {
-  ::SetTimer(dialog_, 1, 20, nullptr);
-  ::Sleep(50);
+  ::SetTimer(dialog_, 1, kPeriod, nullptr);
+  WaitForTimer();
   ::PostMessageW(dialog_, kMessage, 0, 0);
   MSG message{};
   ASSERT_GT(::GetMessageW(&message, nullptr, 0, 0), 0);
@@ -243,9 +253,9 @@ TEST_F(MessageLoopContract, LosesWhatIsPostedToADestroyedWindow) {
 
 // An edit control that can only be read asks as a static control does.
 TEST_F(MessageLoopContract, PaintsBeforeItGivesTimers) {
-  ::SetTimer(dialog_, 1, 20, nullptr);
+  ::SetTimer(dialog_, 1, kPeriod, nullptr);
   ::ShowWindow(dialog_, SW_SHOWNORMAL);
-  ::Sleep(50);
+  WaitForTimer();
   MSG message{};
   do {
     ASSERT_GT(::GetMessageW(&message, nullptr, 0, 0), 0);

@@ -8,13 +8,13 @@
 #include <utility>
 
 #include "common/win/child_process_list.h"
+#include "support/hang.h"
 #include "ui/process_state.h"
 #include "ui/show_message.h"
 
 namespace tests {
 namespace {
 
-constexpr ULONGLONG kPatienceMilliseconds = 30000;
 constexpr UINT kPersonMilliseconds = 10;
 constexpr int kBoxText = 0xFFFF;  // the id of a message box's text
 
@@ -140,8 +140,8 @@ bool WindowsDialogTest::had_timers() const { return window_->had_timers; }
 void WindowsDialogTest::PumpUntil(const std::function<bool()>& holds) {
   const ULONGLONG begin = ::GetTickCount64();
   while (!holds()) {
-    if (::GetTickCount64() - begin > kPatienceMilliseconds) {
-      FAIL() << "waited too long";
+    if (::GetTickCount64() - begin > kHangMilliseconds) {
+      FAIL() << "what was waited for did not come";
     }
     ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kPersonMilliseconds, QS_ALLINPUT);
     Pump();

@@ -57,7 +57,7 @@ class WindowsDialogTest : public testing::Test {
   }
   const std::vector<MessageBoxSeen>& Boxes() const { return boxes_; }
 
-  // Handles the thread's messages until it holds; fails the test after half a minute.
+  // Handles the thread's messages until it holds; fails the test if it hangs.
   void PumpUntil(const std::function<bool()>& holds);
   // Handles those that are waiting.
   void Pump();

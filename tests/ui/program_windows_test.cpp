@@ -9,26 +9,25 @@
 #include <functional>
 
 #include "common/owner.h"
+#include "support/hang.h"
 #include "support/windows_dialog.h"
 #include "ui/resource.h"
 
 namespace ui {
 namespace {
 
-constexpr ULONGLONG kPatienceMilliseconds = 30000;
-
-// False when it has not come to hold after half a minute.
+// Returns false if it hangs.
 bool WaitUntil(const std::function<bool()>& holds) {
   const ULONGLONG begin = ::GetTickCount64();
   while (!holds()) {
-    if (::GetTickCount64() - begin > kPatienceMilliseconds) return false;
+    if (::GetTickCount64() - begin > tests::kHangMilliseconds) return false;
     ::Sleep(10);
   }
   return true;
 }
 
 DWORD ExitCodeOf(HANDLE process) {
-  EXPECT_EQ(::WaitForSingleObject(process, kPatienceMilliseconds), DWORD{WAIT_OBJECT_0});
+  EXPECT_EQ(::WaitForSingleObject(process, tests::kHangMilliseconds), DWORD{WAIT_OBJECT_0});
   DWORD code = 0;
   EXPECT_TRUE(::GetExitCodeProcess(process, &code));
   return code;

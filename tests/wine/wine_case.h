@@ -29,7 +29,8 @@ class WineCase : public testing::Test {
   // What a case that fails has left stays, to be looked at.
   ~WineCase() override;
 
-  // Both runs. A failure to run at all is a failure of the test.
+  // Both runs. A failure to run at all is a failure of the test, except that a run in which Wine
+  // itself failed is repeated in a fresh prefix, at most twice.
   void RunBoth(const simulator::Scenario& scenario, const RehearsalOptions& options = {});
   // That under Wine, by the link in the common start-up folder.
   void RunBothByLink(const simulator::Scenario& scenario);
@@ -44,12 +45,16 @@ class WineCase : public testing::Test {
     ExpectSameEnds();
   }
 
+  // Called with each new server_ before the program is started on it.
+  virtual void PrepareServer() {}
+
   simulator::Scenario scenario_;
   RehearsedRun rehearsed_;
   std::unique_ptr<simulator::WineServer> server_;
   simulator::WatchedRun watched_;
 
  private:
+  void PrintHowToRepeat() const;
   void Run(const simulator::Scenario& scenario, const RehearsalOptions& options, bool by_link);
 };
 

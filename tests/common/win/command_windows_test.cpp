@@ -10,6 +10,7 @@
 #include "common/errors.h"
 #include "common/win/child_process_list.h"
 #include "common/win/win_util.h"
+#include "support/hang.h"
 #include "support/recording_logger.h"
 
 namespace common::win {
@@ -90,8 +91,8 @@ TEST_F(RealCommand, IsStartedWithoutWaiting) {
   HANDLE thread = nullptr;
   ASSERT_TRUE(WinUtil::CreateProgressNoWait(logger_, "", "cmd /c exit 7", nullptr, nullptr, process,
                                             thread));
-  constexpr DWORD kPatience = 300'000;  // milliseconds; ends a hang
-  EXPECT_EQ(::WaitForSingleObject(process, kPatience), static_cast<DWORD>(WAIT_OBJECT_0));
+  EXPECT_EQ(::WaitForSingleObject(process, tests::kHangMilliseconds),
+            static_cast<DWORD>(WAIT_OBJECT_0));
   DWORD code = 0;
   EXPECT_TRUE(::GetExitCodeProcess(process, &code));
   EXPECT_EQ(code, 7U);
