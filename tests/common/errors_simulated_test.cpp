@@ -9,6 +9,7 @@
 #include "common/errors.h"
 #include "simulator/model/local_heap.h"
 #include "simulator/model/server.h"
+#include "simulator/model/system.h"
 
 namespace common {
 namespace {
@@ -53,6 +54,18 @@ TEST(GetLastErrorText, TakesTheErrorBeforeItAsksForTheMessage) {
 TEST(GetLastErrorText, WritesTheCodeAsASignedNumber) {
   simulator::Server server;
   EXPECT_EQ(GetLastErrorText(0xE0000001), "Last Error: [-536870911] ");
+}
+
+TEST(GetLastErrorText, HasAtMost1023Characters) {
+  // "Last Error: [5] " has 16 characters, the end of a message 2.
+  const std::string start = "Last Error: [5] ";
+  simulator::Server server;
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(1005, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1005, 'x') + "\r\n");
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(1006, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1006, 'x') + "\r");
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(3000, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1007, 'x'));
 }
 
 TEST(ReportLastError, WritesOneLineBehindTheMessagesOwnLineEnd) {
