@@ -15,7 +15,11 @@ void CriticalSections::Initialize(const void* address) {
 
 void CriticalSections::Enter(const void* address) {
   Section& section = Find(address, "EnterCriticalSection");
-  section.mutex.lock();
+  if (!section.mutex.try_lock()) {
+    waiting_.fetch_add(1, std::memory_order_relaxed);
+    section.mutex.lock();
+    waiting_.fetch_sub(1, std::memory_order_relaxed);
+  }
   ++section.depth;
   section.owner.store(std::this_thread::get_id(), std::memory_order_relaxed);
 }

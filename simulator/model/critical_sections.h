@@ -22,6 +22,8 @@ class CriticalSections {
   void Delete(const void* address);
 
   int Live() const;
+  // Threads that Enter keeps waiting for another to leave. Orders nothing between threads.
+  int Waiting() const { return waiting_.load(std::memory_order_relaxed); }
 
  private:
   struct Section {
@@ -32,6 +34,7 @@ class CriticalSections {
 
   Section& Find(const void* address, const char* call);
 
+  std::atomic<int> waiting_ = 0;
   // Shared while looking up, so that entering different sections orders nothing between threads.
   mutable std::shared_mutex mutex_;
   std::map<const void*, Section> sections_;
