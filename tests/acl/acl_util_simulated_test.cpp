@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "acl/acl_util.h"
@@ -296,6 +297,18 @@ TEST_F(ACLUtilTest, ClosesTheReport) {
   EXPECT_EQ(Restore(""), kRestored);
   // The file, twice, and the report.
   EXPECT_EQ(server_.calls().ArgumentsOf("_close").size(), 3U);
+}
+
+TEST_F(ACLUtilTest, KeepsTheObjectsPathInVerbatimForm) {
+  ACLUtil engine;
+  for (const auto& [path, kept] : std::vector<std::pair<std::string, std::string>>{
+           {"D:\\", "\\\\?\\D:\\"},
+           {"\\\\?\\D:\\", "\\\\?\\D:\\"},
+           {"\\\\server\\share\\", "\\\\?\\\\\\server\\share\\"},
+           {"", "\\\\?\\"}}) {
+    engine.SetObjectPath(path);
+    EXPECT_EQ(engine.object_path(), kept);
+  }
 }
 
 TEST_F(ACLUtilTest, FlushesEveryLineOfTheReport) {
