@@ -14,12 +14,9 @@ void CriticalSections::Initialize(const void* address) {
 }
 
 void CriticalSections::Enter(const void* address) {
+  if (watcher_) watcher_();
   Section& section = Find(address, "EnterCriticalSection");
-  if (!section.mutex.try_lock()) {
-    waiting_.fetch_add(1, std::memory_order_relaxed);
-    section.mutex.lock();
-    waiting_.fetch_sub(1, std::memory_order_relaxed);
-  }
+  section.mutex.lock();
   ++section.depth;
   section.owner.store(std::this_thread::get_id(), std::memory_order_relaxed);
 }

@@ -3,10 +3,12 @@
 #define SIMULATOR_MODEL_CRITICAL_SECTIONS_H_
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <shared_mutex>
 #include <thread>
+#include <utility>
 
 namespace simulator {
 
@@ -22,8 +24,10 @@ class CriticalSections {
   void Delete(const void* address);
 
   int Live() const;
-  // Threads that Enter keeps waiting for another to leave. Orders nothing between threads.
-  int Waiting() const { return waiting_.load(std::memory_order_relaxed); }
+
+  // Called on each thread that is about to enter one: it may hold the thread up. Set while no other
+  // thread enters.
+  void WatchEntering(std::function<void()> watcher) { watcher_ = std::move(watcher); }
 
  private:
   struct Section {
@@ -34,10 +38,10 @@ class CriticalSections {
 
   Section& Find(const void* address, const char* call);
 
-  std::atomic<int> waiting_ = 0;
   // Shared while looking up, so that entering different sections orders nothing between threads.
   mutable std::shared_mutex mutex_;
   std::map<const void*, Section> sections_;
+  std::function<void()> watcher_;
 };
 
 }  // namespace simulator

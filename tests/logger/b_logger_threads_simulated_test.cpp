@@ -19,37 +19,75 @@ namespace {
 // Orders nothing between threads, so that the thread checker sees what the logger's lock orders.
 constexpr auto kUnordered = std::memory_order_relaxed;
 
-using BLoggerThreads = tests::SimulatedLoggerTest;
+// A thread at the logger is held up, as the system may hold it up anywhere, and another one logs.
+class BLoggerThreads : public tests::SimulatedLoggerTest {
+ protected:
+  // Logs a line from each of two threads. The other one begins once the first is held up by what
+  // the test watches, or is done.
+  void LogFromBoth() {
+    std::thread other([this] {
+      while (!is_held_.load(kUnordered) && !is_first_done_.load(kUnordered)) {
+        std::this_thread::yield();
+      }
+      logger_->Info("the other's");
+      is_other_done_.store(true, kUnordered);
+    });
+    logger_->Info("the first's");
+    is_first_done_.store(true, kUnordered);
+    other.join();
+  }
 
-// The first line is held in the middle of its write until the other thread waits for the lock or,
-// where there is none, comes to write as well. When the lock is not held round the text of the line
-// or round its flush, the thread checker finds both threads in the stream.
+  // Holds the first thread up until something holds of the other one.
+  void HoldUntil(const std::atomic<bool>& holds) {
+    is_held_.store(true, kUnordered);
+    while (!holds.load(kUnordered)) std::this_thread::yield();
+  }
+
+  bool IsFirst() const { return std::this_thread::get_id() == first_; }
+
+  const std::thread::id first_ = std::this_thread::get_id();
+  std::atomic<bool> is_held_ = false;
+  std::atomic<bool> is_first_done_ = false;
+  std::atomic<bool> is_other_done_ = false;
+};
+
 TEST_F(BLoggerThreads, OneWritesWhileTheOtherWaits) {
   logger_->Info("opens the file");
-
-  std::atomic<bool> was_held = false;
-  std::atomic<bool> is_writing = false;
+  std::atomic<bool> other_is_there = false;  // before the lock, or, without one, in its own write
   std::atomic<bool> both_write = false;
   server_.calls().Watch([&](std::string_view name, const std::string&) {
     if (name != "_write") return;
-    if (is_writing.load(kUnordered)) both_write.store(true, kUnordered);
-    if (was_held.exchange(true, kUnordered)) return;
-    is_writing.store(true, kUnordered);
-    while (server_.threads().critical_sections().Waiting() == 0 && !both_write.load(kUnordered)) {
-      std::this_thread::yield();
+    if (IsFirst()) return HoldUntil(other_is_there);
+    if (!is_first_done_.load(kUnordered) && !other_is_there.load(kUnordered)) {
+      both_write.store(true, kUnordered);
+      other_is_there.store(true, kUnordered);
     }
-    is_writing.store(false, kUnordered);
   });
-  std::thread other([&] {
-    while (!was_held.load(kUnordered)) std::this_thread::yield();
-    logger_->Info("the other's");
+  server_.threads().critical_sections().WatchEntering([&] {
+    if (!IsFirst()) other_is_there.store(true, kUnordered);
   });
-  logger_->Info("the first's");
-  other.join();
-
+  LogFromBoth();
+  server_.threads().critical_sections().WatchEntering(nullptr);
+  server_.calls().Watch(nullptr);
   EXPECT_FALSE(both_write.load(kUnordered));
   EXPECT_EQ(Log(), Line("[Info]  opens the file") + Line("[Info]  the first's") +
                        Line("[Info]  the other's"));
+}
+
+// The thread checker sees what of a line is done before the lock is taken, or behind it.
+TEST_F(BLoggerThreads, NothingOfALineIsWrittenBeforeTheLockIsTaken) {
+  for (const int held_at : {1, 2}) {
+    is_held_ = is_first_done_ = is_other_done_ = false;
+    int entered = 0;
+    server_.threads().critical_sections().WatchEntering([&] {
+      if (IsFirst() && ++entered == held_at) HoldUntil(is_other_done_);
+    });
+    LogFromBoth();
+    server_.threads().critical_sections().WatchEntering(nullptr);
+  }
+  // The lock is taken once for a line.
+  EXPECT_EQ(Log(), Line("[Info]  the other's") + Line("[Info]  the first's") +
+                       Line("[Info]  the first's") + Line("[Info]  the other's"));
 }
 
 }  // namespace
