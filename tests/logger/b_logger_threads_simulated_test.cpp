@@ -74,6 +74,21 @@ TEST_F(BLoggerThreads, OneWritesWhileTheOtherWaits) {
                        Line("[Info]  the other's"));
 }
 
+TEST_F(BLoggerThreads, TheTextsAreReadAndSetUnderTheLock) {
+  int entered = 0;
+  server_.threads().critical_sections().WatchEntering([&] { ++entered; });
+  logger_->SetExtra("extra");
+  EXPECT_EQ(entered, 1);
+  logger_->GetExtra();
+  EXPECT_EQ(entered, 2);
+  logger_->GetLastErrorLine();
+  EXPECT_EQ(entered, 3);
+  logger_->Error("a line, and the last one of an error");
+  EXPECT_EQ(entered, 5);
+  logger_.reset();
+  EXPECT_EQ(entered, 6);
+}
+
 // The thread checker sees what of a line is done before the lock is taken, or behind it.
 TEST_F(BLoggerThreads, NothingOfALineIsWrittenBeforeTheLockIsTaken) {
   for (const int held_at : {1, 2}) {
