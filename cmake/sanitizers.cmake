@@ -4,3 +4,10 @@ if(VANTORO_SANITIZE)
   add_compile_options(-fsanitize=${VANTORO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${VANTORO_SANITIZE})
 endif()
+# For tests that a checker makes slow, or that it has to look away from. The compilers' own macros
+# differ.
+if(VANTORO_SANITIZE MATCHES "address")
+  add_compile_definitions(VANTORO_CHECKS_ADDRESSES)
+elseif(VANTORO_SANITIZE MATCHES "thread")
+  add_compile_definitions(VANTORO_CHECKS_THREADS)
+endif()

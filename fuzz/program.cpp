@@ -7,7 +7,6 @@
 #include "fuzz/scripted_server.h"
 #include "fuzz/targets.h"
 #include "restore/messages.h"
-#include "simulator/model/desktop.h"
 #include "simulator/model/dialogs.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/own_process.h"

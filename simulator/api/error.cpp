@@ -26,7 +26,10 @@ DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID, DWORD message_id, DWORD langua
   // With this flag the "buffer" is where the new block's address goes.
   char** const block = reinterpret_cast<char**>(buffer);
   *block = nullptr;
-  const std::optional<std::string_view> message = simulator::SystemMessage(message_id);
+  const auto& messages = call.server().system().messages;
+  const auto other = messages.find(message_id);
+  std::optional<std::string_view> message = simulator::SystemMessage(message_id);
+  if (other != messages.end()) message = other->second;
   if (!message) return call.Fail(0u, ERROR_MR_MID_NOT_FOUND);
   const std::string text = std::string(*message) + "\r\n";
   *block = static_cast<char*>(simulator::AllocateLocal(std::max<size_t>(size, text.size() + 1)));

@@ -110,6 +110,8 @@ BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
     start.output = simulator::StandardHandle(server.handles(), start, startup_info->hStdOutput);
     start.error = simulator::StandardHandle(server.handles(), start, startup_info->hStdError);
   }
+  start.flags = startup_info->dwFlags;
+  start.show_window = startup_info->wShowWindow;
   const auto child = server.processes().Start(std::move(start));
   if (!child) return call.Done(ERROR_FILE_NOT_FOUND);
   *process_information = {

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -48,12 +49,18 @@ ControlAnswer Replace(Control& control, const wchar_t* text) {
   return answer;
 }
 
+// Windows does not look at it, and reserves it.
+void RefuseUnless0(int64_t parameter, const char* message) {
+  if (parameter != 0) Unsupported(std::string(message) + " with a parameter that must be 0");
+}
+
 ControlAnswer SendToEdit(Control& control, UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case EM_SETSEL:
       Select(control, wparam, lparam);
       return {};
     case EM_SCROLLCARET:
+      RefuseUnless0(static_cast<int64_t>(wparam) | lparam, "EM_SCROLLCARET");
       control.shown.scrolled_to = control.shown.selection_end;
       return {};
     case EM_REPLACESEL:
@@ -85,12 +92,15 @@ ControlAnswer SendToProgressBar(ShownControl& bar, UINT message, WPARAM wparam, 
                                 bool has_states) {
   switch (message) {
     case PBM_SETRANGE:
+      RefuseUnless0(static_cast<int64_t>(wparam), "PBM_SETRANGE");
       return SetRange(bar, lparam);
     case PBM_SETPOS: {
+      RefuseUnless0(lparam, "PBM_SETPOS");
       const int position = std::clamp(static_cast<int>(wparam), bar.minimum, bar.maximum);
       return {std::exchange(bar.position, position), {}};
     }
     case PBM_SETSTATE:
+      RefuseUnless0(lparam, "PBM_SETSTATE");
       return SetState(bar, wparam, has_states);
     default:
       Unsupported("message " + std::to_string(message) + " to a progress bar");

@@ -14,6 +14,7 @@ void CriticalSections::Initialize(const void* address) {
 }
 
 void CriticalSections::Enter(const void* address) {
+  if (watcher_) watcher_();
   Section& section = Find(address, "EnterCriticalSection");
   section.mutex.lock();
   ++section.depth;

@@ -3,10 +3,12 @@
 #define SIMULATOR_MODEL_CRITICAL_SECTIONS_H_
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <shared_mutex>
 #include <thread>
+#include <utility>
 
 namespace simulator {
 
@@ -23,6 +25,10 @@ class CriticalSections {
 
   int Live() const;
 
+  // Called on each thread that is about to enter one: it may hold the thread up. Set while no other
+  // thread enters.
+  void WatchEntering(std::function<void()> watcher) { watcher_ = std::move(watcher); }
+
  private:
   struct Section {
     std::recursive_mutex mutex;  // a lock that thread checkers see as one
@@ -35,6 +41,7 @@ class CriticalSections {
   // Shared while looking up, so that entering different sections orders nothing between threads.
   mutable std::shared_mutex mutex_;
   std::map<const void*, Section> sections_;
+  std::function<void()> watcher_;
 };
 
 }  // namespace simulator

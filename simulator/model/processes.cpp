@@ -13,6 +13,8 @@ namespace simulator {
 
 ChildProcess::ChildProcess(ChildStart start, DWORD process_id)
     : command_line_(std::move(start.command_line)),
+      start_flags_(start.flags),
+      show_window_(start.show_window),
       process_id_(process_id),
       inherited_(std::move(start.inherited)),
       output_(std::move(start.output)),

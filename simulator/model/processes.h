@@ -34,6 +34,9 @@ struct ChildStart {
   // The standard handles; null when there is none that can be written to.
   std::shared_ptr<PipeWriteEnd> output;
   std::shared_ptr<PipeWriteEnd> error;
+  // STARTUPINFO's, as the child's GetStartupInfo gives them back.
+  DWORD flags = 0;
+  WORD show_window = 0;
 };
 
 // A running child. Thread-safe.
@@ -44,6 +47,8 @@ class ChildProcess {
   const std::string& CommandLine() const { return command_line_; }
   // Split at blanks as the C runtime splits it, quotation marks removed; [0] is the program.
   std::vector<std::string> Arguments() const;
+  DWORD StartFlags() const { return start_flags_; }
+  WORD ShowWindow() const { return show_window_; }
 
   // One write each; they block while the pipe is full. Without effect once the handle is closed,
   // its reader is gone, or the child is terminated.
@@ -74,6 +79,8 @@ class ChildProcess {
   bool End(DWORD exit_code);
 
   const std::string command_line_;
+  const DWORD start_flags_;
+  const WORD show_window_;
   const DWORD process_id_;
   std::stop_source stop_;  // requested when terminated
   mutable std::mutex mutex_;

@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,6 +52,9 @@ struct System {
   WORD architecture = PROCESSOR_ARCHITECTURE_AMD64;
   bool has_native_system_info = true;  // kernel32 exports GetNativeSystemInfo
   LANGID language = 1033;              // the system default
+
+  // Texts of error codes in place of the usual ones, without a line end.
+  std::map<DWORD, std::string> messages;
 
   std::string computer_name = "MIGRATED";
   std::string program_path = "C:\\vantoro_restore\\vantoro_restore.exe";

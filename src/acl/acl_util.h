@@ -53,6 +53,7 @@ class ACLUtil {
 
   // The volume's root, kept with "\\?\" in front.
   void SetObjectPath(const std::string& path);
+  const std::string& object_path() const { return object_path_; }
 
   void SetInputFile(const std::string& path) { input_file_ = path; }
   // Who becomes the owner of what refuses its descriptor, so that it can be tried once more.

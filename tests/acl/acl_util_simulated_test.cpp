@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "acl/acl_util.h"
@@ -301,6 +302,34 @@ TEST_F(ACLUtilTest, ClosesTheReport) {
   EXPECT_EQ(Restore(""), kRestored);
   // The file, twice, and the report.
   EXPECT_EQ(server_.calls().ArgumentsOf("_close").size(), 3U);
+}
+
+TEST_F(ACLUtilTest, AsksForTheSizesWithoutABuffer) {
+  EXPECT_EQ(Restore(LineOf("C:\\Data\\a.txt", 0, kSddl)), kRestored);
+  const Lines sizes = server_.calls().ArgumentsOf("MakeAbsoluteSD");
+  ASSERT_EQ(sizes.size(), 2U);
+  EXPECT_EQ(sizes[0], "0, 0, 0, 0, 0");
+}
+
+// They stand in the log.
+TEST(ACLUtilResult, HasAFixedCodeForEachFailure) {
+  EXPECT_EQ(kRestored, 0);
+  EXPECT_EQ(kWriteFailed, 25);
+  EXPECT_EQ(kConvertFailed, 27);
+  EXPECT_EQ(kNoInputFile, 33);
+  EXPECT_EQ(kInputFileUnreadable, 34);
+}
+
+TEST_F(ACLUtilTest, KeepsTheObjectsPathInVerbatimForm) {
+  ACLUtil engine;
+  for (const auto& [path, kept] : std::vector<std::pair<std::string, std::string>>{
+           {"D:\\", "\\\\?\\D:\\"},
+           {"\\\\?\\D:\\", "\\\\?\\D:\\"},
+           {"\\\\server\\share\\", "\\\\?\\\\\\server\\share\\"},
+           {"", "\\\\?\\"}}) {
+    engine.SetObjectPath(path);
+    EXPECT_EQ(engine.object_path(), kept);
+  }
 }
 
 TEST_F(ACLUtilTest, FlushesEveryLineOfTheReport) {

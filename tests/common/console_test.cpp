@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 #include "support/host.h"
@@ -60,12 +61,23 @@ TEST_F(ConsoleTest, ColorPrintTemplateCutsBehind2046Characters) {
   EXPECT_EQ(printed.Take(), std::string(2046, 'a'));
 }
 
+// Leaves nothing on the stack that a call before has left there.
+void ScribbleOnTheStack() {
+  std::array<volatile unsigned char, 4096> bytes;
+  for (volatile unsigned char& byte : bytes) byte = 0xFF;
+}
+
 TEST_F(ConsoleTest, TheColourPrintersFormatTheirText) {
   tests::PrintedText printed;
+  ScribbleOnTheStack();
   PrintRed(true, "%s %d\r\n", "red", 4);
+  ScribbleOnTheStack();
   PrintYellow(true, "%s %d\r\n", "yellow", 6);
+  ScribbleOnTheStack();
   PrintGreen(false, "%s %d\r\n", "green", 2);
-  EXPECT_EQ(printed.Take(), "red 4\r\nyellow 6\r\ngreen 2\r\n");
+  ScribbleOnTheStack();
+  ColorPrint(false, kRed, "%s %d\r\n", "grey", 3);
+  EXPECT_EQ(printed.Take(), "red 4\r\nyellow 6\r\ngreen 2\r\ngrey 3\r\n");
 }
 
 TEST_F(ConsoleTest, PrintsNothingForAnEmptyText) {

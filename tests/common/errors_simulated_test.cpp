@@ -56,6 +56,18 @@ TEST(GetLastErrorText, WritesTheCodeAsASignedNumber) {
   EXPECT_EQ(GetLastErrorText(0xE0000001), "Last Error: [-536870911] ");
 }
 
+TEST(GetLastErrorText, HasAtMost1023Characters) {
+  // "Last Error: [5] " has 16 characters, the end of a message 2.
+  const std::string start = "Last Error: [5] ";
+  simulator::Server server;
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(1005, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1005, 'x') + "\r\n");
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(1006, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1006, 'x') + "\r");
+  server.system().messages[ERROR_ACCESS_DENIED] = std::string(3000, 'x');
+  EXPECT_EQ(GetLastErrorText(ERROR_ACCESS_DENIED), start + std::string(1007, 'x'));
+}
+
 TEST(ReportLastError, WritesOneLineBehindTheMessagesOwnLineEnd) {
   simulator::Server server;
   ReportLastError("GetTempDir", "x", ERROR_ACCESS_DENIED);

@@ -8,11 +8,11 @@
 #include <cstdlib>
 #include <sstream>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTORO_CHECKS_ADDRESSES)
 #include <sanitizer/lsan_interface.h>
 #endif
 
-#if defined(__SANITIZE_THREAD__)
+#if defined(VANTORO_CHECKS_THREADS)
 // A child ends without joining what it has started.
 extern "C" const char* __tsan_default_options() { return "report_thread_leaks=0"; }
 #endif
@@ -27,7 +27,7 @@ constexpr unsigned kMostSeconds = 300;
 
 // Writes what it finds to standard error.
 void LookForLeaks() {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTORO_CHECKS_ADDRESSES)
   static_cast<void>(__lsan_do_recoverable_leak_check());
 #endif
 }

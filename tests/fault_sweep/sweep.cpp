@@ -11,9 +11,9 @@
 namespace fault_sweep {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTORO_CHECKS_ADDRESSES)
 constexpr int kEvery = 11;
-#elif defined(__SANITIZE_THREAD__)
+#elif defined(VANTORO_CHECKS_THREADS)
 constexpr int kEvery = 37;
 #else
 constexpr int kEvery = 1;

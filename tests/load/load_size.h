@@ -7,7 +7,7 @@
 
 namespace load {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(VANTORO_CHECKS_ADDRESSES) || defined(VANTORO_CHECKS_THREADS)
 inline constexpr bool kIsSanitized = true;
 #else
 inline constexpr bool kIsSanitized = false;

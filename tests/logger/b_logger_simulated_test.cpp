@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/model/clock.h"
@@ -59,6 +60,18 @@ TEST(BLoggerColours, TheOutOperationsPrintInTheColourOfTheirLevel) {
     EXPECT_EQ(spans[0].attributes, operation.attributes) << operation.name;
     EXPECT_EQ(spans[0].text, kStamp + operation.tag + "text\r\n") << operation.name;
   }
+}
+
+TEST_F(BLoggerOnAServer, TheConsoleGetsALineBeforeTheDebugger) {
+  // The console's colours are set before a line and reset behind it.
+  std::vector<size_t> debugger_lines;
+  server_.calls().Watch([&](std::string_view name, const std::string&) {
+    if (name != "SetConsoleTextAttribute") return;
+    debugger_lines.push_back(server_.console().DebuggerTexts().size());
+  });
+  logger_->ErrorOut("first");
+  logger_->ErrorOut("second");
+  EXPECT_EQ(debugger_lines, (std::vector<size_t>{0, 0, 1, 1}));
 }
 
 TEST_F(BLoggerOnAServer, TheDebuggerGetsTheLinesOfTheOutOperationsVerbatim) {

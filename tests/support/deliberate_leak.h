@@ -2,7 +2,7 @@
 #ifndef TESTS_SUPPORT_DELIBERATE_LEAK_H_
 #define TESTS_SUPPORT_DELIBERATE_LEAK_H_
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VANTORO_CHECKS_ADDRESSES
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -11,7 +11,7 @@ namespace tests {
 // What the calling thread allocates while this lives is not reported as leaked.
 class DeliberateLeak {
  public:
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VANTORO_CHECKS_ADDRESSES
   DeliberateLeak() { __lsan_disable(); }
   ~DeliberateLeak() { __lsan_enable(); }
 #else

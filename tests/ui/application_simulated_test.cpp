@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/model/com.h"
@@ -13,7 +14,6 @@
 #include "simulator/model/own_process.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shown_dialog.h"
 #include "simulator/model/volume.h"
 #include "support/simulated_program.h"
 
@@ -61,6 +61,36 @@ TEST_F(ApplicationTest, TakesItsStepsInOrder) {
                   "InitCommonControlsEx", "CreateDialogParamW", "ShowWindow", "DestroyWindow"}),
       (Lines{"GetVersionExW", "SetThreadUILanguage", "CoInitialize", "DefWindowProcW",
              "InitCommonControlsEx", "CreateDialogParamW", "ShowWindow", "DestroyWindow"}));
+}
+
+TEST_F(ApplicationTest, ChoosesTheLanguageBeforeItAsksForTheArchitecture) {
+  EXPECT_EQ(Run(), 0);
+  const Lines calls = CallsAmong({"SetThreadUILanguage", "GetModuleHandleW", "GetProcAddress"});
+  ASSERT_GE(calls.size(), 3U);
+  EXPECT_EQ(Lines(calls.begin(), calls.begin() + 3),
+            (Lines{"SetThreadUILanguage", "GetModuleHandleW", "GetProcAddress"}));
+}
+
+TEST_F(ApplicationTest, AsksForTheVersionWithoutItsExtension) {
+  // 276 bytes on Windows, whose units of text have two.
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(server_.calls().ArgumentsOf("GetVersionExW"),
+            Lines{std::to_string(20 + 128 * sizeof(wchar_t))});
+}
+
+TEST_F(ApplicationTest, AsksForTheBarsAndTheirContainers) {
+  // ICC_BAR_CLASSES | ICC_COOL_CLASSES.
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(server_.calls().ArgumentsOf("InitCommonControlsEx"), Lines{"1028"});
+}
+
+TEST_F(ApplicationTest, DestroysItsWindowBeforeItLeavesCom) {
+  std::vector<int> uses;
+  server_.calls().Watch([&](std::string_view name, const std::string&) {
+    if (name == "DestroyWindow") uses.push_back(server_.com().Uses());
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(uses, std::vector<int>{1});
 }
 
 TEST_F(ApplicationTest, EndsTheProcessBehindCom) {

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "simulator/model/shown_dialog.h"
 #include "support/simulated_program.h"
 
 namespace ui {

@@ -11,6 +11,8 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "ui/resource.h"
 
@@ -200,6 +202,44 @@ TEST(ProgramResources, TellTheVersion) {
   EXPECT_EQ(info->dwFileVersionLS, 0x00000001U);
   EXPECT_EQ(info->dwProductVersionMS, 0x00010001U);
   EXPECT_EQ(info->dwProductVersionLS, 0x00000001U);
+}
+
+// As the system reads them, the table of each language by its name.
+TEST(ProgramResources, TellTheirTextsInBothLanguages) {
+  DWORD unused = 0;
+  const DWORD size = ::GetFileVersionInfoSizeW(PROGRAM_FILE, &unused);
+  ASSERT_NE(size, 0U);
+  std::vector<char> version(size);
+  ASSERT_TRUE(::GetFileVersionInfoW(PROGRAM_FILE, 0, size, version.data()));
+  const auto value = [&version](const std::wstring& path) -> std::wstring {
+    void* found = nullptr;
+    UINT length = 0;
+    if (!::VerQueryValueW(version.data(), path.c_str(), &found, &length) || length == 0) return {};
+    return {static_cast<const wchar_t*>(found), length - 1};  // without the terminator
+  };
+
+  const std::array<std::pair<const wchar_t*, const wchar_t*>, 2> tables = {{
+      {L"\\StringFileInfo\\040904B0\\", L"Vantoro Restore Tool"},
+      {L"\\StringFileInfo\\080404B0\\", L"Vantoro迁云还原检查工具"},
+  }};
+  for (const auto& [table, title] : tables) {
+    const std::wstring path = table;
+    EXPECT_EQ(value(path + L"FileDescription"), title);
+    EXPECT_EQ(value(path + L"FileVersion"), L"1.1.0.1");
+    EXPECT_EQ(value(path + L"InternalName"), L"vantoro_restore");
+    EXPECT_EQ(value(path + L"OriginalFilename"), L"vantoro_restore.exe");
+    EXPECT_EQ(value(path + L"ProductName"), title);
+    EXPECT_EQ(value(path + L"ProductVersion"), L"1.1.0.1");
+  }
+
+  // The tables that there are: language and code page of each.
+  void* translations = nullptr;
+  UINT length = 0;
+  ASSERT_TRUE(
+      ::VerQueryValueW(version.data(), L"\\VarFileInfo\\Translation", &translations, &length));
+  const auto* const words = static_cast<const WORD*>(translations);
+  EXPECT_EQ(std::vector<WORD>(words, words + length / sizeof(WORD)),
+            (std::vector<WORD>{0x0409, 0x04B0, 0x0804, 0x04B0}));
 }
 
 }  // namespace

@@ -55,6 +55,23 @@ class StartProcess : public testing::Test {
     return text;
   }
 
+  struct ToldToShow {
+    DWORD flags;
+    WORD show_window;
+  };
+
+  // What a tool that is given those handles is told of its window and its handles.
+  ToldToShow ToldToTool(HANDLE output, HANDLE error) {
+    ToldToShow told{};
+    server_.processes().Install("tool", [&told](Server&, ChildProcess& child) -> DWORD {
+      told = {child.StartFlags(), child.ShowWindow()};
+      return 0;
+    });
+    EXPECT_TRUE(Start("", "tool", output, error));
+    server_.processes().WaitForAll();
+    return told;
+  }
+
   Server server_;
   tests::RecordingLogger logger_;
   HANDLE process_ = kUntouched;
@@ -94,6 +111,19 @@ TEST_F(StartProcess, GivesTheOutputHandleAlone) { EXPECT_EQ(OutputOf(true, false
 TEST_F(StartProcess, GivesTheErrorHandleAlone) { EXPECT_EQ(OutputOf(false, true), "error"); }
 
 TEST_F(StartProcess, GivesBothHandles) { EXPECT_EQ(OutputOf(true, true), "outputerror"); }
+
+TEST_F(StartProcess, HidesTheWindowOfAToolWithoutHandles) {
+  const ToldToShow told = ToldToTool(nullptr, nullptr);
+  EXPECT_EQ(told.flags, DWORD{STARTF_USESHOWWINDOW});
+  EXPECT_EQ(told.show_window, SW_HIDE);
+}
+
+TEST_F(StartProcess, ReplacesTheFlagOfTheWindowByThatOfTheHandles) {
+  const HANDLE handle = reinterpret_cast<HANDLE>(uintptr_t{0x77});
+  EXPECT_EQ(ToldToTool(handle, handle).flags, DWORD{STARTF_USESTDHANDLES});
+  EXPECT_EQ(ToldToTool(handle, nullptr).flags, DWORD{STARTF_USESTDHANDLES});
+  EXPECT_EQ(ToldToTool(nullptr, handle).flags, DWORD{STARTF_USESTDHANDLES});
+}
 
 TEST_F(StartProcess, LeavesTheHandlesWhenItFails) {
   EXPECT_FALSE(Start("", "missing"));
