@@ -13,6 +13,7 @@
 #include "simulator/model/clock.h"
 #include "simulator/model/desktop.h"
 #include "simulator/model/message_boxes.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_program.h"
 
 namespace load {

@@ -10,6 +10,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "support/test_names.h"
+
 namespace simulator {
 namespace {
 
@@ -52,34 +54,58 @@ TEST(FailureOfWine, IsAWatchThatNeverCameUp) {
   EXPECT_EQ(FailureOfWine({}), "Wine did not start the program that watches the run");
 }
 
-class NoFailureOfWine : public testing::TestWithParam<DWORD> {};
+struct Code {
+  const char* name;
+  DWORD value;
+
+  friend void PrintTo(const Code& code, std::ostream* out) { *out << code.name; }
+};
+
+class NoFailureOfWine : public testing::TestWithParam<Code> {};
 
 TEST_P(NoFailureOfWine, IsAnErrorOfTheProgramsOwn) {
   RunEvidence run = Ended();
-  run.start_error = GetParam();
+  run.start_error = GetParam().value;
   run.log = "[Error] WinUtil::CreateProgressNoWait Failed: Last Error: [" +
-            std::to_string(GetParam()) + "] why\r\n";
+            std::to_string(GetParam().value) + "] why\r\n";
   EXPECT_EQ(FailureOfWine(run), std::nullopt);
 }
 
-// No such file, access denied, no memory, no program, wrong processor, 1359 but for a digit.
-INSTANTIATE_TEST_SUITE_P(Codes, NoFailureOfWine, testing::Values(0, 2, 5, 8, 193, 216, 135, 13590));
+INSTANTIATE_TEST_SUITE_P(Codes, NoFailureOfWine,
+                         testing::Values(Code{"none", 0}, Code{"no such file", 2},
+                                         Code{"access denied", 5}, Code{"no memory", 8},
+                                         Code{"no program", 193}, Code{"wrong processor", 216},
+                                         Code{"1359 less a digit", 135},
+                                         Code{"1359 and a digit", 13590}),
+                         tests::NamedAsPrinted());
 
-class NoFailureInTrace : public testing::TestWithParam<const char*> {};
+struct Line {
+  const char* name;
+  const char* text;
+
+  friend void PrintTo(const Line& line, std::ostream* out) { *out << line.name; }
+};
+
+class NoFailureInTrace : public testing::TestWithParam<Line> {};
 
 TEST_P(NoFailureInTrace, IsWhatAProgramCanBringAbout) {
-  EXPECT_EQ(FailureInTrace(GetParam()), std::nullopt);
+  EXPECT_EQ(FailureInTrace(GetParam().text), std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, NoFailureInTrace,
     testing::Values(
-        "", "fixme:advapi:InitiateSystemShutdownExW (null) L\"wine client error:\" 30 0 1 0x0\n",
-        "wine: Unhandled page fault on read access to 0000000000000000 at address 0000000140001000 "
-        "(thread 0024), starting debugger...\n",
-        "wine: failed to open L\"C:\\\\vantoro_restore.exe\": c0000135\n",
-        "err:virtual:virtual_map_image failed to map\n",
-        "err:module:import_dll Library other.dll not found\n"));
+        Line{"nothing", ""},
+        Line{"a shutdown that quotes a failure",
+             "fixme:advapi:InitiateSystemShutdownExW (null) L\"wine client error:\" 30 0 1 0x0\n"},
+        Line{"a crash",
+             "wine: Unhandled page fault on read access to 0000000000000000 at address "
+             "0000000140001000 (thread 0024), starting debugger...\n"},
+        Line{"a missing program",
+             "wine: failed to open L\"C:\\\\vantoro_restore.exe\": c0000135\n"},
+        Line{"an image that cannot be mapped", "err:virtual:virtual_map_image failed to map\n"},
+        Line{"a missing library", "err:module:import_dll Library other.dll not found\n"}),
+    tests::NamedAsPrinted());
 
 TEST(FailureInTrace, IsWhatTheLoaderTells) {
   for (const char* const line :

@@ -14,6 +14,7 @@
 #include "simulator/model/own_process.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/volume.h"
 #include "support/simulated_program.h"
 

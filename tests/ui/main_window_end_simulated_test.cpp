@@ -9,6 +9,7 @@
 #include "simulator/model/dialog_procedures.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/security.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/model/shutdown.h"
 #include "simulator/model/volume.h"
 #include "support/deliberate_leak.h"

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_program.h"
 
 namespace ui {

@@ -13,9 +13,10 @@
 #include <vector>
 
 #include "restore/messages.h"
-#include "simulator/model/server.h"
 #include "simulator/model/clock.h"
 #include "simulator/model/console.h"
+#include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
 #include "support/simulated_program.h"
 
 namespace ui {
