@@ -3,9 +3,8 @@
 # installation, and the build.
 
 program_packages='g++ cmake ninja-build nlohmann-json3-dev'
-test_packages='libgtest-dev'
+test_packages='libgtest-dev clang libclang-rt-14-dev'
 windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 wine64-preloader xvfb xauth locales imagemagick zip'
-fuzz_packages='clang libclang-rt-14-dev'
 bench_packages='libbenchmark-dev valgrind acl'
 coverage_packages='gcovr'
 static_packages='clang-tidy cppcheck'

@@ -165,7 +165,7 @@ ScriptedServer::ScriptedServer(std::string_view script) {
     if (section.Word(0) == "file") WriteFile(section, sources, server_.files());
     if (section.Word(0) == "user") intention_ = IntentionOf(section);
     if (section.Word(0) == "free") {
-      server_.files().VolumeAt('C')->free = static_cast<uint64_t>(std::max(section.Number(1), 0));
+      server_.files().SetFreeSpace('C', static_cast<uint64_t>(std::max(section.Number(1), 0)));
     }
   }
   server_.files().Watch([this](const std::string& path, std::string_view bytes) {

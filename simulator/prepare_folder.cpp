@@ -3,7 +3,6 @@
 #include "simulator/model/path_name.h"
 #include "simulator/model/sddl_text.h"
 #include "simulator/source_tree.h"
-#include "simulator/model/account_domains.h"
 
 namespace simulator {
 namespace {

@@ -8,6 +8,7 @@
 #include "simulator/model/path_name.h"
 #include "simulator/model/security.h"
 #include "simulator/model/shared_descriptors.h"
+#include "simulator/model/unsupported.h"
 #include "simulator/model/volume.h"
 
 namespace simulator {
@@ -61,6 +62,8 @@ bool FileSystem::Mount(char letter, std::shared_ptr<Volume> volume) {
   return letters_.emplace(upper, std::move(volume)).second;
 }
 
+bool FileSystem::MountEmpty(char letter) { return Mount(letter, AddVolume({})); }
+
 void FileSystem::Unmount(char letter) {
   const std::lock_guard lock(shared_->mutex);
   letters_.erase(UpperLetter(letter));
@@ -70,6 +73,13 @@ std::shared_ptr<Volume> FileSystem::VolumeAt(char letter) const {
   const std::lock_guard lock(shared_->mutex);
   const auto found = letters_.find(UpperLetter(letter));
   return found == letters_.end() ? nullptr : found->second;
+}
+
+void FileSystem::SetFreeSpace(char letter, uint64_t bytes) {
+  const std::shared_ptr<Volume> volume = VolumeAt(letter);
+  if (volume == nullptr) Unsupported("the free space of no volume");
+  const std::lock_guard lock(shared_->mutex);
+  volume->free = bytes;
 }
 
 std::optional<char> FileSystem::LetterOf(const Volume& volume) const {

@@ -56,9 +56,11 @@ class FileSystem final : public Files {
 
   std::shared_ptr<Volume> AddVolume(Volume volume) override;
   bool Mount(char letter, std::shared_ptr<Volume> volume) override;
+  bool MountEmpty(char letter) override;
   void Unmount(char letter) override;
   std::shared_ptr<Volume> VolumeAt(char letter) const override;
   std::optional<char> LetterOf(const Volume& volume) const override;
+  void SetFreeSpace(char letter, uint64_t bytes) override;
   bool Exists(std::string_view path) const override;
   void MakeDirectories(std::string_view path) override;
   void Write(std::string_view path, std::string bytes) override;

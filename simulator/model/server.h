@@ -128,9 +128,12 @@ class Files {
   // the descriptor that Windows formats NTFS with. It need not be mounted; its nodes can be walked.
   virtual std::shared_ptr<Volume> AddVolume(Volume volume) = 0;
   virtual bool Mount(char letter, std::shared_ptr<Volume> volume) = 0;  // false if it is taken
+  virtual bool MountEmpty(char letter) = 0;  // likewise, a new NTFS volume
   virtual void Unmount(char letter) = 0;
   virtual std::shared_ptr<Volume> VolumeAt(char letter) const = 0;  // null if free
   virtual std::optional<char> LetterOf(const Volume& volume) const = 0;
+  // The bytes that can still be written. Aborts if the letter is free.
+  virtual void SetFreeSpace(char letter, uint64_t bytes) = 0;
 
   virtual bool Exists(std::string_view path) const = 0;
   // Missing parents are made.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "simulator/model/access.h"
+#include "simulator/model/descriptor.h"
 #include "simulator/model/inheritance.h"
 #include "simulator/model/node.h"
 #include "simulator/model/well_known_sids.h"

@@ -6,11 +6,10 @@
 #include <map>
 #include <memory>
 
-#include "simulator/model/access.h"
-#include "simulator/model/descriptor.h"
-
 namespace simulator {
 
+struct Descriptor;
+struct Identity;
 struct Node;
 
 // Not thread-safe.

@@ -9,7 +9,6 @@
 #include "acl/prepare_dir.h"
 #include "simulator/model/clock.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_events.h"
 #include "support/simulated_progress.h"
@@ -25,7 +24,7 @@ class RestorePrepareDirTest : public testing::Test {
  protected:
   RestorePrepareDirTest() {
     ACLUtil::privileges_enabled = false;
-    server_.files().Mount('D', server_.files().AddVolume({}));
+    server_.files().MountEmpty('D');
   }
   ~RestorePrepareDirTest() override { ACLUtil::privileges_enabled = false; }
 

@@ -10,7 +10,6 @@
 #include "simulator/model/console.h"
 #include "simulator/model/files.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 
 namespace common {
 namespace {
@@ -50,7 +49,7 @@ TEST(CreateAndWriteFile, ReportsWhyTheFileDoesNotOpen) {
 
 TEST(CreateAndWriteFile, IsFalseInSilenceWhenTheDiskFillsUp) {
   simulator::Server server;
-  server.files().VolumeAt('C')->free = 10'000;
+  server.files().SetFreeSpace('C', 10'000);
   EXPECT_FALSE(CreateAndWriteFile(kPath, std::string(1'000'000, 'x')));
   EXPECT_EQ(server.console().Text(), "");
   EXPECT_EQ(server.file_system().Delete(kPath), DWORD{ERROR_SUCCESS});

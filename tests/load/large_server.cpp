@@ -65,7 +65,7 @@ void LargeServer::AddVolume(int volume) {
   constexpr uint64_t kGigabyte = uint64_t{1} << 30;
   const char letter = LetterOf(volume);
   simulator::FileSystem& files = server_.file_system();
-  if (letter != 'C') files.Mount(letter, files.AddVolume({}));
+  if (letter != 'C') files.MountEmpty(letter);
   simulator::Disk disk;
   disk.number = volume;
   disk.size = 100 * kGigabyte;

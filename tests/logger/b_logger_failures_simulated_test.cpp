@@ -12,7 +12,6 @@
 #include "simulator/model/files.h"
 #include "simulator/model/server.h"
 #include "simulator/model/threads.h"
-#include "simulator/model/volume.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {
@@ -176,10 +175,10 @@ TEST_F(BLoggerAfterAFailedWrite, AMissingFolderIsMadeOnceMore) {
 }
 
 TEST_F(BLoggerFailures, ADiskThatFillsUpEndsTheFileForGood) {
-  server_.files().VolumeAt('C')->free = 50;
+  server_.files().SetFreeSpace('C', 50);
   logger_->InfoOut("before");
   logger_->InfoOut("this line does not fit on the disk any more");
-  server_.files().VolumeAt('C')->free = 1'000'000;
+  server_.files().SetFreeSpace('C', 1'000'000);
   logger_->InfoOut("after");
   EXPECT_EQ(Log().size(), 50u);
   EXPECT_EQ(Log().substr(0, 38), Line("[Info]  before"));

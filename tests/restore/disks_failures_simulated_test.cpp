@@ -12,7 +12,6 @@
 #include "restore/stages.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
 
@@ -38,7 +37,7 @@ class RestoreDisksFailure : public testing::Test {
   }
 
   void Mount(char letter, const std::string& source) {
-    server_.files().Mount(letter, server_.files().AddVolume({}));
+    server_.files().MountEmpty(letter);
     const std::string path = std::string(1, letter) + ":\\vantoro_prepare\\backup_info";
     server_.files().Write(path, source + "\r\n");
   }

@@ -136,8 +136,8 @@ TEST_F(RestoreDisksTest, RotatesThreeLetters) {
 
 TEST_F(RestoreDisksTest, GivesALetterlessDiskOneToReadItsInformation) {
   AddSystemDisk();
-  server_.files().Mount('D', server_.files().AddVolume({}));
-  server_.files().Mount('E', server_.files().AddVolume({}));
+  server_.files().MountEmpty('D');
+  server_.files().MountEmpty('E');
   const auto data = AddDisk(0, "G\r\n");
   EXPECT_TRUE(Restore());
   EXPECT_EQ(LetterOf(data), 'g');
@@ -331,7 +331,7 @@ TEST_F(RestoreDisksTest, SucceedsWithoutAnyDisk) {
 TEST_F(RestoreDisksTest, ReportsADiskWithoutAFreeLetterLeft) {
   AddSystemDisk();
   for (char letter = 'D'; letter <= 'Z'; ++letter) {
-    server_.files().Mount(letter, server_.files().AddVolume({}));
+    server_.files().MountEmpty(letter);
   }
   AddDisk(0, "F");
   EXPECT_FALSE(Restore());

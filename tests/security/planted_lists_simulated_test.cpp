@@ -34,7 +34,7 @@ class PlantedLists : public testing::Test {
  protected:
   PlantedLists() {
     acl::ACLUtil::privileges_enabled = false;
-    server_.files().Mount('D', server_.files().AddVolume({}));
+    server_.files().MountEmpty('D');
     server_.files().Write(kVictim, "program");
     tests::Secure(server_, kVictim, kVictimSddl);
     Plant("backup_info", "d\r\n\r\n\r\n1\r\n");

@@ -84,7 +84,7 @@ TEST_F(Bcdboot, LeavesNoReferenceToALoaderThatGoes) {
 }
 
 TEST_F(Bcdboot, MakesTheManagerAnewOnTheDrive) {
-  server_.files().Mount('S', server_.files().AddVolume({}));
+  server_.files().MountEmpty('S');
   BootStore expected = store_;
   expected.Find("{bootmgr}")->Set("device", {"partition=S:"});
   store_.entries.erase(store_.entries.begin());

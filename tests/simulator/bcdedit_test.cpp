@@ -7,7 +7,6 @@
 #include "simulator/model/boot_store.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/test_names.h"
@@ -241,7 +240,7 @@ TEST_F(Bcdedit, ExportNeedsAFileThatCanBeMade) {
 }
 
 TEST_F(Bcdedit, ExportNeedsRoomForTheWholeStore) {
-  server_.files().VolumeAt('C')->free = 100;
+  server_.files().SetFreeSpace('C', 100);
   ExpectFailure({"/export", kBackup},
                 std::string(kExportFailed) + "There is not enough space on the disk.\r\n");
 }

@@ -12,7 +12,6 @@
 
 #include "simulator/api/crt_call.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -94,7 +93,7 @@ TEST_F(CrtFilesTest, ForbidDeletingWhileTheyAreOpen) {
 
 TEST_F(CrtFilesTest, FailToCloseOnAFullDisk) {
   File file = Open("C:\\a.txt", "w");
-  server_.files().VolumeAt('C')->free = 2;
+  server_.files().SetFreeSpace('C', 2);
   fputs("123", file.get());
   EXPECT_EQ(fclose(file.release()), EOF);
   EXPECT_EQ(errno, ENOSPC);

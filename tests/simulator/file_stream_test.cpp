@@ -8,7 +8,6 @@
 
 #include "simulator/model/files.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -104,7 +103,7 @@ TEST_F(FileStreamTest, RefusesModesWithoutMeaning) {
 
 TEST_F(FileStreamTest, IsBadOnceAFlushCannotWrite) {
   stream_.open("C:\\a.txt", ios_base::out | ios_base::app);
-  server_.files().VolumeAt('C')->free = 0;
+  server_.files().SetFreeSpace('C', 0);
   stream_ << "x";
   EXPECT_TRUE(stream_.good());
   stream_.flush();

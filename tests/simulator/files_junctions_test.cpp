@@ -18,7 +18,7 @@ namespace {
 class SimulatedJunctions : public testing::Test {
  protected:
   SimulatedJunctions() {
-    files_.Mount('D', files_.AddVolume({}));
+    files_.MountEmpty('D');
     files_.Write("D:\\Data\\a.txt", "x");
   }
 
@@ -172,7 +172,7 @@ TEST_F(SimulatedJunctions, AreNotMadeOfFoldersThatHoldSomething) {
 }
 
 TEST_F(SimulatedJunctions, AreNotMadeOfRoots) {
-  files_.Mount('E', files_.AddVolume({}));
+  files_.MountEmpty('E');
   const auto root = OpenFolder("E:\\", true);
   EXPECT_EQ(files_.SetReparsePoint(*root, JunctionBuffer("C:\\")), DWORD{ERROR_DIR_NOT_EMPTY});
   EXPECT_EQ(AttributesOf("E:\\"), DWORD{FILE_ATTRIBUTE_DIRECTORY});

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 
-#include "simulator/model/descriptor.h"
 #include "simulator/model/files.h"
 #include "simulator/model/open_file.h"
 #include "simulator/model/open_node.h"
@@ -202,7 +201,7 @@ TEST_F(SimulatedRights, AreNotKeptByFat) {
   files_.Write("F:\\a.txt", "x");
   Allow("F:\\a.txt", "");
   EXPECT_EQ(OpenError("F:\\a.txt", {.read = true}), DWORD{ERROR_SUCCESS});
-  EXPECT_EQ(files_.DescriptorOf("F:\\a.txt"), std::nullopt);
+  EXPECT_EQ(tests::SddlOf(server_, "F:\\a.txt"), "none");
 }
 
 TEST_F(SimulatedRights, AreNotAskedOfTests) {

@@ -234,7 +234,7 @@ TEST_F(SimulatedFiles, FillsTheGapLeftByATruncationWithZeros) {
 
 TEST_F(SimulatedFiles, WritesWhatFitsBeforeTheDiskIsFull) {
   const auto file = Open("C:\\a", {.write = true, .creation = Creation::kCreateAlways});
-  files_.VolumeAt('C')->free = 3;
+  files_.SetFreeSpace('C', 3);
   size_t written = 0;
   EXPECT_EQ(file->Write("12345", &written), DWORD{ERROR_DISK_FULL});
   EXPECT_EQ(written, 3u);
@@ -244,7 +244,7 @@ TEST_F(SimulatedFiles, WritesWhatFitsBeforeTheDiskIsFull) {
 
 TEST_F(SimulatedFiles, OverwritesOnAFullDisk) {
   files_.Write("C:\\a", "123");
-  files_.VolumeAt('C')->free = 0;
+  files_.SetFreeSpace('C', 0);
   const auto file = Open("C:\\a", {.write = true});
   size_t written = 0;
   EXPECT_EQ(file->Write("xyz", &written), DWORD{ERROR_SUCCESS});
@@ -253,7 +253,7 @@ TEST_F(SimulatedFiles, OverwritesOnAFullDisk) {
 
 TEST_F(SimulatedFiles, TruncatingGivesBytesBack) {
   files_.Write("C:\\a", "12345");
-  files_.VolumeAt('C')->free = 0;
+  files_.SetFreeSpace('C', 0);
   Open("C:\\a", {.write = true, .creation = Creation::kCreateAlways});
   EXPECT_EQ(files_.VolumeAt('C')->free, 5u);
 }
@@ -272,8 +272,8 @@ TEST_F(SimulatedFiles, FollowsALetterAtOnceButKeepsOpenFilesOnTheirVolume) {
 }
 
 TEST_F(SimulatedFiles, GivesALetterToOneVolume) {
-  EXPECT_FALSE(files_.Mount('c', files_.AddVolume({})));
-  EXPECT_FALSE(files_.Mount('1', files_.AddVolume({})));
+  EXPECT_FALSE(files_.MountEmpty('c'));
+  EXPECT_FALSE(files_.MountEmpty('1'));
 }
 
 TEST_F(SimulatedFiles, KnowsTheLetterOfAVolumeAndTheNextFreeOne) {

@@ -11,7 +11,6 @@
 #include "simulator/model/open_file.h"
 #include "simulator/model/security.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "support/test_names.h"
 
 namespace simulator {
@@ -136,7 +135,7 @@ TEST_F(HandlesToFiles, OutliveTheServersFiles) {
   {
     const Security security;
     FileSystem files(security);
-    files.Mount('C', files.AddVolume({}));
+    files.MountEmpty('C');
     files.Write("C:\\a", "x");
     ASSERT_EQ(files.OpenHandle("C:\\a",
                                HandleMode{.access = GENERIC_READ,

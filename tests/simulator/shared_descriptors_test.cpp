@@ -37,7 +37,7 @@ class NewDescriptors : public testing::Test {
 };
 
 TEST_F(NewDescriptors, OfARootAreThoseOfAFormattedVolume) {
-  files_.Mount('D', files_.AddVolume({}));
+  files_.MountEmpty('D');
   EXPECT_EQ(tests::SddlOf(server_, "D:\\"),
             "O:BAG:SYD:AI(A;OICI;FA;;;BA)(A;OICI;FA;;;SY)(A;OICIIO;GA;;;CO)"
             "(A;OICI;0x1200a9;;;BU)(A;CI;LC;;;BU)(A;CIIO;DC;;;BU)(A;;0x1200a9;;;WD)");

@@ -7,7 +7,6 @@
 
 #include "simulator/model/files.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 
 namespace simulator {
 namespace {
@@ -83,7 +82,7 @@ TEST_F(TextFileTest, WritesBinaryAsItIs) {
 TEST_F(TextFileTest, CountsTheCharactersThatFitOnTheDisk) {
   TextFile file(Open({.write = true, .creation = Creation::kCreateAlways}), Translation::kText,
                 false);
-  server_.files().VolumeAt('C')->free = 4;
+  server_.files().SetFreeSpace('C', 4);
   size_t written = 0;
   EXPECT_EQ(file.Write("a\nb\nc", &written), DWORD{ERROR_DISK_FULL});
   EXPECT_EQ(written, 3u);

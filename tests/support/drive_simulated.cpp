@@ -1,13 +1,12 @@
 #ifndef _WIN32
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "support/drive.h"
 
 namespace tests {
 
 Drive::Drive() {
   simulator::Files& files = simulator::Server::Current().files();
-  is_free_ = files.Mount(letter_, files.AddVolume({}));
+  is_free_ = files.MountEmpty(letter_);
 }
 
 Drive::~Drive() {

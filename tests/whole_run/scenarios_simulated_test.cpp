@@ -9,9 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/model/descriptor.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/node.h"
+#include "simulator/model/sddl_text.h"
+#include "simulator/model/security.h"
 #include "simulator/report_descriptors.h"
 #include "support/simulated_descriptors.h"
 #include "support/simulated_process.h"
@@ -94,10 +95,10 @@ TEST(DefaultRun, ComparesDescriptorsOfManyKinds) {
   WholeRun run("default");
   std::set<std::string> texts;
   for (const auto& volume : run.sources()) {
-    simulator::VisitTree(volume.letter, *volume.root,
-                         [&](const std::string&, const simulator::Node& node) {
-                           texts.insert(simulator::DescriptorBytes(*node.security));
-                         });
+    simulator::VisitTree(
+        volume.letter, *volume.root, [&](const std::string&, const simulator::Node& node) {
+          texts.insert(simulator::SddlText(*node.security, run.server().security().domains()));
+        });
   }
   EXPECT_GE(texts.size(), 40u);
 }

@@ -11,6 +11,7 @@
 #include "simulator/model/own_process.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
+#include "simulator/model/shown_dialog.h"
 #include "simulator/scenario.h"
 #include "simulator/source_tree.h"
 #include "support/simulated_process.h"
@@ -102,7 +103,7 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
   run.has_program_link = server.files().Exists(options.program_folder + kLinkName);
   run.boxes = server.message_boxes().Shown();
   if (!server.dialogs().All().empty()) {
-    run.dialog = server.dialogs().All().back();
+    run.dialog = std::make_shared<simulator::ShownDialog>(server.dialogs().All().back());
   }
   run.restart = server.shutdown().Scheduled();
   ForgetProcess();

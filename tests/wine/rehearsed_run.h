@@ -3,6 +3,7 @@
 #define TESTS_WINE_REHEARSED_RUN_H_
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -10,11 +11,11 @@
 
 #include "simulator/model/boot_store.h"
 #include "simulator/model/message_boxes.h"
-#include "simulator/model/shown_dialog.h"
 #include "simulator/model/shutdown.h"
 
 namespace simulator {
 struct Scenario;
+struct ShownDialog;
 }  // namespace simulator
 
 namespace tests {
@@ -35,7 +36,7 @@ struct RehearsedRun {
   bool has_common_link = false;
   bool has_program_link = false;
   std::vector<simulator::ShownMessageBox> boxes;
-  simulator::ShownDialog dialog;  // as it was last
+  std::shared_ptr<const simulator::ShownDialog> dialog;  // as it was last
   std::optional<simulator::ShutdownRequest> restart;
   int exit_code = -1;
 };

@@ -156,13 +156,13 @@ void WineCase::ExpectSameEnds() {
   ASSERT_FALSE(watched_.boxes.empty());
   ASSERT_TRUE(watched_.boxes.back().dialog.has_value());
   const simulator::WatchedDialog& dialog = *watched_.boxes.back().dialog;
-  EXPECT_EQ(WithoutTime(dialog.title), WithoutTime(rehearsed_.dialog.caption));
-  const simulator::ShownControl& bar = rehearsed_.dialog.Control(IDC_PROGRESS);
+  EXPECT_EQ(WithoutTime(dialog.title), WithoutTime(rehearsed_.dialog->caption));
+  const simulator::ShownControl& bar = rehearsed_.dialog->Control(IDC_PROGRESS);
   EXPECT_EQ(dialog.position, bar.position);
   EXPECT_EQ(dialog.maximum, bar.maximum);
   EXPECT_EQ(watched_.bar_states, BarStatesOf(bar));
-  EXPECT_EQ(dialog.note, rehearsed_.dialog.Control(IDC_NOTE).text);
-  EXPECT_EQ(dialog.cancel, rehearsed_.dialog.Control(IDCANCEL).text);
+  EXPECT_EQ(dialog.note, rehearsed_.dialog->Control(IDC_NOTE).text);
+  EXPECT_EQ(dialog.cancel, rehearsed_.dialog->Control(IDCANCEL).text);
 }
 
 }  // namespace tests
