@@ -12,7 +12,6 @@
 #include "simulator/model/dialog.h"
 #include "simulator/model/dialog_procedures.h"
 #include "simulator/model/dialog_template.h"
-#include "simulator/model/graphics.h"
 
 using simulator::Call;
 using simulator::Control;

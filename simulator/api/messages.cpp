@@ -8,7 +8,6 @@
 #include "simulator/model/dialog.h"
 #include "simulator/model/dialog_procedures.h"
 #include "simulator/model/dialogs.h"
-#include "simulator/model/graphics.h"
 #include "simulator/model/own_process.h"
 #include "simulator/model/server.h"
 

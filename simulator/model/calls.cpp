@@ -33,8 +33,9 @@ Calls::~Calls() = default;
 std::optional<uint32_t> Calls::Enter(std::string_view name, std::string arguments) {
   const std::lock_guard lock(record_->mutex);
   const int number = ++record_->count;
-  if (record_->keeps_trace)
+  if (record_->keeps_trace) {
     record_->trace.push_back({number, std::string(name), std::move(arguments)});
+  }
 
   // Every fault of that name counts the call; the one set first decides.
   std::optional<uint32_t> due;

@@ -13,7 +13,6 @@
 #include "simulator/model/files.h"
 #include "simulator/model/made_bytes.h"
 #include "simulator/model/processes.h"
-#include "simulator/model/volume.h"
 #include "simulator/prepare_folder.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_descriptors.h"

@@ -11,7 +11,6 @@
 #include "simulator/model/console.h"
 #include "simulator/model/desktop.h"
 #include "simulator/model/files.h"
-#include "simulator/model/security.h"
 #include "simulator/model/server.h"
 #include "simulator/model/volume.h"
 #include "simulator/source_tree.h"

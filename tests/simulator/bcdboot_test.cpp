@@ -7,7 +7,6 @@
 #include "simulator/model/boot_store.h"
 #include "simulator/model/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
 #include "simulator/tools/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/test_names.h"
