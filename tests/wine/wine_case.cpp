@@ -52,9 +52,12 @@ fs::path PrefixFolder(const std::string& name) {
 }
 
 WineCase::~WineCase() {
-  if (HasFailure()) PrintHowToRepeat();
-  if (server_ == nullptr || HasFailure()) return;
+  if (server_ == nullptr) return;
   const fs::path folder = server_->prefix().folder();
+  if (HasFailure()) {
+    std::cout << "What it left: " << folder.string() << "\n";
+    return;
+  }
   server_.reset();
   simulator::RemovePrefix(folder);
 }
@@ -91,15 +94,6 @@ void WineCase::Run(const simulator::Scenario& scenario, const RehearsalOptions& 
     watched_ = simulator::RunWatched(*server_, watch);
   };
   simulator::RunAgainWhereWineFails(run, std::cout);
-}
-
-void WineCase::PrintHowToRepeat() const {
-  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-  std::cout << "To run it alone: build/native/tests/wine/wine_tests --gtest_filter='"
-            << test.test_suite_name() << "." << test.name() << "'\n";
-  if (server_ != nullptr) {
-    std::cout << "What it left: " << server_->prefix().folder().string() << "\n";
-  }
 }
 
 void WineCase::ExpectSameLogs() {

@@ -54,7 +54,6 @@ class WineCase : public testing::Test {
   simulator::WatchedRun watched_;
 
  private:
-  void PrintHowToRepeat() const;
   void Run(const simulator::Scenario& scenario, const RehearsalOptions& options, bool by_link);
 };
 
