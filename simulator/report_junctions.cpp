@@ -6,6 +6,7 @@
 
 #include "simulator/model/node.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/server.h"
 #include "simulator/model/volume.h"
 #include "simulator/source_tree.h"
 

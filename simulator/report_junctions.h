@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/server.h"
 #include "simulator/source_tree.h"
 
 namespace simulator {
+
+class Server;
 
 enum class JunctionState { kNone, kElsewhere, kRight };
 

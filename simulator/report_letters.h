@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/server.h"
 #include "simulator/scenario.h"
 
 namespace simulator {
+
+class Server;
 
 // A volume that had a letter on the source server.
 struct VolumeLetters {

@@ -26,12 +26,13 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/server.h"
 #include "simulator/scenario_source.h"
 
 namespace simulator {
 
 class ChildProcess;
+class Server;
+enum class Lasting;
 struct Boot;
 struct SourceVolume;
 
@@ -82,7 +83,7 @@ struct ScenarioFault {
   std::string name;
   int occurrence = 1;
   uint32_t error = 0;
-  Lasting lasting = Lasting::kOnce;
+  Lasting lasting{};  // once
 };
 
 struct Scenario {

@@ -10,10 +10,10 @@
 
 #include "simulator/model/descriptor.h"
 #include "simulator/model/sddl_text.h"
-#include "simulator/model/server.h"
 
 namespace simulator {
 
+struct System;
 struct Account {
   Sid sid;
   SID_NAME_USE use = SidTypeUnknown;

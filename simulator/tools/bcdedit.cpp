@@ -8,6 +8,7 @@
 
 #include "simulator/model/boot_store.h"
 #include "simulator/model/path_name.h"
+#include "simulator/model/server.h"
 #include "simulator/model/system_messages.h"
 #include "simulator/tools/bcdedit_output.h"
 #include "simulator/tools/boot_store_file.h"

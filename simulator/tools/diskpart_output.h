@@ -11,10 +11,11 @@
 #include <vector>
 
 #include "simulator/model/disks.h"
-#include "simulator/model/server.h"
 #include "simulator/model/volume.h"
 
 namespace simulator {
+
+struct System;
 
 class Machine;
 

@@ -13,10 +13,10 @@
 
 #include "simulator/model/boot_store.h"
 #include "simulator/model/disks.h"
-#include "simulator/model/server.h"
 
 namespace simulator {
 
+struct System;
 struct Volume;
 
 // Letters are taken in either case and given in upper case. Paths are narrow text as the tools were

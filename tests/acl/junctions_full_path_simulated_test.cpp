@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "acl/junctions.h"
-#include "simulator/model/server.h"
 #include "simulator/model/files.h"
+#include "simulator/model/server.h"
 
 namespace acl {
 namespace {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <limits>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -68,6 +69,16 @@ TEST_F(RestorePrepareDirTest, MovesTheProgressByOnePointTwoOfTheShare) {
   EXPECT_EQ(progress_, 30.0 + 0.2 * 10.0 + 10.0);
   // After the junctions, at the end of the file's range, after the descriptors.
   EXPECT_EQ(dialog_.Take(), (Percents{32.0, 32.0 + 0.8 * 10.0, 42.0}));
+}
+
+// The number of entries stays 0, and nothing but the window bounds what is told.
+TEST_F(RestorePrepareDirTest, DividesByNoEntriesWhenTheirNumberIsMissing) {
+  Prepare("");
+  server_.files().Write("D:\\vantoro_prepare\\aclbackup_d.dat", std::string(1000, '\n'));
+  EXPECT_EQ(Restore(), 0);
+  const Percents told = dialog_.Take();
+  ASSERT_EQ(told.size(), 4U);
+  EXPECT_EQ(told[1], std::numeric_limits<double>::infinity());
 }
 
 TEST_F(RestorePrepareDirTest, TellsTheProgressWithinTheFile) {

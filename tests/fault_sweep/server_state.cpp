@@ -8,6 +8,7 @@
 #include "simulator/model/node.h"
 #include "simulator/model/sddl_text.h"
 #include "simulator/model/security.h"
+#include "simulator/model/server.h"
 #include "simulator/model/volume.h"
 #include "simulator/scenario.h"
 #include "simulator/source_tree.h"

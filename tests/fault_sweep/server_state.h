@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/server.h"
-
 namespace simulator {
+class Server;
 struct Scenario;
 }  // namespace simulator
 

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <thread>
 
-#include "simulator/model/server.h"
 #include "simulator/model/critical_sections.h"
 #include "simulator/model/files.h"
+#include "simulator/model/server.h"
 #include "simulator/model/threads.h"
 #include "support/simulated_logger_test.h"
 
