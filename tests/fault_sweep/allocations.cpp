@@ -35,8 +35,14 @@ void FailAllocation(int number, void (*tell)()) {
 
 }  // namespace fault_sweep
 
+// Would come down to the other form, but a sanitizer has one of its own, whose blocks it wants
+// back.
+void* operator new(size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return fault_sweep::IsToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
+}
+
 void* operator new(size_t size) {
-  void* const block = fault_sweep::IsToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
+  void* const block = operator new(size, std::nothrow);
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }

@@ -80,7 +80,15 @@ size_t ThreadCount() {
 
 }  // namespace load
 
-// The array forms come down to these.
+// The array forms come down to these. So would the form that does not throw, but a sanitizer has
+// one of its own, whose blocks it wants back.
 void* operator new(size_t size) { return load::Allocate(size); }
+void* operator new(size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  try {
+    return load::Allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* block) noexcept { load::Free(block); }
 void operator delete(void* block, size_t /*size*/) noexcept { load::Free(block); }

@@ -24,6 +24,15 @@ static_assert(std::is_abstract_v<Logger>);
 static_assert(std::has_virtual_destructor_v<Logger>);
 static_assert(std::is_base_of_v<Logger, BLogger>);
 
+TEST(LogLevel, IsABitThatIsSmallerTheMoreSevereItIs) {
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kFatal), 1);
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kError), 2);
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kWarn), 4);
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kInfo), 8);
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kDone), 16);
+  EXPECT_EQ(static_cast<int32_t>(LogLevel::kDebug), 32);
+}
+
 TEST_F(BLoggerTest, EveryOperationWritesItsTag) {
   const tests::PrintedText unread;
   const auto logger = MakeLogger();
