@@ -6,13 +6,13 @@
 #include "fuzz/expect.h"
 #include "fuzz/scripted_server.h"
 #include "fuzz/targets.h"
-#include "restore/messages.h"
 #include "simulator/model/dialogs.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/own_process.h"
 #include "simulator/model/server.h"
 #include "simulator/model/shown_dialog.h"
 #include "simulator/model/shutdown.h"
+#include "support/simulated_process.h"
 
 namespace fuzz {
 namespace {
@@ -39,11 +39,7 @@ void Program(std::string_view bytes) {
   simulator::User user(scripted.intention());
   const int exit_code = RunProgram(server, user);
   Expect(exit_code == 0 || exit_code == 1, "the program ends with 0 or 1");
-  for (const MSG& message : server.dialogs().TakeLost()) {
-    if (message.message == restore::WM_RESTORE_PROGRESS) {
-      restore::ReleasePosted(message.wParam, message.lParam);
-    }
-  }
+  tests::ReleaseLost(server);
   scripted.ExpectWellFormedLog();
   Expect(!server.shutdown().Scheduled() || scripted.intention().wish == simulator::Wish::kRestart,
          "nobody's server is restarted without consent");

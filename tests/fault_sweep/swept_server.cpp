@@ -79,11 +79,7 @@ void SweptServer::Run() {
   });
   process.join();
   break_off_at_ = 0;
-  for (const MSG& lost : server_.dialogs().TakeLost()) {
-    if (lost.message == restore::WM_RESTORE_PROGRESS) {
-      restore::ReleasePosted(lost.wParam, lost.lParam);
-    }
-  }
+  tests::ReleaseLost(server_);
 }
 
 void SweptServer::RepairTools() {

@@ -11,7 +11,6 @@
 #include "common/win/child_process_list.h"
 #include "load/load_size.h"
 #include "load/memory_use.h"
-#include "restore/messages.h"
 #include "simulator/model/dialogs.h"
 #include "simulator/model/local_heap.h"
 #include "simulator/model/message_boxes.h"
@@ -61,11 +60,7 @@ Left RunProgram(const simulator::Scenario& scenario) {
   simulator::Build(scenario, server);
   const int exit_code = server.own_process().Run(
       [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
-  for (const MSG& lost : server.dialogs().TakeLost()) {
-    if (lost.message == restore::WM_RESTORE_PROGRESS) {
-      restore::ReleasePosted(lost.wParam, lost.lParam);
-    }
-  }
+  tests::ReleaseLost(server);
   Left left{server.OpenHandles(), server.threads().LiveCriticalSections(), exit_code,
             server.message_boxes().Shown().size(), server.shutdown().Scheduled().has_value()};
   std::sort(left.handles.begin(), left.handles.end());

@@ -7,6 +7,10 @@
 #include "restore/messages.h"
 #include "ui/process_state.h"
 
+namespace simulator {
+class Server;
+}  // namespace simulator
+
 namespace tests {
 
 // As in a process that has not asked for the platform yet.
@@ -27,6 +31,10 @@ inline void ForgetProcess() {
   restore::SetDialog(nullptr);
   ui::ProcessState::Instance().Forget();
 }
+
+// Frees what the messages carry that were lost with their windows, which the program leaves to the
+// end of its process.
+void ReleaseLost(simulator::Server& server);
 
 }  // namespace tests
 

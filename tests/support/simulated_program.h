@@ -32,7 +32,10 @@ namespace tests {
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest();
-  ~ProgramTest() override { ForgetProcess(); }
+  ~ProgramTest() override {
+    ReleaseLost(server_);
+    ForgetProcess();
+  }
 
   // A tool does not end by itself, so that the run lasts; RunWith waits until the run is there.
   void HoldTheRun(const std::string& tool = "bcdedit");

@@ -91,6 +91,7 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
     const HeldTool tool(options.cancelled_in, server);
     RunProgram(server, run);
   }
+  ReleaseLost(server);
   run.log = LogOf(server, options.program_folder);
   for (const simulator::Disk& disk : server.disks()) {
     for (const simulator::Partition& partition : disk.partitions) {
