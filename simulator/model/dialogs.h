@@ -71,6 +71,8 @@ class Dialogs {
   // ERROR_INVALID_WINDOW_HANDLE, ERROR_NOT_ENOUGH_QUOTA once 10,000 messages wait for the thread.
   DWORD Post(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   void Quit(int exit_code);
+  // Whether WM_QUIT waits for the calling thread. Windows closes a message box then at once.
+  bool HasQuit() const;
   void SetTimer(Dialog& dialog, UINT_PTR id, UINT milliseconds);  // called by a visit
   bool KillTimer(Dialog& dialog, UINT_PTR id);                    // called by a visit
   // The calling thread's next message: what was posted, WM_QUIT, painting, timers. Nothing when the

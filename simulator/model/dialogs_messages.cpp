@@ -30,6 +30,12 @@ void Dialogs::Quit(int exit_code) {
   queues_[ThisThread()].messages.Quit(exit_code);
 }
 
+bool Dialogs::HasQuit() const {
+  const std::lock_guard lock(mutex_);
+  const auto found = queues_.find(ThisThread());
+  return found != queues_.end() && found->second.messages.HasQuit();
+}
+
 void Dialogs::SetTimer(Dialog& dialog, UINT_PTR id, UINT milliseconds) {
   queues_[dialog.thread].messages.SetTimer(dialog.shown.window, id, milliseconds,
                                            clock_.Milliseconds());

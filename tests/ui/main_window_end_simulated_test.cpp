@@ -7,6 +7,7 @@
 #include "simulator/model/com.h"
 #include "simulator/model/desktop.h"
 #include "simulator/model/dialog_procedures.h"
+#include "simulator/model/dialogs.h"
 #include "simulator/model/message_boxes.h"
 #include "simulator/model/security.h"
 #include "simulator/model/shown_dialog.h"
@@ -98,6 +99,28 @@ TEST_F(RunEnd, TellsOfAFailureAndOffersNothing) {
   EXPECT_EQ(caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 0s");
   EXPECT_EQ(TaskBar().state, TBPF_ERROR);
   EXPECT_FALSE(server_.shutdown().Scheduled());
+}
+
+// A message box does not stay once WM_QUIT waits for its thread.
+TEST_F(RunEnd, QuitsAfterItsBoxesAlone) {
+  bool has_quit = true;
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
+    has_quit = server_.dialogs().HasQuit();
+    return IDOK;
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_FALSE(has_quit);
+}
+
+TEST_F(RunEnd, QuitsAfterTheBoxOfAFailureAlone) {
+  FailTheRun();
+  bool has_quit = true;
+  server_.message_boxes().Answer([&](const ShownMessageBox&) {
+    has_quit = server_.dialogs().HasQuit();
+    return IDOK;
+  });
+  EXPECT_EQ(Run(), 0);
+  EXPECT_FALSE(has_quit);
 }
 
 TEST_F(RunEnd, StopsTheTimers) {

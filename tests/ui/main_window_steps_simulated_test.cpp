@@ -54,6 +54,19 @@ class MainWindowSteps : public tests::ProgramTest {
   }
 };
 
+TEST_F(MainWindowSteps, CountsSecondsByOneTimerAndTurnsTheIconByTheOther) {
+  constexpr WPARAM kClock = 1001;
+  constexpr WPARAM kIcon = 1002;
+  While([this](HWND dialog) {
+    Post(dialog, WM_TIMER, kIcon, 0);
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 0s");
+    EXPECT_EQ(Dialog().small_icon, 108);
+    Post(dialog, WM_TIMER, kClock, 0);
+    EXPECT_EQ(Dialog().caption, "Vantoro Restore Tool 1.1.0.1 - RestoreDisks 0.00%  Time: 1s");
+    EXPECT_EQ(Dialog().small_icon, 108);
+  });
+}
+
 TEST_F(MainWindowSteps, MovesItselfWithoutBecomingActive) {
   While([](HWND) {});
   const std::vector<std::string> moves = server_.calls().ArgumentsOf("SetWindowPos");

@@ -72,6 +72,11 @@ TEST_F(ResString, IsCutBehind511Bytes) {
   EXPECT_EQ(LoadResString(112), std::string(511, 'x'));
 }
 
+TEST_F(ResString, OfWideCharactersIsCutBehind511) {
+  server_.desktop().SetString(1033, 116, std::string(600, 'x'));
+  EXPECT_EQ(LoadResStringW(), std::wstring(511, L'x'));
+}
+
 TEST_F(ResString, Of511BytesIsKept) {
   server_.desktop().SetString(1033, 112, std::string(511, 'x'));
   EXPECT_EQ(LoadResString(112), std::string(511, 'x'));
