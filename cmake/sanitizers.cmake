@@ -10,4 +10,9 @@ if(VANTORO_SANITIZE MATCHES "address")
   add_compile_definitions(VANTORO_CHECKS_ADDRESSES)
 elseif(VANTORO_SANITIZE MATCHES "thread")
   add_compile_definitions(VANTORO_CHECKS_THREADS)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # Its runtime has an operator new that cannot be replaced otherwise. That of the tests that count
+    # allocations is linked first.
+    add_link_options(-Wl,-z,muldefs)
+  endif()
 endif()
