@@ -11,8 +11,8 @@ if(VANTORO_SANITIZE MATCHES "address")
 elseif(VANTORO_SANITIZE MATCHES "thread")
   add_compile_definitions(VANTORO_CHECKS_THREADS)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # Its runtime has an operator new that cannot be replaced otherwise. That of the tests that count
-    # allocations is linked first.
+    # The operator new of its runtime cannot be replaced: it stands in for that of the tests that
+    # count allocations, which find none then.
     add_link_options(-Wl,-z,muldefs)
   endif()
 endif()
