@@ -102,25 +102,24 @@ TEST_F(RunEnd, TellsOfAFailureAndOffersNothing) {
 }
 
 // A message box does not stay once WM_QUIT waits for its thread.
-TEST_F(RunEnd, QuitsAfterItsBoxesAlone) {
-  bool has_quit = true;
-  server_.message_boxes().Answer([&](const ShownMessageBox&) {
-    has_quit = server_.dialogs().HasQuit();
-    return IDOK;
-  });
-  EXPECT_EQ(Run(), 0);
-  EXPECT_FALSE(has_quit);
-}
+class QuitAfterTheBox : public RunEnd {
+ protected:
+  void ExpectNoQuitBesideTheBox() {
+    bool has_quit = true;
+    server_.message_boxes().Answer([&](const ShownMessageBox&) {
+      has_quit = server_.dialogs().HasQuit();
+      return IDOK;
+    });
+    EXPECT_EQ(Run(), 0);
+    EXPECT_FALSE(has_quit);
+  }
+};
 
-TEST_F(RunEnd, QuitsAfterTheBoxOfAFailureAlone) {
+TEST_F(QuitAfterTheBox, OfASuccess) { ExpectNoQuitBesideTheBox(); }
+
+TEST_F(QuitAfterTheBox, OfAFailure) {
   FailTheRun();
-  bool has_quit = true;
-  server_.message_boxes().Answer([&](const ShownMessageBox&) {
-    has_quit = server_.dialogs().HasQuit();
-    return IDOK;
-  });
-  EXPECT_EQ(Run(), 0);
-  EXPECT_FALSE(has_quit);
+  ExpectNoQuitBesideTheBox();
 }
 
 TEST_F(RunEnd, StopsTheTimers) {
