@@ -10,7 +10,7 @@
 #include "common/win/win_util.h"
 #include "logger/b_logger.h"
 #include "ratios.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 
 namespace {

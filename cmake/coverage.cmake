@@ -1,4 +1,4 @@
-# VANTORO_COVERAGE: counts what is executed of the program, see cmake/coverage-report. The counters
+# VANTORO_COVERAGE: counts what is executed of the program, see scripts/coverage-report. The counters
 # are atomic, since the program's threads share them. The simulated server is not measured, and
 # optimised it keeps the tests short.
 option(VANTORO_COVERAGE "Count the lines and branches that are executed")

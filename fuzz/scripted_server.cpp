@@ -9,13 +9,13 @@
 #include "common/win/child_process_list.h"
 #include "fuzz/expect.h"
 #include "fuzz/script.h"
-#include "simulator/model/boot_store.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/processes.h"
-#include "simulator/model/volume.h"
-#include "simulator/model/windows_boot.h"
-#include "simulator/source_tree.h"
-#include "support/simulated_process.h"
+#include "rehearsal/description/source_tree.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/processes/processes.h"
+#include "support/process_simulated.h"
 
 namespace fuzz {
 namespace {

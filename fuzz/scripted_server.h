@@ -19,9 +19,9 @@
 #include <string_view>
 #include <vector>
 
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/user.h"
 #include "simulator/model/server.h"
-#include "simulator/rehearse_user.h"
-#include "simulator/scenario.h"
 
 namespace fuzz {
 

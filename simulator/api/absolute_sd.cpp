@@ -7,7 +7,7 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
-#include "simulator/model/descriptor.h"
+#include "simulator/model/security/descriptor.h"
 
 using simulator::Call;
 using simulator::UnsupportedCall;

@@ -1,5 +1,5 @@
 // Accounts and their security identifiers.
-#include "simulator/model/accounts.h"
+#include "simulator/model/security/accounts.h"
 
 #include <windows.h>
 
@@ -11,7 +11,7 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
-#include "simulator/model/security.h"
+#include "simulator/model/security/security.h"
 
 using simulator::Call;
 using simulator::UnsupportedCall;

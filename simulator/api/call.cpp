@@ -3,9 +3,9 @@
 #include <charconv>
 #include <utility>
 
-#include "simulator/model/own_process.h"
-#include "simulator/model/unsupported.h"
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/unsupported.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/processes/own_process.h"
 
 namespace {
 

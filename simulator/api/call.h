@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/platform_scope.h"
+#include "simulator/model/processes/platform_scope.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "simulator/api/call.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/graphics.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/graphics.h"
 
 namespace simulator {
 namespace {

@@ -1,5 +1,5 @@
 // COM: a thread's use of it, and the one class there is.
-#include "simulator/model/com.h"
+#include "simulator/model/desktop/com.h"
 
 #include <windows.h>
 
@@ -8,9 +8,9 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/taskbar_list.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 
 using simulator::Call;
 using simulator::UnsupportedCall;

@@ -1,10 +1,10 @@
 // The console of the simulated process.
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 
 #include <windows.h>
 
 #include "simulator/api/call.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
 
 using simulator::Call;

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "simulator/api/crt_call.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 
 namespace simulator {
 namespace {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/model/text_file.h"
+#include "simulator/model/files/text_file.h"
 
 namespace simulator {
 

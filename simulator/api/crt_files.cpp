@@ -12,8 +12,8 @@
 
 #include "simulator/api/crt_call.h"
 #include "simulator/api/crt_file.h"
-#include "simulator/model/files.h"
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/files/files.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <stdio.h>
 
 #include "simulator/api/call.h"
-#include "simulator/model/console.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
 
 namespace {

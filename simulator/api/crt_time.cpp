@@ -3,7 +3,7 @@
 
 #include <cerrno>
 
-#include "simulator/model/clock.h"
+#include "simulator/model/common/clock.h"
 #include "simulator/model/server.h"
 
 __time64_t _time64(__time64_t* time) {

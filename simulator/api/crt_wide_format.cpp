@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/unsupported.h"
+#include "simulator/model/common/unsupported.h"
 
 namespace {
 

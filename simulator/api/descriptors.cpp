@@ -10,10 +10,10 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
-#include "simulator/model/descriptor.h"
-#include "simulator/model/local_heap.h"
-#include "simulator/model/sddl_text.h"
-#include "simulator/model/security.h"
+#include "simulator/model/processes/local_heap.h"
+#include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sddl_text.h"
+#include "simulator/model/security/security.h"
 
 using simulator::Acl;
 using simulator::Call;

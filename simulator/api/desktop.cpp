@@ -1,5 +1,5 @@
 // Messages, message boxes and string resources.
-#include "simulator/model/desktop.h"
+#include "simulator/model/desktop/desktop.h"
 
 #include <windows.h>
 
@@ -9,9 +9,9 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/resource_language.h"
-#include "simulator/model/message_boxes.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/utf8.h"
 
 namespace simulator {
 namespace {

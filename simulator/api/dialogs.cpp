@@ -1,5 +1,5 @@
 // Dialogs: their making and their end, their controls and what the program keeps with them.
-#include "simulator/model/dialogs.h"
+#include "simulator/model/desktop/dialogs.h"
 
 #include <windows.h>
 
@@ -8,10 +8,10 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/resource_language.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog.h"
-#include "simulator/model/dialog_procedures.h"
-#include "simulator/model/dialog_template.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog.h"
+#include "simulator/model/desktop/dialog_procedures.h"
+#include "simulator/model/desktop/dialog_template.h"
 
 using simulator::Call;
 using simulator::Control;

@@ -3,7 +3,7 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/narrow_path.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 
 using simulator::Call;
 

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/local_heap.h"
-#include "simulator/model/system_messages.h"
+#include "simulator/model/common/system_messages.h"
+#include "simulator/model/processes/local_heap.h"
 
 using simulator::Call;
 

@@ -1,5 +1,5 @@
 // Files and drives.
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 
 #include <windows.h>
 
@@ -8,8 +8,8 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/narrow_path.h"
+#include "simulator/model/common/utf8.h"
 #include "simulator/model/server.h"
-#include "simulator/model/utf8.h"
 
 using simulator::Call;
 

@@ -2,8 +2,8 @@
 #include <windows.h>
 
 #include "simulator/api/call.h"
-#include "simulator/model/local_heap.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/processes/local_heap.h"
+#include "simulator/model/processes/own_process.h"
 
 using simulator::Call;
 

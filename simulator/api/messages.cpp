@@ -4,11 +4,11 @@
 #include <optional>
 
 #include "simulator/api/call.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog.h"
-#include "simulator/model/dialog_procedures.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog.h"
+#include "simulator/model/desktop/dialog_procedures.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

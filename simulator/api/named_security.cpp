@@ -7,9 +7,9 @@
 
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
-#include "simulator/model/descriptor.h"
-#include "simulator/model/files.h"
-#include "simulator/model/security_change.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/security_change.h"
 
 namespace simulator {
 namespace {

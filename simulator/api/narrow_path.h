@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/utf8.h"
 
 namespace simulator {
 

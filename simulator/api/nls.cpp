@@ -6,9 +6,9 @@
 #include <string>
 
 #include "simulator/api/call.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
-#include "simulator/model/utf8.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/handles.h"
-#include "simulator/model/open_node.h"
-#include "simulator/model/own_process.h"
-#include "simulator/model/pipe.h"
+#include "simulator/model/files/open_node.h"
+#include "simulator/model/processes/handles.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/pipe.h"
 
 using simulator::Call;
 using simulator::PipeReadEnd;

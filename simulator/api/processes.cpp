@@ -1,5 +1,5 @@
 // Child processes and handles.
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 
 #include <windows.h>
 
@@ -9,14 +9,14 @@
 #include <utility>
 
 #include "simulator/api/call.h"
-#include "simulator/model/command_line.h"
-#include "simulator/model/handles.h"
-#include "simulator/model/own_process.h"
-#include "simulator/model/path_name.h"
-#include "simulator/model/pipe.h"
-#include "simulator/model/process_objects.h"
+#include "simulator/model/common/command_line.h"
+#include "simulator/model/common/path_name.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/processes/handles.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/pipe.h"
+#include "simulator/model/processes/process_objects.h"
 #include "simulator/model/server.h"
-#include "simulator/model/utf8.h"
 
 namespace simulator {
 namespace {

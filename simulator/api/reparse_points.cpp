@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/files.h"
-#include "simulator/model/handles.h"
-#include "simulator/model/open_node.h"
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/files/open_node.h"
+#include "simulator/model/processes/handles.h"
 
 using simulator::Call;
 using simulator::UnsupportedCall;

@@ -4,9 +4,9 @@
 
 #include <windows.h>
 
+#include "simulator/model/processes/thread_state.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/thread_state.h"
-#include "simulator/model/threads.h"
 
 namespace simulator {
 

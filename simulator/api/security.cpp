@@ -1,5 +1,5 @@
 // The access token of the program.
-#include "simulator/model/security.h"
+#include "simulator/model/security/security.h"
 
 #include <windows.h>
 
@@ -10,10 +10,10 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/handles.h"
-#include "simulator/model/process_objects.h"
-#include "simulator/model/token.h"
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/processes/handles.h"
+#include "simulator/model/processes/process_objects.h"
+#include "simulator/model/security/token.h"
 
 namespace simulator {
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "simulator/api/call.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 
 using simulator::Call;
 using simulator::FileSystem;

@@ -1,12 +1,12 @@
 // Shutting the system down.
-#include "simulator/model/shutdown.h"
+#include "simulator/model/desktop/shutdown.h"
 
 #include <windows.h>
 
 #include "simulator/api/call.h"
-#include "simulator/model/security.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
-#include "simulator/model/utf8.h"
 
 using simulator::Call;
 using simulator::UnsupportedCall;

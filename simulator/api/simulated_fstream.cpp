@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "simulator/api/crt_file.h"
-#include "simulator/model/unsupported.h"
+#include "simulator/model/common/unsupported.h"
 
 namespace simulator {
 namespace {

@@ -9,11 +9,11 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/own_process.h"
-#include "simulator/model/path_name.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/common/path_name.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
-#include "simulator/model/utf8.h"
 
 namespace simulator {
 namespace {

@@ -6,11 +6,11 @@
 #include <thread>
 
 #include "simulator/api/call.h"
-#include "simulator/model/com.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/own_process.h"
+#include "simulator/model/desktop/com.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 
 const CLSID CLSID_TaskbarList = {
     0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};

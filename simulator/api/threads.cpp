@@ -1,6 +1,6 @@
 // Threads and critical sections. Only CreateThread can fail; the others are neither numbered nor
 // traced.
-#include "simulator/model/threads.h"
+#include "simulator/model/processes/threads.h"
 
 #include <windows.h>
 
@@ -8,8 +8,8 @@
 #include <thread>
 
 #include "simulator/api/call.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/handles.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/processes/handles.h"
 #include "simulator/model/server.h"
 
 using simulator::Call;

@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "simulator/api/call.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/graphics.h"
-#include "simulator/model/utf8.h"
+#include "simulator/model/common/utf8.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/graphics.h"
 
 namespace simulator {
 namespace {

@@ -8,7 +8,7 @@
 //   server.calls().Trace(), server.OpenHandles(), server.console().Text()
 //
 // This header declares what nearly every test uses and includes none of the others: a test that
-// uses console() includes "simulator/model/console.h".
+// uses console() includes "simulator/model/processes/console.h".
 #ifndef SIMULATOR_MODEL_SERVER_H_
 #define SIMULATOR_MODEL_SERVER_H_
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/path_name.h"
-#include "simulator/model/windows_boot.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/common/path_name.h"
 #include "simulator/tools/machine.h"
 
 namespace simulator {

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/path_name.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/common/path_name.h"
+#include "simulator/model/common/system_messages.h"
 #include "simulator/model/server.h"
-#include "simulator/model/system_messages.h"
 #include "simulator/tools/bcdedit_output.h"
 #include "simulator/tools/boot_store_file.h"
 #include "simulator/tools/machine.h"

@@ -9,7 +9,7 @@
 
 #include <string>
 
-#include "simulator/model/boot_store.h"
+#include "simulator/model/boot/boot_store.h"
 
 namespace simulator {
 

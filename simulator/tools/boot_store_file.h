@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/boot_store.h"
+#include "simulator/model/boot/boot_store.h"
 
 namespace simulator {
 

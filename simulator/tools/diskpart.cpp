@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "simulator/model/disks.h"
-#include "simulator/model/unsupported.h"
-#include "simulator/model/volume.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/common/unsupported.h"
+#include "simulator/model/files/volume.h"
 #include "simulator/tools/diskpart_output.h"
 #include "simulator/tools/diskpart_script.h"
 #include "simulator/tools/machine.h"

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "simulator/model/common/unsupported.h"
+#include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
-#include "simulator/model/unsupported.h"
-#include "simulator/model/volume.h"
 #include "simulator/tools/columns.h"
 #include "simulator/tools/machine.h"
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/disks.h"
-#include "simulator/model/volume.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/files/volume.h"
 
 namespace simulator {
 

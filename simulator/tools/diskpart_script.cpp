@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/model/unsupported.h"
+#include "simulator/model/common/unsupported.h"
 
 namespace simulator {
 namespace {

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/disks.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/disks.h"
 
 namespace simulator {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "acl/account_sid.h"
-#include "simulator/model/local_heap.h"
+#include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
 
 namespace acl {

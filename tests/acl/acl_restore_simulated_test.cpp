@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "acl/acl_restore.h"
-#include "simulator/model/security.h"
+#include "simulator/model/security/security.h"
+#include "support/progress_simulated.h"
 #include "support/recording_logger.h"
 #include "support/simulated_acl_engine.h"
 #include "support/simulated_events.h"
-#include "support/simulated_progress.h"
 
 namespace acl {
 namespace {

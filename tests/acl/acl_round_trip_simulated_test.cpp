@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "common/strings.h"
-#include "simulator/model/access.h"
-#include "simulator/model/descriptor.h"
-#include "simulator/model/sddl_text.h"
-#include "simulator/model/security.h"
+#include "simulator/model/security/access.h"
+#include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sddl_text.h"
+#include "simulator/model/security/security.h"
 #include "support/sddl_texts.h"
 #include "support/simulated_acl_engine.h"
 #include "support/test_names.h"

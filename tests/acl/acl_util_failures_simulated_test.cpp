@@ -7,8 +7,8 @@
 
 #include "acl/acl_util.h"
 #include "simulator/model/server.h"
+#include "support/progress_simulated.h"
 #include "support/simulated_acl_engine.h"
-#include "support/simulated_progress.h"
 
 namespace acl {
 namespace {

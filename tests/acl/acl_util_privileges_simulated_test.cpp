@@ -6,7 +6,7 @@
 
 #include "acl/acl_util.h"
 #include "common/privileges.h"
-#include "simulator/model/security.h"
+#include "simulator/model/security/security.h"
 #include "support/simulated_acl_engine.h"
 #include "support/test_names.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "acl/acl_util.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 #include "simulator/model/server.h"
 #include "support/simulated_acl_engine.h"
 

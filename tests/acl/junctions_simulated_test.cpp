@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "acl/junctions.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
 #include "simulator/model/server.h"
 #include "support/test_names.h"
 

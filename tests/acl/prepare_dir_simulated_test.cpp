@@ -8,11 +8,11 @@
 
 #include "acl/acl_util.h"
 #include "acl/prepare_dir.h"
-#include "simulator/model/clock.h"
+#include "simulator/model/common/clock.h"
 #include "simulator/model/server.h"
-#include "support/simulated_descriptors.h"
+#include "support/descriptors_simulated.h"
+#include "support/progress_simulated.h"
 #include "support/simulated_events.h"
-#include "support/simulated_progress.h"
 #include "support/test_names.h"
 
 namespace acl {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/console.h"
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 
 namespace common {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "common/errors.h"
-#include "simulator/model/console.h"
-#include "simulator/model/local_heap.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
 
 namespace common {

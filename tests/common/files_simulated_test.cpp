@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "common/files.h"
-#include "simulator/model/console.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 
 namespace common {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/locations.h"
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 
 namespace common {

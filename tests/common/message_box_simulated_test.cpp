@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "common/message_box.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/message_boxes.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/server.h"
 
 namespace common {

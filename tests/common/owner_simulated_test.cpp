@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common/owner.h"
-#include "simulator/model/local_heap.h"
+#include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
 
 namespace common {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "common/privileges.h"
-#include "simulator/model/console.h"
-#include "simulator/model/security.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
 #include "support/test_names.h"
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "common/times.h"
-#include "simulator/model/clock.h"
+#include "simulator/model/common/clock.h"
 #include "simulator/model/server.h"
 
 namespace common {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/boot_store.h"
+#include "simulator/model/boot/boot_store.h"
 #include "simulator/model/server.h"
-#include "support/simulated_descriptors.h"
-#include "support/simulated_process.h"
-#include "support/simulated_whole_run.h"
+#include "support/descriptors_simulated.h"
+#include "support/process_simulated.h"
+#include "support/whole_run_simulated.h"
 
 namespace restore {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "simulator/model/platform_scope.h"
+#include "simulator/model/processes/platform_scope.h"
 
 namespace fault_sweep {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "fault_sweep/sweep.h"
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 
 namespace fault_sweep {
 namespace {

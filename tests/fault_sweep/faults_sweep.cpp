@@ -7,8 +7,8 @@
 #include "fault_sweep/fault_codes.h"
 #include "fault_sweep/outcome.h"
 #include "fault_sweep/sweep.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/local_heap.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
 
 namespace fault_sweep {

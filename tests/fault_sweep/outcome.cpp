@@ -6,11 +6,11 @@
 #include <optional>
 #include <string_view>
 
-#include "simulator/model/console.h"
-#include "simulator/model/disks.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/threads.h"
-#include "simulator/scenario.h"
+#include "rehearsal/description/scenario.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/threads.h"
 
 namespace fault_sweep {
 namespace {

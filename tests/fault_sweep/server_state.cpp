@@ -3,15 +3,15 @@
 #include <functional>
 #include <optional>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/disks.h"
-#include "simulator/model/node.h"
-#include "simulator/model/sddl_text.h"
-#include "simulator/model/security.h"
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/description/source_tree.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/files/node.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/security/sddl_text.h"
+#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
-#include "simulator/scenario.h"
-#include "simulator/source_tree.h"
 
 namespace fault_sweep {
 namespace {

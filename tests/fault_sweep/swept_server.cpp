@@ -6,16 +6,16 @@
 #include <filesystem>
 #include <utility>
 
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/description/source_tree.h"
 #include "restore/messages.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/own_process.h"
-#include "simulator/model/processes.h"
-#include "simulator/model/unsupported.h"
-#include "simulator/scenario.h"
-#include "simulator/source_tree.h"
-#include "simulator/tools/server_tools.h"
-#include "support/simulated_process.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/common/unsupported.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/processes.h"
+#include "simulator/server_tools.h"
+#include "support/process_simulated.h"
 
 namespace fault_sweep {
 namespace {

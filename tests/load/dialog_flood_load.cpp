@@ -10,11 +10,11 @@
 
 #include "load/load_size.h"
 #include "load/memory_use.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/shown_dialog.h"
-#include "support/simulated_program.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "support/program_simulated.h"
 
 namespace load {
 namespace {

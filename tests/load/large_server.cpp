@@ -6,17 +6,17 @@
 #include <utility>
 
 #include "logger/b_logger.h"
+#include "rehearsal/description/prepare_folder.h"
 #include "restore/messages.h"
 #include "restore/run.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/disks.h"
-#include "simulator/model/files.h"
-#include "simulator/model/made_bytes.h"
-#include "simulator/model/processes.h"
-#include "simulator/prepare_folder.h"
-#include "simulator/tools/server_tools.h"
-#include "support/simulated_descriptors.h"
-#include "support/simulated_process.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/files/made_bytes.h"
+#include "simulator/model/processes/processes.h"
+#include "simulator/server_tools.h"
+#include "support/descriptors_simulated.h"
+#include "support/process_simulated.h"
 
 namespace load {
 namespace {

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/desktop.h"
+#include "simulator/model/desktop/desktop.h"
 #include "simulator/model/server.h"
-#include "support/simulated_boot_tools.h"
+#include "support/boot_tools_simulated.h"
 
 namespace load {
 

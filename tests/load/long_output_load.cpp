@@ -8,7 +8,7 @@
 
 #include "load/load_size.h"
 #include "load/memory_use.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_command.h"
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "locker/b_locker.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 
 namespace locker {
 namespace {

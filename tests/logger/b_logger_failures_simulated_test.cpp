@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/console.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {

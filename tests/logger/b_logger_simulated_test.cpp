@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/model/clock.h"
-#include "simulator/model/console.h"
-#include "simulator/model/files.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {

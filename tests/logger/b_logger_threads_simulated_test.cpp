@@ -6,10 +6,10 @@
 #include <string_view>
 #include <thread>
 
-#include "simulator/model/critical_sections.h"
-#include "simulator/model/files.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/processes/critical_sections.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 #include "support/simulated_logger_test.h"
 
 namespace logger {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "restore/backup_info.h"
-#include "simulator/model/files.h"
-#include "simulator/model/open_file.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/files/open_file.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 

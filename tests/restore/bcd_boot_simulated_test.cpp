@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "restore/stages.h"
-#include "simulator/model/boot_store.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/windows_boot.h"
-#include "simulator/tools/server_tools.h"
+#include "simulator/server_tools.h"
+#include "support/boot_tools_simulated.h"
 #include "support/recording_logger.h"
-#include "support/simulated_boot_tools.h"
 
 namespace restore {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "common/win/child_process_list.h"
 #include "restore/stages.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"

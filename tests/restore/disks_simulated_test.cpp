@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "restore/stages.h"
-#include "simulator/model/disks.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
-#include "simulator/tools/server_tools.h"
+#include "simulator/server_tools.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "restore/messages.h"
-#include "simulator/model/desktop.h"
+#include "simulator/model/desktop/desktop.h"
 #include "simulator/model/server.h"
 
 namespace restore {

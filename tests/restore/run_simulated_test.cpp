@@ -7,16 +7,16 @@
 
 #include "acl/acl_util.h"
 #include "restore/run.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/processes.h"
-#include "simulator/model/security.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/processes/processes.h"
+#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
-#include "support/simulated_boot_tools.h"
+#include "support/boot_tools_simulated.h"
+#include "support/progress_simulated.h"
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
-#include "support/simulated_progress.h"
 #include "support/test_names.h"
 
 namespace restore {

@@ -7,17 +7,17 @@
 
 #include "acl/acl_util.h"
 #include "logger/b_logger.h"
+#include "rehearsal/description/source_tree.h"
 #include "restore/run.h"
-#include "simulator/model/console.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/files.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/files/files.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
-#include "simulator/source_tree.h"
-#include "support/simulated_boot_tools.h"
-#include "support/simulated_descriptors.h"
+#include "support/boot_tools_simulated.h"
+#include "support/descriptors_simulated.h"
 #include "support/simulated_diskpart.h"
-#include "support/simulated_whole_run.h"
+#include "support/whole_run_simulated.h"
 
 namespace restore {
 namespace {

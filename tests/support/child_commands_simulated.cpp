@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/child_commands.h"
 

@@ -1,5 +1,5 @@
 #ifndef _WIN32
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 #include "support/printed_text.h"
 

@@ -13,9 +13,9 @@
 
 #include "acl/account_sid.h"
 #include "acl/acl_util.h"
-#include "simulator/model/local_heap.h"
+#include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
-#include "support/simulated_descriptors.h"
+#include "support/descriptors_simulated.h"
 
 namespace tests {
 

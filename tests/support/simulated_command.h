@@ -9,7 +9,7 @@
 
 #include "common/win/child_process_list.h"
 #include "common/win/win_util.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_events.h"
 

@@ -9,12 +9,12 @@
 #include <functional>
 #include <vector>
 
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog_procedures.h"
-#include "simulator/model/dialog_template.h"
-#include "simulator/model/dialogs.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog_procedures.h"
+#include "simulator/model/desktop/dialog_template.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/shown_dialog.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shown_dialog.h"
 
 namespace tests {
 

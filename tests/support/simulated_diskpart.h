@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 
 namespace tests {

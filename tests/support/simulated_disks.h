@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/model/disks.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
-#include "simulator/model/volume.h"
-#include "simulator/tools/server_tools.h"
+#include "simulator/server_tools.h"
 
 namespace tests {
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "logger/b_logger.h"
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 #include "support/log_operations.h"
 

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <string>
 
-#include "simulator/scenario.h"
+#include "rehearsal/description/scenario.h"
 
 namespace tests {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "simulator/model/shown_dialog.h"
+#include "simulator/model/desktop/shown_dialog.h"
 
 namespace tests {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/console.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "simulator/model/threads.h"
 #include "support/deliberate_leak.h"
 #include "thread/b_thread.h"
 

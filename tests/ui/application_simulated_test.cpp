@@ -7,16 +7,16 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/model/com.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/own_process.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/desktop/com.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shown_dialog.h"
-#include "simulator/model/volume.h"
-#include "support/simulated_program.h"
+#include "support/program_simulated.h"
 
 namespace ui {
 namespace {

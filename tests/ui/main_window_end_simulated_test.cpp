@@ -4,17 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/com.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog_procedures.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/security.h"
-#include "simulator/model/shown_dialog.h"
-#include "simulator/model/shutdown.h"
-#include "simulator/model/volume.h"
+#include "simulator/model/desktop/com.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog_procedures.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/desktop/shutdown.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/security/security.h"
 #include "support/deliberate_leak.h"
-#include "support/simulated_program.h"
+#include "support/program_simulated.h"
 #include "ui/resource.h"
 
 namespace ui {

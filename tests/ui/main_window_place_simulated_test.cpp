@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "simulator/model/shown_dialog.h"
-#include "support/simulated_program.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "support/program_simulated.h"
 
 namespace ui {
 namespace {

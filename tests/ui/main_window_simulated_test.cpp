@@ -7,17 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/clock.h"
-#include "simulator/model/com.h"
-#include "simulator/model/desktop.h"
-#include "simulator/model/dialog_procedures.h"
-#include "simulator/model/dialog_template.h"
-#include "simulator/model/dialogs.h"
-#include "simulator/model/message_boxes.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/desktop/com.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/dialog_procedures.h"
+#include "simulator/model/desktop/dialog_template.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/desktop/shutdown.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shown_dialog.h"
-#include "simulator/model/shutdown.h"
-#include "support/simulated_program.h"
+#include "support/program_simulated.h"
 #include "ui/resource.h"
 
 namespace ui {

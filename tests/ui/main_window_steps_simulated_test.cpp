@@ -13,11 +13,11 @@
 #include <vector>
 
 #include "restore/messages.h"
-#include "simulator/model/clock.h"
-#include "simulator/model/console.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shown_dialog.h"
-#include "support/simulated_program.h"
+#include "support/program_simulated.h"
 
 namespace ui {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "contract/wine_differences.h"
-#include "support/windows_dialog.h"
+#include "support/dialog_windows.h"
 #include "ui/progress_task_bar_helper.h"
 #include "ui/resource.h"
 #include "ui/restart.h"

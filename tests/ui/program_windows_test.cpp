@@ -9,8 +9,8 @@
 #include <functional>
 
 #include "common/owner.h"
+#include "support/dialog_windows.h"
 #include "support/hang.h"
-#include "support/windows_dialog.h"
 #include "ui/resource.h"
 
 namespace ui {

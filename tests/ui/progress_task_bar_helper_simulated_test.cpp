@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "simulator/model/com.h"
-#include "simulator/model/desktop.h"
+#include "simulator/model/desktop/com.h"
+#include "simulator/model/desktop/desktop.h"
 #include "simulator/model/server.h"
 #include "ui/process_state.h"
 #include "ui/progress_task_bar_helper.h"

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/security.h"
+#include "simulator/model/desktop/shutdown.h"
+#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
-#include "simulator/model/shutdown.h"
 #include "ui/restart.h"
 
 namespace ui {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/desktop.h"
-#include "simulator/model/message_boxes.h"
+#include "simulator/model/desktop/desktop.h"
+#include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/server.h"
 #include "support/test_names.h"
 #include "ui/show_message.h"

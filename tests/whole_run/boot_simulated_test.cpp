@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/boot_store.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "support/simulated_whole_run.h"
+#include "support/whole_run_simulated.h"
 
 namespace restore {
 namespace {

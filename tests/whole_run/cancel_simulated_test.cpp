@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/dialogs.h"
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/security.h"
-#include "simulator/model/shown_dialog.h"
-#include "simulator/model/shutdown.h"
-#include "simulator/rehearse_user.h"
-#include "simulator/report_descriptors.h"
-#include "simulator/scenario.h"
-#include "simulator/source_tree.h"
-#include "support/simulated_program.h"
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/description/source_tree.h"
+#include "rehearsal/report/report_descriptors.h"
+#include "rehearsal/user.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/desktop/shutdown.h"
+#include "simulator/model/security/security.h"
+#include "support/program_simulated.h"
 
 namespace restore {
 namespace {

@@ -9,14 +9,14 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/model/message_boxes.h"
-#include "simulator/model/node.h"
-#include "simulator/model/sddl_text.h"
-#include "simulator/model/security.h"
-#include "simulator/report_descriptors.h"
-#include "support/simulated_descriptors.h"
-#include "support/simulated_process.h"
-#include "support/simulated_whole_run.h"
+#include "rehearsal/report/report_descriptors.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/files/node.h"
+#include "simulator/model/security/sddl_text.h"
+#include "simulator/model/security/security.h"
+#include "support/descriptors_simulated.h"
+#include "support/process_simulated.h"
+#include "support/whole_run_simulated.h"
 
 namespace restore {
 namespace {

@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "common/win/win_util.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
+#include "support/boot_tools_simulated.h"
 #include "support/recording_logger.h"
-#include "support/simulated_boot_tools.h"
 
 namespace common::win {
 namespace {

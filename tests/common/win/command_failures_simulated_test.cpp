@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/errors.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_command.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/win/child_process_list.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/simulated_command.h"
 

@@ -8,7 +8,7 @@
 #include "common/owner.h"
 #include "common/win/child_process_list.h"
 #include "common/win/win_util.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 

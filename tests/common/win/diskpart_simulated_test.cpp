@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/win/win_util.h"
-#include "simulator/model/processes.h"
+#include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"
 #include "support/simulated_diskpart.h"

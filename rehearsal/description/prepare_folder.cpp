@@ -1,0 +1,43 @@
+#include "rehearsal/description/prepare_folder.h"
+
+#include "rehearsal/description/source_tree.h"
+#include "simulator/model/common/path_name.h"
+#include "simulator/model/security/sddl_text.h"
+
+namespace simulator {
+namespace {
+
+std::string ListName(std::string_view name, char letter) {
+  return std::string(name) + "_" + NameKey(std::string(1, letter)) + ".dat";
+}
+
+}  // namespace
+
+std::string AclListName(char letter) { return ListName("aclbackup", letter); }
+std::string JunctionListName(char letter) { return ListName("juncbackup", letter); }
+
+std::string AclList(char letter, const Node& root, const AccountDomains& domains) {
+  std::string list;
+  VisitTree(letter, root, [&list, &domains](const std::string& path, const Node& node) {
+    list += "\"" + path + "\"," + std::to_string(node.attributes) + ",\"" +
+            SddlText(*node.security, domains) + "\"\r\n";
+  });
+  return list;
+}
+
+std::string JunctionList(char letter, const Node& root) {
+  std::string list;
+  VisitTree(letter, root, [&list](const std::string& path, const Node& node) {
+    const std::string target = JunctionTargetOf(node);
+    if (!target.empty()) list += path + ";" + target + "\r\n";
+  });
+  return list;
+}
+
+std::string BackupInfo(char letter, const Node& root) {
+  size_t count = 0;
+  VisitTree(letter, root, [&count](const std::string&, const Node&) { ++count; });
+  return std::string(1, letter) + "\r\n\r\n\r\n" + std::to_string(count) + "\r\n";
+}
+
+}  // namespace simulator

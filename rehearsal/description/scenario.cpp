@@ -1,0 +1,225 @@
+#include "rehearsal/description/scenario.h"
+
+#include <charconv>
+#include <limits>
+#include <set>
+
+#include "rehearsal/description/scenario_boot.h"
+#include "rehearsal/description/scenario_json.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/server.h"
+
+namespace simulator {
+namespace {
+
+constexpr int64_t kMaxDword = std::numeric_limits<DWORD>::max();
+
+// The letters and disks read so far.
+struct Context {
+  std::filesystem::path folder;  // of the scenario file
+  std::set<char> letters;
+  std::set<char> source_letters;
+};
+
+std::optional<char> ReadLetter(const std::optional<JsonPlace>& place, std::set<char>& seen) {
+  if (!place) return std::nullopt;
+  const char letter = place->Letter();
+  if (!seen.insert(letter).second) {
+    place->Fail(std::string("a letter that no other volume has, not ") + letter + " again");
+  }
+  return letter;
+}
+
+std::vector<std::string> ReadLines(const JsonPlace& place) {
+  std::vector<std::string> lines;
+  for (const JsonPlace& element : place.Elements()) {
+    lines.push_back(element.Text());
+    if (lines.back().find_first_of("\r\n") != std::string::npos) element.Fail("one line of text");
+  }
+  return lines;
+}
+
+ScenarioVolume ReadVolume(const JsonPlace& place, Context& context) {
+  place.AllowKeys({"label", "file_system", "letter", "source_letter", "drive_type", "backup_info",
+                   "import", "source", "lost", "unreadable"});
+  ScenarioVolume volume;
+  if (const auto label = place.Find("label")) volume.label = label->Text();
+  if (const auto name = place.Find("file_system")) volume.file_system = name->Text();
+  volume.letter = ReadLetter(place.Find("letter"), context.letters);
+  volume.source_letter = ReadLetter(place.Find("source_letter"), context.source_letters);
+  if (const auto type = place.Find("drive_type")) {
+    const std::string name = type->Text();
+    if (name != "fixed" && name != "removable") type->Fail("\"fixed\" or \"removable\"");
+    volume.drive_type = name == "fixed" ? DRIVE_FIXED : DRIVE_REMOVABLE;
+  }
+  if (const auto lines = place.Find("backup_info")) volume.backup_info = ReadLines(*lines);
+  if (const auto import = place.Find("import")) {
+    volume.import = context.folder / import->Line();
+    std::error_code error;
+    if (!std::filesystem::is_directory(volume.import, error)) {
+      import->Fail("a folder, found none at \"" + volume.import.string() + "\"");
+    }
+  }
+  if (const auto source = place.Find("source")) {
+    if (!volume.source_letter) source->Fail("a source letter beside it");
+    volume.source = ReadSource(*source);
+  }
+  for (const char* const key : {"lost", "unreadable"}) {
+    if (const auto found = place.Find(key); found && !volume.source) {
+      found->Fail("a source beside it");
+    }
+  }
+  if (const auto lost = place.Find("lost")) volume.lost = ReadLosses(*lost);
+  if (const auto unreadable = place.Find("unreadable")) {
+    volume.unreadable = ReadUnreadable(*unreadable);
+  }
+  return volume;
+}
+
+ScenarioPartition ReadPartition(const JsonPlace& place, int number, Context& context) {
+  place.AllowKeys({"number", "size", "info", "volume"});
+  ScenarioPartition partition;
+  partition.number = number;
+  if (const auto given = place.Find("number")) {
+    partition.number = static_cast<int>(given->Number(1, 128));
+  }
+  partition.size = place.At("size").Size();
+  if (const auto info = place.Find("info")) {
+    partition.info = info->Text();
+    if (partition.info != "System" && partition.info != "Boot" && partition.info != "Hidden") {
+      info->Fail("\"System\", \"Boot\" or \"Hidden\"");
+    }
+  }
+  if (const auto volume = place.Find("volume")) partition.volume = ReadVolume(*volume, context);
+  return partition;
+}
+
+ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
+  place.AllowKeys({"size", "free", "model", "gpt", "online", "partitions"});
+  ScenarioDisk disk;
+  disk.size = place.At("size").Size();
+  if (const auto free = place.Find("free")) disk.free = free->Size();
+  if (const auto model = place.Find("model")) disk.model = model->Line();
+  if (const auto gpt = place.Find("gpt")) disk.gpt = gpt->Truth();
+  if (const auto online = place.Find("online")) disk.online = online->Truth();
+  if (disk.free > disk.size) place.At("free").Fail("no more than the disk's size");
+  const auto partitions = place.Find("partitions");
+  if (!partitions) return disk;
+
+  uint64_t left = disk.size - disk.free;
+  std::set<int> numbers;
+  int next = 1;
+  for (const JsonPlace& element : partitions->Elements()) {
+    const ScenarioPartition partition = ReadPartition(element, next, context);
+    next = partition.number + 1;
+    if (!numbers.insert(partition.number).second) {
+      element.Fail("a number that no other partition of the disk has");
+    }
+    if (partition.size > left) {
+      element.At("size").Fail("a partition that fits beside the disk's others and its free space");
+    }
+    left -= partition.size;
+    if (!disk.online && partition.volume && partition.volume->letter) {
+      element.At("volume").At("letter").Fail("no letter on a disk that is offline");
+    }
+    disk.partitions.push_back(partition);
+  }
+  return disk;
+}
+
+ScenarioTool ReadTool(const JsonPlace& place) {
+  place.AllowKeys({"name", "call", "exit_code", "output"});
+  ScenarioTool tool;
+  tool.name = place.At("name").Text();
+  if (tool.name != "diskpart" && tool.name != "bcdedit" && tool.name != "bcdboot") {
+    place.At("name").Fail("\"diskpart\", \"bcdedit\" or \"bcdboot\"");
+  }
+  if (const auto call = place.Find("call")) {
+    tool.call = static_cast<int>(call->Number(1, std::numeric_limits<int>::max()));
+  }
+  tool.exit_code = static_cast<DWORD>(place.At("exit_code").Number(0, kMaxDword));
+  if (const auto output = place.Find("output")) tool.output = output->Text();
+  return tool;
+}
+
+ScenarioFault ReadFault(const JsonPlace& place) {
+  place.AllowKeys({"call", "occurrence", "error", "for_good"});
+  ScenarioFault fault;
+  fault.name = place.At("call").Line();
+  if (const auto occurrence = place.Find("occurrence")) {
+    fault.occurrence = static_cast<int>(occurrence->Number(1, std::numeric_limits<int>::max()));
+  }
+  fault.error = static_cast<uint32_t>(place.At("error").Number(0, kMaxDword));
+  const auto for_good = place.Find("for_good");
+  if (for_good && for_good->Truth()) fault.lasting = Lasting::kForGood;
+  return fault;
+}
+
+// "10.0.14393".
+void ReadVersion(const JsonPlace& place, Scenario& scenario) {
+  const std::string text = place.Text();
+  const char* rest = text.data();
+  const char* const end = rest + text.size();
+  bool valid = true;
+  for (DWORD* part : {&scenario.major_version, &scenario.minor_version, &scenario.build}) {
+    if (part != &scenario.major_version) valid = valid && rest != end && *rest++ == '.';
+    const auto [after, error] = std::from_chars(rest, end, *part);
+    valid = valid && error == std::errc();
+    rest = after;
+  }
+  const bool known = scenario.major_version > 6 ||
+                     (scenario.major_version == 6 && scenario.minor_version >= 1) ||
+                     (scenario.major_version == 5 && scenario.minor_version == 2);
+  if (!valid || rest != end || !known) {
+    place.Fail("Windows 5.2 or a version from 6.1 on with its build, such as \"10.0.14393\"");
+  }
+}
+
+void ReadWindows(const JsonPlace& place, Scenario& scenario) {
+  place.AllowKeys({"version", "language", "computer_name"});
+  if (const auto version = place.Find("version")) ReadVersion(*version, scenario);
+  if (const auto language = place.Find("language")) {
+    scenario.language = static_cast<LANGID>(language->Number(1, 0xFFFF));
+  }
+  if (const auto name = place.Find("computer_name")) scenario.computer_name = name->Line();
+}
+
+}  // namespace
+
+Scenario ReadScenario(const std::filesystem::path& file) {
+  const nlohmann::json document = ParseJsonFile(file);
+  const JsonPlace root(file, document);
+  root.AllowKeys({"title", "windows", "boot", "disks", "tools", "faults", "startup_links"});
+  Scenario scenario;
+  Context context{.folder = file.parent_path(), .letters = {}, .source_letters = {}};
+  scenario.title = root.At("title").Line();
+  if (const auto windows = root.Find("windows")) ReadWindows(*windows, scenario);
+  if (const auto boot = root.Find("boot")) {
+    if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
+    scenario.boot = std::make_shared<Boot>(ReadBoot(*boot));
+  }
+  const JsonPlace disks = root.At("disks");
+  for (const JsonPlace& disk : disks.Elements()) scenario.disks.push_back(ReadDisk(disk, context));
+  if (!context.letters.contains('C')) {
+    disks.Fail("a volume with the letter C, where Windows and the program are");
+  }
+  if (const auto tools = root.Find("tools")) {
+    for (const JsonPlace& tool : tools->Elements()) {
+      scenario.tools.push_back(ReadTool(tool));
+      if (!scenario.HasBootStore() && scenario.tools.back().name != "diskpart") {
+        tool.At("name").Fail("\"diskpart\", the only tool on Windows 5.2");
+      }
+    }
+  }
+  if (const auto faults = root.Find("faults")) {
+    for (const JsonPlace& fault : faults->Elements()) scenario.faults.push_back(ReadFault(fault));
+  }
+  if (const auto links = root.Find("startup_links")) {
+    links->AllowKeys({"common", "program"});
+    if (const auto common = links->Find("common")) scenario.common_startup_link = common->Truth();
+    if (const auto program = links->Find("program")) scenario.program_link = program->Truth();
+  }
+  return scenario;
+}
+
+}  // namespace simulator

@@ -1,0 +1,122 @@
+// A migrated server described in a JSON file. Its keys, those in brackets optional:
+//
+//   title, disks, [windows], [boot], [startup_links], [tools], [faults]
+//   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
+//   boot:          see scenario_boot.h; a boot configuration with nothing to repair without it
+//   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
+//   partitions:    size, [number], [info] "System", "Boot" or "Hidden", [volume]
+//   volume:        [label], [file_system], [letter] now, [source_letter], [drive_type] "fixed" or
+//                  "removable", [backup_info] lines, [import] a host folder, [source], [lost],
+//                  [unreadable]: see scenario_source.h
+//   tools:         name "diskpart", "bcdedit" or "bcdboot", exit_code, [call] counted from 1,
+//                  [output]
+//   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
+//   startup_links: [common], [program]; both are there unless said otherwise
+#ifndef REHEARSAL_DESCRIPTION_SCENARIO_H_
+#define REHEARSAL_DESCRIPTION_SCENARIO_H_
+
+#include <windows.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "rehearsal/description/scenario_source.h"
+
+namespace simulator {
+
+class ChildProcess;
+class Server;
+enum class Lasting;
+struct Boot;
+struct SourceVolume;
+
+// One line: the file, the place in it and what was expected there.
+class ScenarioError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct ScenarioVolume {
+  std::string label;
+  std::string file_system = "NTFS";
+  std::optional<char> letter;         // upper case
+  std::optional<char> source_letter;  // upper case; none for a volume the source did not have
+  UINT drive_type = DRIVE_FIXED;
+  std::optional<std::vector<std::string>> backup_info;  // its lines; else as the source has it
+  std::filesystem::path import;                         // a host folder, or empty
+  std::optional<ScenarioSource> source;                 // only with a source letter
+  ScenarioLosses lost;
+  ScenarioUnreadable unreadable;
+};
+
+struct ScenarioPartition {
+  int number = 1;
+  uint64_t size = 0;  // bytes
+  std::string info;
+  std::optional<ScenarioVolume> volume;
+};
+
+struct ScenarioDisk {
+  uint64_t size = 0;  // bytes
+  uint64_t free = 0;  // bytes
+  std::string model = "Virtual HD SCSI Disk Device";
+  bool gpt = false;
+  bool online = true;
+  std::vector<ScenarioPartition> partitions;
+};
+
+// A call of a tool that prints `output` and ends with `exit_code` and does nothing else.
+struct ScenarioTool {
+  std::string name;
+  int call = 1;
+  DWORD exit_code = 0;
+  std::string output;
+};
+
+struct ScenarioFault {
+  std::string name;
+  int occurrence = 1;
+  uint32_t error = 0;
+  Lasting lasting{};  // once
+};
+
+struct Scenario {
+  std::string title;
+  DWORD major_version = 10;
+  DWORD minor_version = 0;
+  DWORD build = 14393;
+  LANGID language = 1033;
+  std::string computer_name = "MIGRATED";
+  std::vector<ScenarioDisk> disks;  // numbered from 0
+  std::shared_ptr<Boot> boot;       // null for one with nothing to repair
+  std::vector<ScenarioTool> tools;
+  std::vector<ScenarioFault> faults;
+  bool common_startup_link = true;
+  bool program_link = true;
+
+  // Windows Server 2003 starts by a text file.
+  bool HasBootStore() const { return major_version >= 6; }
+};
+
+// Throws ScenarioError. Folders to import are taken relative to the file's.
+Scenario ReadScenario(const std::filesystem::path& file);
+
+// Called on the tool's own thread before it does its work: whatever time it takes passes in there.
+using ToolPace = std::function<void(const std::string& tool, ChildProcess& child)>;
+
+// Makes a fresh server the scenario's and tells what the source server had, in the order of the
+// disks. Throws ScenarioError when a folder cannot be imported, or when what the scenario puts in a
+// place cannot lie there: a file where the server has a folder, a junction above the server's
+// files.
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server,
+                                const ToolPace& pace = nullptr);
+
+}  // namespace simulator
+
+#endif  // REHEARSAL_DESCRIPTION_SCENARIO_H_

@@ -1,0 +1,52 @@
+// A value in a scenario's JSON together with its place, for messages that name it.
+#ifndef REHEARSAL_DESCRIPTION_SCENARIO_JSON_H_
+#define REHEARSAL_DESCRIPTION_SCENARIO_JSON_H_
+
+#include <cstdint>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace simulator {
+
+// Parses a whole file. Throws ScenarioError.
+nlohmann::json ParseJsonFile(const std::filesystem::path& file);
+
+// Refers to the document and to the file's name; both must outlive it. Every member function
+// throws ScenarioError when the value is not of the wanted kind.
+class JsonPlace {
+ public:
+  JsonPlace(const std::filesystem::path& file, const nlohmann::json& value,
+            std::string pointer = "")
+      : file_(&file), value_(&value), pointer_(std::move(pointer)) {}
+
+  // "FILE: /disks/0/size: expected WHAT".
+  [[noreturn]] void Fail(std::string_view expected) const;
+
+  // Of an object.
+  void AllowKeys(const std::vector<std::string>& keys) const;
+  std::optional<JsonPlace> Find(const std::string& key) const;
+  JsonPlace At(const std::string& key) const;
+
+  std::vector<JsonPlace> Elements() const;
+  std::string Text() const;
+  bool Truth() const;
+  int64_t Number(int64_t low, int64_t high) const;
+
+  // Texts of a certain form.
+  std::string Line() const;  // one line, not empty
+  uint64_t Size() const;     // "127 GB", in bytes
+  char Letter() const;       // "E" or "e", in upper case
+
+ private:
+  const std::filesystem::path* file_;
+  const nlohmann::json* value_;
+  std::string pointer_;
+};
+
+}  // namespace simulator
+
+#endif  // REHEARSAL_DESCRIPTION_SCENARIO_JSON_H_

@@ -1,0 +1,255 @@
+// Runs the restore program on a simulated server and shows what it did. Standard output here is
+// std::cout: stdio's is the simulated console.
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/description/source_tree.h"
+#include "rehearsal/options.h"
+#include "rehearsal/report/report_boot.h"
+#include "rehearsal/report/report_descriptors.h"
+#include "rehearsal/report/report_junctions.h"
+#include "rehearsal/report/report_letters.h"
+#include "rehearsal/report/report_restart.h"
+#include "rehearsal/screen.h"
+#include "rehearsal/user.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/common/clock.h"
+#include "simulator/model/desktop/dialogs.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/desktop/shutdown.h"
+#include "simulator/model/processes/console.h"
+#include "simulator/model/processes/own_process.h"
+#include "simulator/model/processes/processes.h"
+#include "simulator/model/security/security.h"
+#include "simulator/model/server.h"
+#include "ui/resource.h"
+#include "wine/drive/rehearse_windows.h"
+
+namespace simulator {
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kRunFailed = 1;
+constexpr int kWrongUsage = 2;
+
+std::vector<std::filesystem::path> ShippedScenarios() {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(VANTORO_SCENARIO_DIR)) {
+    if (entry.path().extension() == ".json") files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+std::filesystem::path ScenarioFile(const std::string& name) {
+  if (name.ends_with(".json") || name.find('/') != std::string::npos) return name;
+  return std::filesystem::path(VANTORO_SCENARIO_DIR) / (name + ".json");
+}
+
+void List() {
+  for (const std::filesystem::path& file : ShippedScenarios()) {
+    std::cout << file.stem().string() << "\n    " << ReadScenario(file).title << "\n";
+  }
+}
+
+// A terminal that is large enough to draw in; its size may be unknown.
+Screen::Kind KindOfScreen() {
+  constexpr int kRows = 12;
+  constexpr int kColumns = 80;
+  const char* const terminal = std::getenv("TERM");
+  if (::isatty(STDOUT_FILENO) != 1 || terminal == nullptr || std::string_view(terminal) == "dumb") {
+    return Screen::Kind::kPlain;
+  }
+  winsize size{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row != 0 &&
+      (size.ws_row < kRows || size.ws_col < kColumns)) {
+    return Screen::Kind::kPlain;
+  }
+  return Screen::Kind::kTerminal;
+}
+
+// Shows everything as it happens and lets the user act.
+void Watch(Server& server, Screen& screen, User& user) {
+  Dialogs& dialogs = server.dialogs();
+  // Otherwise the run would be far ahead of what the user sees.
+  dialogs.HandlePostsAtOnce();
+  dialogs.Watch([&dialogs, &screen, &user](const ShownDialog& dialog) {
+    screen.ShowDialog(dialog);
+    if (user.WantsToCancel(dialog)) dialogs.Click(dialog.window, IDCANCEL);
+  });
+  server.message_boxes().Answer([&screen, &user](const ShownMessageBox& box) {
+    const int answer = user.Answer(box);
+    screen.ShowBox(box, answer);
+    return answer;
+  });
+  server.files().Watch([&screen](const std::string& path, std::string_view bytes) {
+    if (path.ends_with(".log")) screen.ShowLog(bytes);
+  });
+}
+
+// The time that a tool takes passes on the steered clock, in steps that the dialog keeps up with.
+// Who looks at a terminal sees it pass, twenty times as fast.
+void PassTime(Server& server, Screen::Kind screen, const std::string& tool,
+              const ChildProcess& child) {
+  constexpr int kStep = 100;  // milliseconds
+  constexpr std::chrono::milliseconds kSeen{kStep / 20};
+  const int duration = tool == "bcdedit" ? 500 : 1000;
+  const auto let_dialogs_rest = [&server] {
+    Dialogs& dialogs = server.dialogs();
+    for (const ShownDialog& dialog : dialogs.All()) dialogs.WaitUntilIdle(dialog.window);
+  };
+  let_dialogs_rest();
+  for (int passed = 0; passed < duration && !child.Terminated(); passed += kStep) {
+    server.clock().Advance(kStep);
+    let_dialogs_rest();
+    if (screen == Screen::Kind::kTerminal) std::this_thread::sleep_for(kSeen);
+  }
+}
+
+enum class Outcome { kSucceeded, kFailed, kCancelled };
+
+// Runs the program from its entry point to its exit. What became of the run is told by what the
+// user did, by the boxes, and by how the dialog looked last.
+Outcome RunProgram(Server& server, const User& user) {
+  server.own_process().Run(
+      [] { return ::wWinMain(ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
+  if (user.cancelled_at()) return Outcome::kCancelled;
+  const std::vector<ShownMessageBox> boxes = server.message_boxes().Shown();
+  const bool has_warned = std::any_of(boxes.begin(), boxes.end(), [](const ShownMessageBox& box) {
+    return (box.type & MB_ICONWARNING) == MB_ICONWARNING;
+  });
+  const std::vector<ShownDialog> dialogs = server.dialogs().All();
+  if (has_warned || dialogs.empty()) return Outcome::kFailed;
+  const ShownControl& bar = dialogs.back().Control(IDC_PROGRESS);
+  const bool is_full = bar.state == PBST_NORMAL && bar.position == bar.maximum;
+  return is_full ? Outcome::kSucceeded : Outcome::kFailed;
+}
+
+// Copies the program's logs to the host and says where they lie. False when that failed.
+bool CopyLogs(Server& server, const std::filesystem::path& folder) {
+  const std::string& program = server.system().program_path;
+  const std::string logs = program.substr(0, program.rfind('\\')) + "\\Logs\\";
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  bool any = false;
+  for (const std::string& name : server.files().List(logs)) {
+    const std::optional<std::string> text = server.files().Read(logs + name);
+    if (!text) continue;
+    const std::filesystem::path file = folder / name;
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    stream << *text;
+    if (!stream.flush()) {
+      std::cerr << "rehearse: cannot write the log to " << file.string() << "\n";
+      return false;
+    }
+    std::cout << "log: " << file.string() << "\n";
+    any = true;
+  }
+  if (!any) std::cout << "log: none was written\n";
+  return true;
+}
+
+// The run's totals when it came so far, else the first message box.
+std::string ReasonOf(Server& server) {
+  const std::string console = server.console().Text();
+  const size_t begin = console.rfind("Vantoro Restore Finish, Total");
+  if (begin != std::string::npos) {
+    return console.substr(begin, console.find_first_of("\r\n", begin) - begin);
+  }
+  const std::vector<ShownMessageBox> boxes = server.message_boxes().Shown();
+  return boxes.empty() ? "see the log" : boxes.front().text;
+}
+
+int ExitStatus(Outcome outcome, Server& server, const User& user) {
+  std::cout << std::flush;
+  switch (outcome) {
+    case Outcome::kSucceeded:
+      return kSuccess;
+    case Outcome::kFailed:
+      std::cerr << "rehearse: the run failed: " << ReasonOf(server) << "\n";
+      return kRunFailed;
+    case Outcome::kCancelled:
+      std::cerr << "rehearse: the run was cancelled at " << *user.cancelled_at() << "%\n";
+      return kRunFailed;
+  }
+  return kRunFailed;
+}
+
+int Rehearse(const Options& options) {
+  Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
+  if (options.language) scenario.language = *options.language;
+  if (options.windows) return RehearseUnderWine(scenario, options) ? kSuccess : kRunFailed;
+  Server server;
+  const Screen::Kind kind = KindOfScreen();
+  const std::vector<SourceVolume> sources =
+      Build(scenario, server, [&server, kind](const std::string& tool, const ChildProcess& child) {
+        PassTime(server, kind, tool, child);
+      });
+  const std::vector<JunctionState> junctions = JunctionStates(sources);
+  const BootStore boot = server.boot().store;
+  std::cout << scenario.title << "\n\n";
+  Screen screen(std::cout, kind);
+  User user(options.intention);
+  Watch(server, screen, user);
+  const Outcome outcome = RunProgram(server, user);
+  server.files().Watch(nullptr);
+  server.dialogs().Watch(nullptr);
+
+  std::cout << "\n"
+            << BootReport(boot, server.boot().store)
+            << LetterReport(GatherLetters(scenario, server))
+            << JunctionReport(GatherJunctions(sources, junctions, server))
+            << DescriptorReport(GatherDescriptors(sources, server.security().domains()))
+            << RestartReport(server.shutdown().Scheduled());
+  if (!CopyLogs(server, options.logs)) return kRunFailed;
+  return ExitStatus(outcome, server, user);
+}
+
+int Main(const std::vector<std::string>& arguments) {
+  Options options;
+  const std::string wrong = ParseArguments(arguments, options);
+  if (!wrong.empty()) {
+    std::cerr << "rehearse: " << wrong << "; --help tells the usage\n";
+    return kWrongUsage;
+  }
+  try {
+    if (options.help) {
+      std::cout << kHelp;
+    } else if (options.list) {
+      List();
+    } else {
+      return Rehearse(options);
+    }
+  } catch (const ScenarioError& error) {
+    std::cerr << "rehearse: " << error.what() << "\n";
+    return kWrongUsage;
+  } catch (const std::filesystem::filesystem_error& error) {
+    std::cerr << "rehearse: " << error.path1().string() << ": " << error.code().message() << "\n";
+    return kWrongUsage;
+  } catch (const std::exception& error) {
+    std::cerr << "rehearse: " << error.what() << "\n";
+    return kRunFailed;
+  }
+  return kSuccess;
+}
+
+}  // namespace
+}  // namespace simulator
+
+int main(int argc, char** argv) {
+  return simulator::Main(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
+}

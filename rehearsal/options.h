@@ -1,0 +1,34 @@
+// The command line of a rehearsal.
+#ifndef REHEARSAL_OPTIONS_H_
+#define REHEARSAL_OPTIONS_H_
+
+#include <windows.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "rehearsal/user.h"
+
+namespace simulator {
+
+struct Options {
+  std::string scenario = "default";
+  std::filesystem::path logs = "out/Logs";
+  std::optional<LANGID> language;  // instead of the scenario's
+  Intention intention;
+  bool windows = false;  // the program of Windows, under Wine
+  bool list = false;
+  bool help = false;
+};
+
+extern const std::string_view kHelp;
+
+// Empty, or what is wrong with the arguments, which do not begin with the program.
+std::string ParseArguments(const std::vector<std::string>& arguments, Options& options);
+
+}  // namespace simulator
+
+#endif  // REHEARSAL_OPTIONS_H_

@@ -1,0 +1,79 @@
+#include "rehearsal/report/report_descriptors.h"
+
+#include <algorithm>
+#include <map>
+
+#include "rehearsal/description/source_tree.h"
+#include "simulator/model/files/node.h"
+#include "simulator/model/files/volume.h"
+#include "simulator/model/security/account_domains.h"
+#include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sddl_text.h"
+
+namespace simulator {
+namespace {
+
+constexpr size_t kMostShown = 10;
+
+// Texts of descriptors; many nodes share one.
+class Texts {
+ public:
+  explicit Texts(const AccountDomains& domains) : domains_(domains) {}
+
+  const std::string& Of(const std::shared_ptr<const Descriptor>& descriptor) {
+    const auto [found, is_new] = texts_.try_emplace(descriptor);
+    if (is_new) found->second = SddlText(*descriptor, domains_);
+    return found->second;
+  }
+
+ private:
+  const AccountDomains& domains_;
+  std::map<std::shared_ptr<const Descriptor>, std::string> texts_;
+};
+
+// "6,000".
+std::string WithCommas(size_t number) {
+  std::string text = std::to_string(number);
+  for (size_t end = text.size(); end > 3;) {
+    end -= 3;
+    text.insert(end, ",");
+  }
+  return text;
+}
+
+}  // namespace
+
+DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
+                                    const AccountDomains& domains) {
+  constexpr size_t kRoot = 3;  // "C:\"
+  DescriptorOutcome outcome;
+  Texts texts(domains);
+  for (const SourceVolume& volume : sources) {
+    VisitTree(volume.letter, *volume.root, [&](const std::string& path, const Node& node) {
+      ++outcome.objects;
+      const std::string& wanted = texts.Of(node.security);
+      const Node* const found = volume.copy->root->Find(path.substr(kRoot));
+      const std::string text = found == nullptr ? "" : texts.Of(found->security);
+      if (text != wanted) outcome.differences.push_back({path, wanted, text});
+    });
+  }
+  return outcome;
+}
+
+std::string DescriptorReport(const DescriptorOutcome& outcome) {
+  const size_t different = outcome.differences.size();
+  std::string report = "descriptors: " + WithCommas(outcome.objects - different) + " of " +
+                       WithCommas(outcome.objects) + " equal to the source\n";
+  const size_t shown = std::min(different, kMostShown);
+  for (size_t i = 0; i < shown; ++i) {
+    const DescriptorDifference& difference = outcome.differences[i];
+    report += "  " + difference.path + "\n";
+    report += "    wanted  " + difference.wanted + "\n";
+    report +=
+        "    found   " + (difference.found.empty() ? "nothing there" : difference.found) + "\n";
+  }
+  if (different > shown) report += "  and " + WithCommas(different - shown) + " more\n";
+  return report;
+}
+
+}  // namespace simulator

@@ -1,0 +1,23 @@
+// What a rehearsal tells about the restart.
+#ifndef REHEARSAL_REPORT_REPORT_RESTART_H_
+#define REHEARSAL_REPORT_REPORT_RESTART_H_
+
+#include <optional>
+#include <string>
+
+#include "simulator/model/desktop/shutdown.h"
+
+namespace simulator {
+
+// One of these lines, with "\n"; the text is what those who are logged on read:
+//
+//   restart: not asked for
+//   restart: asked for in 30 seconds, "Windows System Will Restart In 30 Seconds!"
+//
+// What forces programs to close ends with ", closing every program". A shutdown without a restart
+// begins with "shutdown".
+std::string RestartReport(const std::optional<ShutdownRequest>& request);
+
+}  // namespace simulator
+
+#endif  // REHEARSAL_REPORT_REPORT_RESTART_H_

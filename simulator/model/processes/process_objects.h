@@ -1,0 +1,33 @@
+// What the handles of processes and threads stand for.
+#ifndef SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
+#define SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "simulator/model/processes/handles.h"
+
+namespace simulator {
+
+class ChildProcess;
+
+class ProcessObject : public Object {
+ public:
+  explicit ProcessObject(std::shared_ptr<ChildProcess> child) : child_(std::move(child)) {}
+  std::string Kind() const override { return "process"; }
+  const std::shared_ptr<ChildProcess>& Child() const { return child_; }
+
+ private:
+  const std::shared_ptr<ChildProcess> child_;
+};
+
+// Of the program or of a child.
+class ThreadObject : public Object {
+ public:
+  std::string Kind() const override { return "thread"; }
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_

@@ -1,0 +1,143 @@
+#include "simulator/model/security/sddl_ace.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "simulator/model/common/unsupported.h"
+#include "simulator/model/security/account_domains.h"
+#include "simulator/model/security/sddl_attribute.h"
+#include "simulator/model/security/sddl_condition.h"
+#include "simulator/model/security/sddl_guid.h"
+#include "simulator/model/security/sddl_rights.h"
+#include "simulator/model/security/sddl_sids.h"
+
+namespace simulator {
+namespace {
+
+struct Name {
+  std::string_view text;
+  BYTE value;
+};
+
+// https://learn.microsoft.com/windows/win32/secauthz/ace-strings
+constexpr auto kTypes = std::to_array<Name>({
+    {"A", ACCESS_ALLOWED_ACE_TYPE},
+    {"D", ACCESS_DENIED_ACE_TYPE},
+    {"AU", SYSTEM_AUDIT_ACE_TYPE},
+    {"AL", SYSTEM_ALARM_ACE_TYPE},
+    {"OA", ACCESS_ALLOWED_OBJECT_ACE_TYPE},
+    {"OD", ACCESS_DENIED_OBJECT_ACE_TYPE},
+    {"OU", SYSTEM_AUDIT_OBJECT_ACE_TYPE},
+    {"OL", SYSTEM_ALARM_OBJECT_ACE_TYPE},
+    {"XA", ACCESS_ALLOWED_CALLBACK_ACE_TYPE},
+    {"XD", ACCESS_DENIED_CALLBACK_ACE_TYPE},
+    {"ZA", ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE},
+    {"XU", SYSTEM_AUDIT_CALLBACK_ACE_TYPE},
+    {"ML", SYSTEM_MANDATORY_LABEL_ACE_TYPE},
+    {"RA", SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE},
+    {"SP", SYSTEM_SCOPED_POLICY_ID_ACE_TYPE},
+});
+
+constexpr auto kFlags = std::to_array<Name>({
+    {"OI", OBJECT_INHERIT_ACE},
+    {"CI", CONTAINER_INHERIT_ACE},
+    {"NP", NO_PROPAGATE_INHERIT_ACE},
+    {"IO", INHERIT_ONLY_ACE},
+    {"ID", INHERITED_ACE},
+    {"SA", SUCCESSFUL_ACCESS_ACE_FLAG},
+    {"FA", FAILED_ACCESS_ACE_FLAG},
+});
+
+bool HasCondition(BYTE type) {
+  return type == ACCESS_ALLOWED_CALLBACK_ACE_TYPE || type == ACCESS_DENIED_CALLBACK_ACE_TYPE ||
+         type == ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE || type == SYSTEM_AUDIT_CALLBACK_ACE_TYPE;
+}
+
+// The blanks before a field count for nothing, those behind it are wrong.
+bool TakeSeparator(SddlCursor& text) {
+  const bool is_separator = text.Take(";");
+  text.SkipBlanks();
+  return is_separator;
+}
+
+bool TakeType(SddlCursor& text, BYTE* type) {
+  const std::string_view word = text.TakeWhile([](char c) { return c != ';'; });
+  const auto found = std::find_if(kTypes.begin(), kTypes.end(), [word](const Name& known) {
+    return IsSameWord(known.text, word);
+  });
+  if (found == kTypes.end()) return false;
+  *type = found->value;
+  return true;
+}
+
+void TakeFlags(SddlCursor& text, BYTE* flags) {
+  const auto take_one = [&text, flags](const Name& flag) {
+    if (!text.Take(flag.text)) return false;
+    *flags = static_cast<BYTE>(*flags | flag.value);
+    return true;
+  };
+  while (std::any_of(kFlags.begin(), kFlags.end(), take_one)) {
+  }
+}
+
+// What follows the SID of a conditional entry or of a resource attribute.
+bool TakeData(SddlCursor& text, const AccountDomains& domains, Ace* ace) {
+  const bool is_attribute = ace->type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE;
+  if (!is_attribute && !HasCondition(ace->type)) return true;
+  if (!TakeSeparator(text)) return false;
+  const std::optional<std::string> data =
+      is_attribute ? TakeAttribute(text, domains) : TakeCondition(text, domains);
+  if (!data) return false;
+  ace->data = *data;
+  ace->data.resize((ace->data.size() + 3) / 4 * 4);
+  text.SkipBlanks();
+  return true;
+}
+
+std::string DataText(const Ace& ace, const AccountDomains& domains) {
+  const bool is_attribute = ace.type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE;
+  if (!is_attribute && !HasCondition(ace.type)) return "";
+  const std::optional<std::string> text =
+      is_attribute ? AttributeText(ace.data, domains) : ConditionText(ace.data, domains);
+  if (!text) Unsupported("the data of an entry of type " + std::to_string(ace.type));
+  return ";" + *text;
+}
+
+}  // namespace
+
+DWORD TakeAce(SddlCursor& text, const AccountDomains& domains, Ace* ace) {
+  if (!text.Take("(")) return ERROR_INVALID_ACL;
+  text.SkipBlanks();
+  if (!TakeType(text, &ace->type) || !TakeSeparator(text)) return ERROR_INVALID_ACL;
+  TakeFlags(text, &ace->flags);
+  if (!TakeSeparator(text)) return ERROR_INVALID_ACL;
+  if (!TakeRights(text, &ace->mask) || !TakeSeparator(text)) return ERROR_INVALID_ACL;
+  if (!TakeGuid(text, &ace->object_type) || !TakeSeparator(text)) return ERROR_INVALID_ACL;
+  if (!TakeGuid(text, &ace->inherited_object_type) || !TakeSeparator(text)) {
+    return ERROR_INVALID_ACL;
+  }
+  if ((ace->object_type || ace->inherited_object_type) && !IsObjectAce(ace->type)) {
+    return ERROR_INVALID_ACL;
+  }
+  const DWORD error = TakeSid(text, domains, &ace->sid);
+  if (error != ERROR_SUCCESS) return error;
+  text.SkipBlanks();
+  return TakeData(text, domains, ace) && text.Take(")") ? ERROR_SUCCESS : ERROR_INVALID_ACL;
+}
+
+std::string AceText(const Ace& ace, const AccountDomains& domains) {
+  const auto type = std::find_if(kTypes.begin(), kTypes.end(),
+                                 [&ace](const Name& known) { return known.value == ace.type; });
+  if (type == kTypes.end()) Unsupported("an entry of type " + std::to_string(ace.type));
+  std::string flags;
+  for (const Name& flag : kFlags) {
+    if ((ace.flags & flag.value) != 0) flags += flag.text;
+  }
+  return "(" + std::string(type->text) + ";" + flags + ";" + RightsText(ace.type, ace.mask) + ";" +
+         GuidText(ace.object_type) + ";" + GuidText(ace.inherited_object_type) + ";" +
+         ShortSidText(ace.sid, domains) + DataText(ace, domains) + ")";
+}
+
+}  // namespace simulator

@@ -1,0 +1,36 @@
+// The security descriptor definition language, revision 1.
+// https://learn.microsoft.com/windows/win32/secauthz/security-descriptor-definition-language
+#ifndef SIMULATOR_MODEL_SECURITY_SDDL_TEXT_H_
+#define SIMULATOR_MODEL_SECURITY_SDDL_TEXT_H_
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace simulator {
+
+struct AccountDomains;
+struct Descriptor;
+struct Sid;
+
+// A system error code; `descriptor` is set when it is ERROR_SUCCESS.
+DWORD ParseSddl(std::string_view text, const AccountDomains& domains, Descriptor* descriptor);
+
+inline constexpr SECURITY_INFORMATION kAllParts =
+    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
+    SACL_SECURITY_INFORMATION;
+
+// The parts that `information` asks for and the descriptor has, as Windows prints them: "O:", "G:",
+// "D:", "S:" in that order, aliases and named rights where there are any.
+std::string SddlText(const Descriptor& descriptor, const AccountDomains& domains,
+                     SECURITY_INFORMATION information = kAllParts);
+
+// "BA" or "S-1-5-32-544". Nothing for what is no SID.
+std::optional<Sid> ParseSid(std::string_view text, const AccountDomains& domains);
+std::string SidText(const Sid& sid);  // always in the S-1- form
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_SECURITY_SDDL_TEXT_H_

@@ -1,0 +1,20 @@
+// A change to the descriptor of a file or folder.
+#ifndef SIMULATOR_MODEL_SECURITY_SECURITY_CHANGE_H_
+#define SIMULATOR_MODEL_SECURITY_SECURITY_CHANGE_H_
+
+#include <windows.h>
+
+#include "simulator/model/security/descriptor.h"
+
+namespace simulator {
+
+// What SetNamedSecurityInfo sets. Only the parts that `information` names count, and no control
+// word; a list that is not there is a null one.
+struct SecurityChange {
+  SECURITY_INFORMATION information = 0;
+  Descriptor parts;
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_SECURITY_SECURITY_CHANGE_H_

@@ -1,0 +1,26 @@
+// What the handle of an access token stands for.
+#ifndef SIMULATOR_MODEL_SECURITY_TOKEN_H_
+#define SIMULATOR_MODEL_SECURITY_TOKEN_H_
+
+#include <windows.h>
+
+#include <string>
+
+#include "simulator/model/processes/handles.h"
+
+namespace simulator {
+
+// That of the simulated process.
+class Token : public Object {
+ public:
+  explicit Token(DWORD access) : access_(access) {}
+  std::string Kind() const override { return "token"; }
+  DWORD Access() const { return access_; }  // what it was opened for
+
+ private:
+  const DWORD access_;
+};
+
+}  // namespace simulator
+
+#endif  // SIMULATOR_MODEL_SECURITY_TOKEN_H_

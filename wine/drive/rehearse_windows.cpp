@@ -1,0 +1,181 @@
+#include "wine/drive/rehearse_windows.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "rehearsal/report/report_boot.h"
+#include "rehearsal/report/report_descriptors.h"
+#include "rehearsal/report/report_junctions.h"
+#include "rehearsal/report/report_letters.h"
+#include "rehearsal/report/report_restart.h"
+#include "rehearsal/screen.h"
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/desktop/shown_dialog.h"
+#include "ui/resource.h"
+#include "wine/drive/wine_descriptors.h"
+#include "wine/drive/wine_failure.h"
+#include "wine/drive/wine_run.h"
+
+namespace simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Of this process's own.
+fs::path PrefixFolder(const std::string& name) {
+  return fs::path(VANTORO_SOURCE_DIR) / "build" / "wine" / (name + std::to_string(::getpid()));
+}
+
+ShownDialog AsShown(const WatchedDialog& watched) {
+  ShownControl bar;
+  bar.id = IDC_PROGRESS;
+  bar.window_class = "msctls_progress32";
+  bar.position = watched.position;
+  bar.maximum = watched.maximum;
+  ShownDialog dialog;
+  dialog.caption = watched.title;
+  dialog.visible = true;
+  dialog.controls.push_back(bar);
+  return dialog;
+}
+
+// Shows what has come to the log since it was looked at last.
+class LogReader {
+ public:
+  LogReader(const WineServer& server, LANGID language, Screen& screen)
+      : server_(server), language_(language), screen_(screen) {}
+
+  void Look() {
+    const std::string log = server_.Log();
+    screen_.ShowLog(FromCodePage(log.substr(shown_), language_));
+    shown_ = log.size();
+  }
+
+ private:
+  const WineServer& server_;
+  const LANGID language_;
+  Screen& screen_;
+  size_t shown_ = 0;
+};
+
+void TakePicture(const fs::path& file) {
+  Run({.arguments = {"import", "-window", "root", file.string()},
+       .environment = {},
+       .folder = "."});
+  Run({.arguments = {"mogrify", "-trim", "+repage", "-strip", file.string()},
+       .environment = {},
+       .folder = "."});
+}
+
+std::vector<VolumeLetters> Letters(const Scenario& scenario, const WineServer& server) {
+  std::vector<VolumeLetters> volumes;
+  for (size_t d = 0; d < scenario.disks.size(); ++d) {
+    const int disk = static_cast<int>(d);
+    for (const ScenarioPartition& partition : scenario.disks[d].partitions) {
+      if (!partition.volume || !partition.volume->source_letter) continue;
+      volumes.push_back({disk, partition.number, partition.volume->label, partition.size,
+                         *partition.volume->source_letter, partition.volume->letter,
+                         server.LetterOf(disk, partition.number)});
+    }
+  }
+  return volumes;
+}
+
+// Wine makes none; their targets may be missing besides.
+std::vector<JunctionOutcome> Junctions(const Scenario& scenario, const WineServer& server) {
+  std::vector<JunctionOutcome> junctions;
+  for (const ScenarioDisk& disk : scenario.disks) {
+    for (const ScenarioPartition& partition : disk.partitions) {
+      if (!partition.volume || !partition.volume->source) continue;
+      for (const ScenarioJunction& junction : partition.volume->source->junctions) {
+        junctions.push_back(
+            {JunctionState::kNone, JunctionState::kNone, server.prefix().Exists(junction.target)});
+      }
+    }
+  }
+  return junctions;
+}
+
+fs::path PictureFile(const Options& options) { return options.logs / "vantoro_restore.png"; }
+
+WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer& server) {
+  std::cout << scenario.title << "\n\n";
+  Screen screen(std::cout, Screen::Kind::kPlain);
+  LogReader log(server, scenario.language, screen);
+  fs::create_directories(options.logs);
+  const fs::path picture = PictureFile(options);
+  fs::remove(picture);
+
+  WatchOptions watch;
+  watch.restarts = options.intention.wish == Wish::kRestart;
+  watch.on_dialog = [&](const WatchedDialog& dialog) {
+    log.Look();
+    screen.ShowDialog(AsShown(dialog));
+  };
+  watch.on_box = [&](const WatchedBox& box) {
+    log.Look();
+    TakePicture(picture);
+    const bool is_refused = box.buttons.size() > 1 && !watch.restarts;
+    screen.ShowBox({nullptr, box.text, box.caption, MB_OK, IDOK}, is_refused ? IDCANCEL : IDOK);
+  };
+  WatchedRun run = RunWatched(server, watch);
+  log.Look();
+  return run;
+}
+
+// `boot` is the boot store before the run.
+void Report(const Scenario& scenario, const Options& options, const BootStore& boot,
+            const WineServer& server, const WatchedRun& run) {
+  std::cout
+      << "\n"
+      << BootReport(boot, server.State().boot.store) << LetterReport(Letters(scenario, server))
+      << JunctionReport(Junctions(scenario, server))
+      << DescriptorReport(GatherKeptDescriptors(scenario, server, PrefixFolder("plain")).outcome)
+      << RestartReport(run.shutdowns.empty() ? std::nullopt : std::optional(run.shutdowns.front()))
+      << "Wine makes no junctions, and keeps of a descriptor what fits into a file's mode: it "
+         "is\ncompared with what plain calls leave of the source's there.\n";
+  const std::vector<fs::path> files = server.LogFiles();
+  for (const fs::path& file : files) {
+    fs::copy_file(file, options.logs / file.filename(), fs::copy_options::overwrite_existing);
+    std::cout << "log: " << (options.logs / file.filename()).string() << "\n";
+  }
+  if (files.empty()) std::cout << "log: none was written\n";
+  const fs::path picture = PictureFile(options);
+  if (fs::exists(picture)) std::cout << "picture: " << picture.string() << "\n";
+}
+
+}  // namespace
+
+bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
+  const fs::path folder = PrefixFolder("rehearsal");
+  WatchedRun run;
+  {
+    std::unique_ptr<WineServer> server;
+    BootStore boot;
+    const auto rehearse = [&] {
+      server.reset();
+      server = std::make_unique<WineServer>(scenario, WineServerOptions{}, folder);
+      server->prefix().AddFonts();
+      boot = server->State().boot.store;
+      run = Rehearse(scenario, options, *server);
+    };
+    RunAgainWhereWineFails(rehearse, std::cout);
+    Report(scenario, options, boot, *server, run);
+  }
+  RemovePrefix(folder);
+  // A run that succeeded asks about the restart.
+  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return true;
+  std::cout << std::flush;
+  std::cerr << "rehearse: the run failed: "
+            << (run.boxes.empty() ? "see the log" : run.boxes.back().text) << "\n";
+  return false;
+}
+
+}  // namespace simulator

@@ -1,0 +1,98 @@
+// diskpart, bcdedit or bcdboot as a program of Windows, by the name that its file has. What it
+// knows of the machine it reads from the prefix's state, and writes back there what it changed.
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "simulator/model/common/command_line.h"
+#include "simulator/model/common/unsupported.h"
+#include "simulator/tools/bcdboot.h"
+#include "simulator/tools/bcdedit.h"
+#include "simulator/tools/diskpart.h"
+#include "wine/machine_state.h"
+#include "wine/programs/system_tool/prefix_machine.h"
+
+namespace simulator {
+namespace {
+
+std::string ToolName() {
+  char path[MAX_PATH] = {};
+  ::GetModuleFileNameA(nullptr, path, sizeof path);
+  return ProgramName(path);
+}
+
+std::string StatePath() {
+  char folder[MAX_PATH] = {};
+  ::GetWindowsDirectoryA(folder, sizeof folder);
+  return std::string(folder) + "\\" + kMachineStateFile;
+}
+
+void Save(const MachineState& state, PrefixMachine& machine) {
+  if (machine.WriteTo(StatePath(), MachineStateText(state)) != ERROR_SUCCESS) {
+    Unsupported("the machine's state cannot be written");
+  }
+}
+
+void Write(const std::string& text, std::FILE* stream) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+  std::fflush(stream);
+}
+
+// Does not return. Nothing that it is needed for takes as long as it waits: if nobody terminates
+// it, it is still there when the program has ended, and ends with the prefix.
+[[noreturn]] void WaitToBeTerminated() {
+  constexpr DWORD kLongest = 60 * 60 * 1000;  // milliseconds, if the prefix is never ended
+  ::CreateEventA(nullptr, TRUE, FALSE, kToolIsHeldEvent);
+  ::Sleep(kLongest);
+  ::ExitProcess(WAIT_TIMEOUT);
+}
+
+ToolResult Run(const std::string& tool, const std::vector<std::string>& arguments,
+               Machine& machine) {
+  if (tool == "diskpart") return RunDiskpart(arguments, machine);
+  if (tool == "bcdedit") return RunBcdedit(arguments, machine);
+  if (tool == "bcdboot") return RunBcdboot(arguments, machine);
+  Unsupported("a tool of the name " + tool);
+}
+
+DWORD Main() {
+  std::vector<std::string> arguments = SplitCommandLine(::GetCommandLineA());
+  arguments.erase(arguments.begin());
+  MachineState state;
+  PrefixMachine machine(state);
+  std::string text;
+  machine.ReadFrom(StatePath(), &text);
+  std::optional<MachineState> read = ParseMachineState(text);
+  if (!read) Unsupported("the machine's state cannot be read");
+  state = *std::move(read);
+
+  const std::string tool = ToolName();
+  const int call = ++state.calls[tool];
+  Save(state, machine);
+  for (const ToolAnswer& answer : state.answers) {
+    if (answer.name != tool || answer.call != call) continue;
+    Write(answer.output, stdout);
+    if (answer.is_held) WaitToBeTerminated();
+    return answer.exit_code;
+  }
+  const ToolResult result = Run(tool, arguments, machine);
+  Save(state, machine);
+  Write(result.output, stdout);
+  Write(result.error_output, stderr);
+  return result.exit_code;
+}
+
+}  // namespace
+}  // namespace simulator
+
+int main() {
+  // The texts bring their line ends along.
+  ::_setmode(::_fileno(stdout), _O_BINARY);
+  ::_setmode(::_fileno(stderr), _O_BINARY);
+  return static_cast<int>(simulator::Main());
+}

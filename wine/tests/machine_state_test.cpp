@@ -1,0 +1,101 @@
+#include "wine/machine_state.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/files/volume.h"
+
+namespace simulator {
+namespace {
+
+MachineState Sample() {
+  MachineState state;
+  state.system.major_version = 6;
+  state.system.minor_version = 3;
+  state.system.build = 9600;
+  state.system.language = 2052;
+  state.system.computer_name = "WEB-01";
+  const auto data = std::make_shared<Volume>();
+  data->label = "Größe \"1\"";
+  data->file_system = "ReFS";
+  data->size = UINT64_C(3) << 40;
+  data->drive_type = DRIVE_REMOVABLE;
+  Disk disk;
+  disk.number = 2;
+  disk.model = "Model";
+  disk.id = "{00000000-0000-0000-0000-000000000001}";
+  disk.bus = "SAS";
+  disk.size = UINT64_C(3) << 40;
+  disk.free = 5;
+  disk.online = false;
+  disk.gpt = true;
+  disk.partitions = {{1, 7, "", nullptr}, {2, 8, "Boot", data}};
+  state.disks = {disk};
+  state.letters['G'] = data;
+  state.targets[data.get()] = "../volumes/disk2_partition2";
+  state.boot = HealthyBoot();
+  state.answers = {{"bcdedit", 2, 5, "text\r\n", true}};
+  state.calls = {{"diskpart", 3}};
+  return state;
+}
+
+TEST(MachineState, ComesBackFromItsText) {
+  const MachineState state = Sample();
+  const std::optional<MachineState> read = ParseMachineState(MachineStateText(state));
+  ASSERT_TRUE(read.has_value());
+  EXPECT_EQ(read->system.major_version, 6U);
+  EXPECT_EQ(read->system.minor_version, 3U);
+  EXPECT_EQ(read->system.build, 9600U);
+  EXPECT_EQ(read->system.language, 2052);
+  EXPECT_EQ(read->system.computer_name, "WEB-01");
+  EXPECT_EQ(read->boot.store, state.boot.store);
+  EXPECT_EQ(read->boot.current, state.boot.current);
+  EXPECT_EQ(read->answers, state.answers);
+  EXPECT_EQ(read->calls, state.calls);
+  ASSERT_EQ(read->disks.size(), 1U);
+  const Disk& disk = read->disks.front();
+  EXPECT_EQ(disk.number, 2);
+  EXPECT_EQ(disk.model, "Model");
+  EXPECT_EQ(disk.id, "{00000000-0000-0000-0000-000000000001}");
+  EXPECT_EQ(disk.bus, "SAS");
+  EXPECT_EQ(disk.size, UINT64_C(3) << 40);
+  EXPECT_EQ(disk.free, 5U);
+  EXPECT_FALSE(disk.online);
+  EXPECT_TRUE(disk.gpt);
+  ASSERT_EQ(disk.partitions.size(), 2U);
+  EXPECT_EQ(disk.partitions[0].volume, nullptr);
+  EXPECT_EQ(disk.partitions[1].number, 2);
+  EXPECT_EQ(disk.partitions[1].size, 8U);
+  EXPECT_EQ(disk.partitions[1].info, "Boot");
+  ASSERT_NE(disk.partitions[1].volume, nullptr);
+  const Volume& volume = *disk.partitions[1].volume;
+  EXPECT_EQ(volume.label, "Größe \"1\"");
+  EXPECT_EQ(volume.file_system, "ReFS");
+  EXPECT_EQ(volume.size, UINT64_C(3) << 40);
+  EXPECT_EQ(volume.drive_type, UINT{DRIVE_REMOVABLE});
+  EXPECT_EQ(read->LetterOf(volume), 'G');
+  EXPECT_EQ(read->targets.at(&volume), "../volumes/disk2_partition2");
+}
+
+TEST(MachineState, KeepsAnEmptyBootStore) {
+  MachineState state = Sample();
+  state.boot = {};
+  const std::optional<MachineState> read = ParseMachineState(MachineStateText(state));
+  ASSERT_TRUE(read.has_value());
+  EXPECT_TRUE(read->boot.store.entries.empty());
+}
+
+TEST(MachineState, IsNotReadFromOtherText) {
+  const std::string whole = MachineStateText(Sample());
+  for (const std::string& text :
+       {std::string(), std::string("{}"), std::string("[1]"), whole.substr(0, whole.size() / 2)}) {
+    EXPECT_FALSE(ParseMachineState(text).has_value()) << text;
+  }
+}
+
+}  // namespace
+}  // namespace simulator

@@ -1,0 +1,48 @@
+// The same run on the server in memory, to compare a run under Wine with.
+#ifndef WINE_TESTS_REHEARSED_RUN_H_
+#define WINE_TESTS_REHEARSED_RUN_H_
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "simulator/model/boot/boot_store.h"
+#include "simulator/model/desktop/message_boxes.h"
+#include "simulator/model/desktop/shutdown.h"
+
+namespace simulator {
+struct Scenario;
+struct ShownDialog;
+}  // namespace simulator
+
+namespace tests {
+
+struct RehearsalOptions {
+  std::string program_folder = "C:\\vantoro_restore";
+  bool restarts = true;
+  bool logs_are_blocked = false;  // a file lies where the folder of the log is to be made
+  std::string cancelled_in = {};  // a tool in which the user cancels
+};
+
+using PartitionPlace = std::pair<int, int>;  // disk, partition
+
+struct RehearsedRun {
+  std::string log;  // UTF-8; empty without one
+  std::map<PartitionPlace, std::optional<char>> letters;
+  simulator::BootStore boot;
+  bool has_common_link = false;
+  bool has_program_link = false;
+  std::vector<simulator::ShownMessageBox> boxes;
+  std::shared_ptr<const simulator::ShownDialog> dialog;  // as it was last
+  std::optional<simulator::ShutdownRequest> restart;
+  int exit_code = -1;
+};
+
+RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOptions& options = {});
+
+}  // namespace tests
+
+#endif  // WINE_TESTS_REHEARSED_RUN_H_
