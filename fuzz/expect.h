@@ -1,4 +1,4 @@
-// Properties that hold whatever comes in.
+// Checks of properties that must hold for every input.
 #ifndef FUZZ_EXPECT_H_
 #define FUZZ_EXPECT_H_
 
@@ -7,7 +7,7 @@
 
 namespace fuzz {
 
-// Ends the process with the property's name unless it holds.
+// Prints the property's name and aborts the process if `holds` is false.
 inline void Expect(bool holds, const char* property) {
   if (holds) return;
   std::fprintf(stderr, "does not hold: %s\n", property);

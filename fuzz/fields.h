@@ -1,4 +1,4 @@
-// An input that holds several texts has them one behind the other, separated by bytes of zero.
+// An input that contains several texts stores them one after another, separated by NUL bytes.
 #ifndef FUZZ_FIELDS_H_
 #define FUZZ_FIELDS_H_
 
@@ -7,7 +7,8 @@
 
 namespace fuzz {
 
-// Cuts the first field off the front. The last one reaches to the end; behind it all are empty.
+// Removes the first field from `bytes` and returns it. The last field extends to the end of the
+// input; every further call returns an empty field.
 inline std::string_view TakeField(std::string_view& bytes) {
   const size_t end = bytes.find('\0');
   const std::string_view field = bytes.substr(0, end);
@@ -15,7 +16,7 @@ inline std::string_view TakeField(std::string_view& bytes) {
   return field;
 }
 
-// A number from a field's bytes; zeros where it has fewer.
+// Returns the bytes of a field as a number. Missing bytes are read as zero.
 template <typename Number>
 Number NumberOf(std::string_view field) {
   Number number{};

@@ -13,7 +13,7 @@
 
 namespace fuzz {
 
-// Words are empty, numbers 0 where the line has none.
+// A word that the line does not have is empty; a number that it does not have is 0.
 struct Section {
   std::vector<std::string> words;
   std::string body;

@@ -1,17 +1,19 @@
-// A migrated server that an input's text spoils. It is made of sections, each a line that begins
-// with "@" and what lies behind that line, up to the next such line:
+// A migrated server whose faults are described by the text of an input. The text consists of
+// sections. Each section is a line that begins with "@", followed by a body that extends to the
+// next such line:
 //
-//   @tool bcdedit 1 2     the second call of bcdedit prints what lies behind and ends with code 1
-//   @file d aclbackup     the ACL list of the volume that was D, as it lies behind; so "juncbackup"
-//                         and "backup_info"
-//   @fault ReadFile 5 2   the second ReadFile fails with error 5; "always": that and all later ones
+//   @tool bcdedit 1 2     the second call of bcdedit prints the body and ends with exit code 1
+//   @file d aclbackup     the body becomes the ACL backup file of the volume that was D; likewise
+//                         "juncbackup" and "backup_info"
+//   @fault ReadFile 5 2   the second ReadFile fails with error 5; with "always" after it, that
+//                         call and every later one
 //   @windows 5            Windows Server 2003
-//   @language 2052        the system's
-//   @stray zh-CN          a second loader, in that locale
-//   @free 100             bytes that are free on C
+//   @language 2052        the system's language
+//   @stray zh-CN          a second loader, with that locale
+//   @free 100             the number of bytes that are free on C
 //   @user cancel 40       clicks Cancel at 40 %; "later" declines the restart
 //
-// Anything else is passed over.
+// Other sections are ignored.
 #ifndef FUZZ_SCRIPTED_SERVER_H_
 #define FUZZ_SCRIPTED_SERVER_H_
 
@@ -25,7 +27,8 @@
 
 namespace fuzz {
 
-// Of a program that runs anew: what an earlier run in this process has left is forgotten.
+// The server of a new process of the program. The state that an earlier run has left in this
+// process is reset.
 class ScriptedServer {
  public:
   explicit ScriptedServer(std::string_view script);
@@ -35,17 +38,18 @@ class ScriptedServer {
 
   simulator::Server& server() { return server_; }
   simulator::Intention intention() const { return intention_; }
-  // Whether a call of that name is to fail.
+  // Returns true if a call of that name is to fail; otherwise returns false.
   bool Fails(std::string_view name) const;
 
-  // Call behind the run: the log consists of whole lines with a time and a level each.
+  // Call after the run. Aborts unless the log consists of whole lines, each with a time and a
+  // level.
   void ExpectWellFormedLog();
 
  private:
   simulator::Server server_;
   simulator::Scenario scenario_;
   simulator::Intention intention_;
-  std::vector<std::string> log_;  // what was written to it, one element for each write
+  std::vector<std::string> log_;  // the bytes of each write to the log file
 };
 
 }  // namespace fuzz

@@ -1,5 +1,6 @@
-// What is fuzzed. Every target takes any bytes and ends the process when a property of what it
-// calls does not hold. Each has a file of its name here, and its first inputs in corpus/.
+// The fuzz targets. Every target accepts any bytes, and aborts the process if a property of the
+// code that it calls does not hold. Each target has a source file of its name in this folder, and
+// its first inputs in corpus/.
 #ifndef FUZZ_TARGETS_H_
 #define FUZZ_TARGETS_H_
 
@@ -8,17 +9,17 @@
 
 namespace fuzz {
 
-// Pure text.
+// Functions of text alone.
 void Text(std::string_view bytes);
 void DiskList(std::string_view bytes);
 void DiskDetail(std::string_view bytes);
 void BootConfiguration(std::string_view bytes);
 void AclLine(std::string_view bytes);
-// What the simulated server reads.
+// Parsers of the simulated server.
 void Sddl(std::string_view bytes);
 void Descriptor(std::string_view bytes);
 void Scenario(std::string_view bytes);
-// On a simulated server.
+// Code that runs on a simulated server.
 void CodePage(std::string_view bytes);
 void BackupInfo(std::string_view bytes);
 void JunctionList(std::string_view bytes);

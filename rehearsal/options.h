@@ -19,14 +19,15 @@ struct Options {
   std::filesystem::path logs = "out/Logs";
   std::optional<LANGID> language;  // instead of the scenario's
   Intention intention;
-  bool windows = false;  // the program of Windows, under Wine
+  bool windows = false;  // the Windows build of the program, under Wine
   bool list = false;
   bool help = false;
 };
 
 extern const std::string_view kHelp;
 
-// Empty, or what is wrong with the arguments, which do not begin with the program.
+// Parses the arguments, which do not include the program's name. Returns an empty string on
+// success; otherwise returns the error message.
 std::string ParseArguments(const std::vector<std::string>& arguments, Options& options);
 
 }  // namespace simulator

@@ -1,5 +1,5 @@
-// The standard output of a rehearsal while the program runs: its log, its message boxes, and its
-// dialog, which a terminal shows below the log and in place.
+// The standard output of a rehearsal while the program runs: the log, the message boxes and the
+// dialog. A terminal shows the dialog below the log and updates it in place.
 #ifndef REHEARSAL_SCREEN_H_
 #define REHEARSAL_SCREEN_H_
 
@@ -16,25 +16,25 @@ namespace simulator {
 
 struct ShownDialog;
 
-// Thread-safe: lines of different threads never mix.
+// Thread-safe. Lines of different threads are not interleaved.
 class Screen {
  public:
   enum class Kind {
-    kPlain,     // a line whenever the dialog's title or bar changes
+    kPlain,     // prints a line whenever the dialog's title or bar changes
     kTerminal,  // at least 80 columns of ANSI escape sequences
   };
 
   Screen(std::ostream& out, Kind kind) : out_(out), kind_(kind) {}
 
-  // Bytes of the log; they show once their line is whole.
+  // Appends bytes of the log. A line is shown once it is complete.
   void ShowLog(std::string_view bytes);
-  // With the answer that was given.
+  // Shows a message box and its answer.
   void ShowBox(const ShownMessageBox& box, int answer);
-  // A dialog that is destroyed stays on the terminal as it was last.
+  // Shows the dialog. The terminal keeps the last picture of a destroyed dialog.
   void ShowDialog(const ShownDialog& dialog);
 
  private:
-  // With the lock held.
+  // Called with the lock held.
   void PutLines(std::string_view lines);
   void Erase();
   void Draw();
@@ -42,8 +42,8 @@ class Screen {
   std::ostream& out_;
   const Kind kind_;
   std::mutex mutex_;
-  std::string unfinished_;  // of the log
-  // The dialog as it stands on the screen; empty when it does not.
+  std::string unfinished_;  // the incomplete last line of the log
+  // The dialog as the terminal shows it; empty if it shows none.
   std::vector<std::string> picture_;
   std::string line_;
 };

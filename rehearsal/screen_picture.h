@@ -1,4 +1,4 @@
-// A dialog in characters. Pure.
+// A dialog drawn in characters. Functions without side effects.
 #ifndef REHEARSAL_SCREEN_PICTURE_H_
 #define REHEARSAL_SCREEN_PICTURE_H_
 
@@ -10,19 +10,20 @@ namespace simulator {
 
 struct ShownDialog;
 
-// How far the dialog's first progress bar is filled, 0 without one.
+// Returns the percentage to which the dialog's first progress bar is filled, or 0 if there is none.
 int BarPercent(const ShownDialog& dialog);
 
-// The columns that a text takes on a terminal: two for a wide character such as a Chinese one.
+// Returns the number of columns that a text takes on a terminal. A wide character, such as a
+// Chinese one, takes two.
 size_t Columns(const std::string& utf8);
 
-// "TITLE  [=======             ] error": the caption, the bar, and its state unless that is the
-// normal one.
+// Returns "TITLE  [=======             ] error": the caption, the bar, and the bar's state unless
+// it is the normal one.
 std::string DialogLine(const ShownDialog& dialog);
 
-// The dialog as a frame of that many columns, 40 at least: icon and title, the last lines of the
-// edit control, the bar, then notes and buttons. As many lines for every state of a dialog. What is
-// too long is cut.
+// Returns the dialog as a frame of `columns` columns, at least 40: icon and title, the last lines
+// of the edit control, the bar, then notes and buttons. The number of lines is the same for every
+// state of a dialog. Text that is too long is truncated.
 std::vector<std::string> DialogPicture(const ShownDialog& dialog, size_t columns);
 
 }  // namespace simulator

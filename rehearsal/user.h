@@ -1,4 +1,4 @@
-// Who sits before the screen of a rehearsal.
+// The simulated user of a rehearsal.
 #ifndef REHEARSAL_USER_H_
 #define REHEARSAL_USER_H_
 
@@ -14,20 +14,24 @@ enum class Wish { kRestart, kLater, kCancel };
 
 struct Intention {
   Wish wish = Wish::kRestart;
-  int percent = 0;  // of the bar at which to cancel
+  int percent = 0;  // the bar's percentage at which to cancel
 };
 
-// The dialog's thread, but for boxes that can only be acknowledged: any thread.
+// Used on the dialog's thread. Answer may be called on any thread for a message box that has only
+// an OK button.
 class User {
  public:
   explicit User(const Intention& intention) : intention_(intention) {}
 
-  // Whether the user clicks Cancel now: once, while the run lasts.
+  // Returns true if the user clicks Cancel now, which happens once at most and only during the run;
+  // otherwise returns false.
   bool WantsToCancel(const ShownDialog& dialog);
-  // IDOK for what can only be acknowledged.
+  // Returns the user's answer to the message box. Boxes other than MB_OKCANCEL are answered with
+  // IDOK.
   int Answer(const ShownMessageBox& box);
 
-  // Where the bar stood when the user cancelled the run; nothing when it was not cancelled.
+  // Returns the bar's percentage at which the user cancelled the run, or nothing if it was not
+  // cancelled.
   std::optional<int> cancelled_at() const { return has_cancelled_ ? clicked_at_ : std::nullopt; }
 
  private:

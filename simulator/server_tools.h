@@ -1,5 +1,5 @@
-// The tools of the system on a server in memory: as programs that it can start, and called
-// directly.
+// The system's tools on a server in memory: as programs that the server can start, and as
+// functions.
 #ifndef SIMULATOR_SERVER_TOOLS_H_
 #define SIMULATOR_SERVER_TOOLS_H_
 

@@ -1,5 +1,5 @@
-// What the tools of the system know of a Wine prefix that stands for a server, kept between their
-// runs in a file of the prefix. JSON.
+// The system's tools' data on a Wine prefix that represents a server, kept between their runs in a
+// JSON file of the prefix.
 #ifndef WINE_MACHINE_STATE_H_
 #define WINE_MACHINE_STATE_H_
 
@@ -20,13 +20,13 @@ namespace simulator {
 
 struct Volume;
 
-// Where it lies below the prefix's folder windows.
+// The file's name in the prefix's Windows folder.
 inline constexpr char kMachineStateFile[] = "migrated_server.json";
 
-// A tool that waits to be terminated makes this event of Win32's.
+// The Win32 event that a tool creates when it waits to be terminated.
 inline constexpr char kToolIsHeldEvent[] = "simulated_tool_is_held";
 
-// A call of a tool that prints `output`, ends with `exit_code` and does nothing else.
+// A call of a tool that does nothing except print `output` and end with `exit_code`.
 struct ToolAnswer {
   std::string name;
   int call = 1;  // counted from 1
@@ -37,11 +37,11 @@ struct ToolAnswer {
 };
 
 struct MachineState {
-  System system;  // versions, language and name; paths are the prefix's own matter
+  System system;  // versions, language and name; the prefix determines paths
   std::vector<Disk> disks;
   std::map<char, std::shared_ptr<Volume>> letters;  // upper case
   std::map<const Volume*, std::string>
-      targets;  // what a drive of the volume leads to, see WinePrefix
+      targets;  // the target of a drive for the volume, see WinePrefix
   Boot boot;
   std::vector<ToolAnswer> answers;
   std::map<std::string, int> calls;  // so far, by the tool's name
@@ -51,7 +51,7 @@ struct MachineState {
 
 std::string MachineStateText(const MachineState& state);
 
-// Nothing for text that MachineStateText does not write.
+// Returns nothing if MachineStateText cannot have written the text.
 std::optional<MachineState> ParseMachineState(std::string_view text);
 
 }  // namespace simulator

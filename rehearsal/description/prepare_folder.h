@@ -1,5 +1,5 @@
-// The files that the preparation tool leaves on a volume of the source server, in its folder
-// vantoro_prepare: lines that end with CR LF, letters of files' names in lower case.
+// The files that the preparation tool writes to its folder vantoro_prepare on each volume of the
+// source server. Lines end with CR LF; drive letters in file names are lower case.
 #ifndef REHEARSAL_DESCRIPTION_PREPARE_FOLDER_H_
 #define REHEARSAL_DESCRIPTION_PREPARE_FOLDER_H_
 
@@ -13,18 +13,19 @@ struct AccountDomains;
 
 inline constexpr char kPrepareFolder[] = "vantoro_prepare";
 
-// "aclbackup_d.dat" for the letter D.
+// Returns the name of the ACL backup file or junction backup file: "aclbackup_d.dat" for the letter
+// D.
 std::string AclListName(char letter);
 std::string JunctionListName(char letter);
 
-// One line `"D:\a.txt",32,"O:BAG:SYD:AI(A;ID;FA;;;BA)"` for the root and for everything below it,
-// folders before what is in them.
+// Returns the ACL backup file: one line `"D:\a.txt",32,"O:BAG:SYD:AI(A;ID;FA;;;BA)"` for the root
+// and for everything below it, each folder before its contents.
 std::string AclList(char letter, const Node& root, const AccountDomains& domains);
 
-// One line `D:\Link;E:\Target` for each junction.
+// Returns the junction backup file: one line `D:\Link;E:\Target` for each junction.
 std::string JunctionList(char letter, const Node& root);
 
-// The letter, two empty lines, the number of lines of the ACL list.
+// Returns backup_info: the letter, two empty lines and the number of lines of the ACL backup file.
 std::string BackupInfo(char letter, const Node& root);
 
 }  // namespace simulator

@@ -1,17 +1,18 @@
-// A migrated server described in a JSON file. Its keys, those in brackets optional:
+// A migrated server described in a JSON file. The keys are as follows; those in brackets are
+// optional:
 //
 //   title, disks, [windows], [boot], [startup_links], [tools], [faults]
 //   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
-//   boot:          see scenario_boot.h; a boot configuration with nothing to repair without it
+//   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
 //   partitions:    size, [number], [info] "System", "Boot" or "Hidden", [volume]
-//   volume:        [label], [file_system], [letter] now, [source_letter], [drive_type] "fixed" or
-//                  "removable", [backup_info] lines, [import] a host folder, [source], [lost],
-//                  [unreadable]: see scenario_source.h
+//   volume:        [label], [file_system], [letter] at present, [source_letter], [drive_type]
+//                  "fixed" or "removable", [backup_info] lines, [import] a host folder, [source],
+//                  [lost], [unreadable]: see scenario_source.h
 //   tools:         name "diskpart", "bcdedit" or "bcdboot", exit_code, [call] counted from 1,
 //                  [output]
 //   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
-//   startup_links: [common], [program]; both are there unless said otherwise
+//   startup_links: [common], [program]: whether each shortcut exists; both true by default
 #ifndef REHEARSAL_DESCRIPTION_SCENARIO_H_
 #define REHEARSAL_DESCRIPTION_SCENARIO_H_
 
@@ -36,7 +37,7 @@ enum class Lasting;
 struct Boot;
 struct SourceVolume;
 
-// One line: the file, the place in it and what was expected there.
+// The message is one line: the file, the position in the file and what was expected there.
 class ScenarioError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -46,9 +47,9 @@ struct ScenarioVolume {
   std::string label;
   std::string file_system = "NTFS";
   std::optional<char> letter;         // upper case
-  std::optional<char> source_letter;  // upper case; none for a volume the source did not have
+  std::optional<char> source_letter;  // upper case; none if the source had no such volume
   UINT drive_type = DRIVE_FIXED;
-  std::optional<std::vector<std::string>> backup_info;  // its lines; else as the source has it
+  std::optional<std::vector<std::string>> backup_info;  // its lines; if none, the source's file
   std::filesystem::path import;                         // a host folder, or empty
   std::optional<ScenarioSource> source;                 // only with a source letter
   ScenarioLosses lost;
@@ -71,7 +72,7 @@ struct ScenarioDisk {
   std::vector<ScenarioPartition> partitions;
 };
 
-// A call of a tool that prints `output` and ends with `exit_code` and does nothing else.
+// A call of a tool that does nothing except print `output` and end with `exit_code`.
 struct ScenarioTool {
   std::string name;
   int call = 1;
@@ -94,26 +95,26 @@ struct Scenario {
   LANGID language = 1033;
   std::string computer_name = "MIGRATED";
   std::vector<ScenarioDisk> disks;  // numbered from 0
-  std::shared_ptr<Boot> boot;       // null for one with nothing to repair
+  std::shared_ptr<Boot> boot;       // null if there is nothing to repair
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;
   bool common_startup_link = true;
   bool program_link = true;
 
-  // Windows Server 2003 starts by a text file.
+  // Windows Server 2003 has no BCD store; its boot entries are in a text file.
   bool HasBootStore() const { return major_version >= 6; }
 };
 
-// Throws ScenarioError. Folders to import are taken relative to the file's.
+// Throws ScenarioError. Relative paths of folders to import start from the folder of `file`.
 Scenario ReadScenario(const std::filesystem::path& file);
 
-// Called on the tool's own thread before it does its work: whatever time it takes passes in there.
+// Called on the tool's own thread before the tool does its work. The function may let time pass.
 using ToolPace = std::function<void(const std::string& tool, ChildProcess& child)>;
 
-// Makes a fresh server the scenario's and tells what the source server had, in the order of the
-// disks. Throws ScenarioError when a folder cannot be imported, or when what the scenario puts in a
-// place cannot lie there: a file where the server has a folder, a junction above the server's
-// files.
+// Sets up a new server as the scenario describes it. Returns the volumes of the source server, in
+// the order of the disks. Throws ScenarioError if a folder cannot be imported, or if an object of
+// the scenario conflicts with one of the server: a file in place of a folder, or a junction above
+// the server's files.
 std::vector<SourceVolume> Build(const Scenario& scenario, Server& server,
                                 const ToolPace& pace = nullptr);
 

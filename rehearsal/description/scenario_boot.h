@@ -1,12 +1,12 @@
-// What the boot manager of a scenario's server offers. The keys, those in brackets optional:
+// The boot entries of a scenario's server. The keys are as follows; those in brackets are optional:
 //
 //   boot:    loaders in the order in which they are displayed, [manager]
 //   manager: [locale] "en-US", [device] "partition=C:" and [uefi] false
-//   loaders: description, [type] "loader", "legacy" or "sector", [locale] "en-US" of a "loader",
-//            [device] "partition=C:", [current] for the one that the running Windows was started
-//            by, [default], and [displayed], which is true unless said otherwise
+//   loaders: description, [type] "loader", "legacy" or "sector", [locale] "en-US" (for a
+//            "loader" only), [device] "partition=C:", [current] for the entry that the running
+//            Windows was started from, [default], and [displayed], which is true by default
 //
-// At most one loader is current, one default and one "legacy".
+// At most one loader is current, at most one is the default, and at most one is a "legacy" loader.
 #ifndef REHEARSAL_DESCRIPTION_SCENARIO_BOOT_H_
 #define REHEARSAL_DESCRIPTION_SCENARIO_BOOT_H_
 

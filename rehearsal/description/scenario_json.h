@@ -1,4 +1,4 @@
-// A value in a scenario's JSON together with its place, for messages that name it.
+// A value in a scenario's JSON together with its position, which error messages name.
 #ifndef REHEARSAL_DESCRIPTION_SCENARIO_JSON_H_
 #define REHEARSAL_DESCRIPTION_SCENARIO_JSON_H_
 
@@ -15,18 +15,18 @@ namespace simulator {
 // Parses a whole file. Throws ScenarioError.
 nlohmann::json ParseJsonFile(const std::filesystem::path& file);
 
-// Refers to the document and to the file's name; both must outlive it. Every member function
-// throws ScenarioError when the value is not of the wanted kind.
+// Refers to the document and to the file's name; both must outlive this object. Every member
+// function throws ScenarioError if the value is not of the requested type.
 class JsonPlace {
  public:
   JsonPlace(const std::filesystem::path& file, const nlohmann::json& value,
             std::string pointer = "")
       : file_(&file), value_(&value), pointer_(std::move(pointer)) {}
 
-  // "FILE: /disks/0/size: expected WHAT".
+  // Throws ScenarioError with the message "FILE: /disks/0/size: expected WHAT".
   [[noreturn]] void Fail(std::string_view expected) const;
 
-  // Of an object.
+  // For an object.
   void AllowKeys(const std::vector<std::string>& keys) const;
   std::optional<JsonPlace> Find(const std::string& key) const;
   JsonPlace At(const std::string& key) const;
@@ -36,7 +36,7 @@ class JsonPlace {
   bool Truth() const;
   int64_t Number(int64_t low, int64_t high) const;
 
-  // Texts of a certain form.
+  // For a string of a certain form.
   std::string Line() const;  // one line, not empty
   uint64_t Size() const;     // "127 GB", in bytes
   char Letter() const;       // "E" or "e", in upper case

@@ -1,4 +1,4 @@
-// What a rehearsal tells about the boot configuration.
+// The report of a rehearsal on the boot configuration.
 #ifndef REHEARSAL_REPORT_REPORT_BOOT_H_
 #define REHEARSAL_REPORT_REPORT_BOOT_H_
 
@@ -8,14 +8,16 @@
 
 namespace simulator {
 
-// A table of the entries of both stores with what each one is before and after, and a closing line:
+// Returns a table of the entries of both stores, with the state of each entry before and after the
+// run, and a closing line:
 //
-//   "boot: nothing to do"  the store was in order and is as it was
-//   "boot: repaired"       it was not in order and is now
-//   "boot: not repaired"   it is not in order, or is in order but not as it was
+//   "boot: nothing to do"  the store was in order and is unchanged
+//   "boot: repaired"       the store was not in order and now is
+//   "boot: not repaired"   the store is not in order, or it was in order and has changed
 //
-// In order is a store whose boot manager offers its default alone and has the locale of the loader
-// unless that is English or has none; and one without any entry. Lines end with "\n".
+// A store is in order if its boot manager displays only its default entry, and the locale of the
+// boot manager is that of the loader unless the loader's locale is English or missing. A store
+// without entries is in order, too. Lines end with "\n".
 std::string BootReport(const BootStore& before, const BootStore& after);
 
 }  // namespace simulator

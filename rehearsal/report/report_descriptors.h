@@ -1,4 +1,4 @@
-// What a rehearsal tells about the security descriptors.
+// The report of a rehearsal on the security descriptors.
 #ifndef REHEARSAL_REPORT_REPORT_DESCRIPTORS_H_
 #define REHEARSAL_REPORT_REPORT_DESCRIPTORS_H_
 
@@ -13,9 +13,9 @@ namespace simulator {
 struct AccountDomains;
 
 struct DescriptorDifference {
-  std::string path;  // with the letter of the source
+  std::string path;  // with the source's drive letter
   std::string wanted;
-  std::string found;  // empty when there is no such file or folder
+  std::string found;  // empty if the file or folder does not exist
 };
 
 struct DescriptorOutcome {
@@ -23,12 +23,13 @@ struct DescriptorOutcome {
   std::vector<DescriptorDifference> differences;
 };
 
-// Compares each object of the sources with the server's at the same place, as text.
+// Compares the descriptor of each object of the sources, as text, with that of the server's object
+// at the same path.
 DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
                                     const AccountDomains& domains);
 
-// "descriptors: 5,999 of 6,000 equal to the source", then the first ten differences and how many
-// there are more. Lines end with "\n".
+// Returns the line "descriptors: 5,999 of 6,000 equal to the source", followed by the first ten
+// differences and the number of further ones. Lines end with "\n".
 std::string DescriptorReport(const DescriptorOutcome& outcome);
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// What a rehearsal tells about the junctions.
+// The report of a rehearsal on the junctions.
 #ifndef REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 #define REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 
@@ -17,19 +17,20 @@ enum class JunctionState { kNone, kElsewhere, kRight };
 struct JunctionOutcome {
   JunctionState before = JunctionState::kNone;
   JunctionState after = JunctionState::kNone;
-  bool has_target = true;  // what it leads to is there
+  bool has_target = true;  // the target exists
 };
 
-// What stands on the server now for each junction of the sources, in their order.
+// Returns the current state on the server of each junction of the sources, in the order of the
+// sources.
 std::vector<JunctionState> JunctionStates(const std::vector<SourceVolume>& sources);
 
-// `before` is what JunctionStates told before the run.
+// `before` is the result of JunctionStates before the run.
 std::vector<JunctionOutcome> GatherJunctions(const std::vector<SourceVolume>& sources,
                                              const std::vector<JunctionState>& before,
                                              Server& server);
 
-// "junctions: 10 of 12 (1 target missing, 1 already there)": those that the run made, and why the
-// others were not. Ends with "\n".
+// Returns the line "junctions: 10 of 12 (1 target missing, 1 already there)": the number of
+// junctions that the run created, and why the others were not created. The line ends with "\n".
 std::string JunctionReport(const std::vector<JunctionOutcome>& junctions);
 
 }  // namespace simulator

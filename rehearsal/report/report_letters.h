@@ -1,4 +1,4 @@
-// What a rehearsal tells about the drive letters.
+// The report of a rehearsal on the drive letters.
 #ifndef REHEARSAL_REPORT_REPORT_LETTERS_H_
 #define REHEARSAL_REPORT_REPORT_LETTERS_H_
 
@@ -24,12 +24,12 @@ struct VolumeLetters {
   std::optional<char> after;
 };
 
-// The scenario's volumes with a source letter, in the order of the disks. `after` is what the
-// server, built from the scenario, shows now.
+// Returns the scenario's volumes that have a source letter, in the order of the disks. `after` is
+// the current letter on the server, which was built from the scenario.
 std::vector<VolumeLetters> GatherLetters(const Scenario& scenario, Server& server);
 
-// A table of the volumes and a closing line "letters: 4 of 5 right". Right means that the letter
-// after the run is the source's; other rows end with "<-- wrong". Lines end with "\n".
+// Returns a table of the volumes and a closing line "letters: 4 of 5 right". A letter is right if
+// it is the source's letter after the run; other rows end with "<-- wrong". Lines end with "\n".
 std::string LetterReport(const std::vector<VolumeLetters>& volumes);
 
 }  // namespace simulator

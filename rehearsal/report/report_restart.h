@@ -1,4 +1,4 @@
-// What a rehearsal tells about the restart.
+// The report of a rehearsal on the restart.
 #ifndef REHEARSAL_REPORT_REPORT_RESTART_H_
 #define REHEARSAL_REPORT_REPORT_RESTART_H_
 
@@ -9,13 +9,14 @@
 
 namespace simulator {
 
-// One of these lines, with "\n"; the text is what those who are logged on read:
+// Returns one of these lines, which end with "\n". The quoted text is the message that logged-on
+// users see:
 //
 //   restart: not asked for
 //   restart: asked for in 30 seconds, "Windows System Will Restart In 30 Seconds!"
 //
-// What forces programs to close ends with ", closing every program". A shutdown without a restart
-// begins with "shutdown".
+// A request that forces programs to close ends with ", closing every program". A shutdown without a
+// restart begins with "shutdown".
 std::string RestartReport(const std::optional<ShutdownRequest>& request);
 
 }  // namespace simulator

@@ -1,5 +1,6 @@
-// What every entry point of the simulated platform does first and last: it numbers and traces the
-// call, asks whether a fault is due, and leaves the last error as Windows or worse.
+// The first and last steps of every entry point of the simulated platform: number and trace the
+// call, query a due fault, and set the last error as Windows does, or to a value that no program
+// may rely on.
 #ifndef SIMULATOR_API_CALL_H_
 #define SIMULATOR_API_CALL_H_
 
@@ -16,19 +17,20 @@
 
 namespace simulator {
 
-// The last error after a call that did not fail: no code of Windows.
+// The last error after a call that succeeded. It is not an error code of Windows.
 inline constexpr DWORD kSpoiltLastError = 0x0BADC0DE;
 
-// Tells who watches the calls, numbers the call and keeps it, and returns the code that it must
-// fail with: `ended_code` once the process has ended, else that of a fault that is due.
+// Notifies the watcher of calls, then numbers and records the call. Returns the error code that the
+// call must fail with if a fault is due; otherwise returns nothing. Once the process has ended,
+// returns `ended_code` and does not record the call.
 std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string arguments,
                                   uint32_t ended_code);
 
-// Ends the process with a line that names what a call does not honour, as Unsupported does.
+// Aborts the process with a line that names the unsupported feature, as Unsupported does.
 [[noreturn]] void UnsupportedCall(std::string_view what);
 
-// One argument as the trace shows it: text in quotation marks, numbers in decimal, handles and
-// pointers in hexadecimal, null as "null".
+// Returns one argument as the trace shows it: text in quotation marks, numbers in decimal, handles
+// and pointers in hexadecimal, null as "null".
 std::string TraceText(std::nullptr_t);
 std::string TraceText(const char* text);
 std::string TraceText(const std::string& text);
@@ -39,7 +41,7 @@ std::string TraceText(int number);
 std::string TraceText(DWORD number);
 std::string TraceText(const void* pointer);
 
-// The arguments of one call.
+// Returns the arguments of one call, separated by ", ".
 template <typename... Arguments>
 std::string TraceList(const Arguments&... arguments) {
   const PlatformScope scope;
@@ -63,11 +65,13 @@ class Call {
 
   Server& server() const { return server_; }
 
-  // Whether a fault is due or the process has ended; the last error is then the code for it.
+  // Returns true if a fault is due or the process has ended; otherwise returns false. In the first
+  // case the last error is the error code.
   bool fails() const { return fault_.has_value(); }
 
-  // Sets the last error to `error` and returns whether it is ERROR_SUCCESS, in which case the last
-  // error is spoilt, so that reading it without a failure shows.
+  // Returns TRUE if `error` is ERROR_SUCCESS; otherwise returns FALSE. Sets the last error to
+  // `error`, or to kSpoiltLastError after a success, so that a program that reads the last error
+  // without a failure is detected.
   BOOL Done(DWORD error) const;
   template <typename Value>
   Value Succeed(Value value) const {

@@ -1,4 +1,5 @@
-// The same as call.h for what the C runtime offers and fails through errno.
+// The first and last steps, as in call.h, of functions of the C runtime, which report errors
+// through errno.
 #ifndef SIMULATOR_API_CRT_CALL_H_
 #define SIMULATOR_API_CRT_CALL_H_
 
@@ -12,10 +13,10 @@
 
 namespace simulator {
 
-// The errno that the Windows C runtime makes of a system error code.
+// Returns the errno to which the Windows C runtime maps a system error code.
 int ErrnoOf(DWORD error);
 
-// A call of the C runtime. The last error is never what it was: the runtime calls the system.
+// A call of the C runtime. The last error is not preserved, because the runtime calls the system.
 //
 //   int _mkdir(const char* path) {
 //     CrtCall call("_mkdir", path);
@@ -30,13 +31,14 @@ class CrtCall {
 
   Server& server() const { return server_; }
 
-  // Whether a fault is due or the process has ended; errno is then the code for it.
+  // Returns true if a fault is due or the process has ended; otherwise returns false. In the first
+  // case errno is the error code.
   bool fails() const { return fault_.has_value(); }
 
-  // Whether the system error is ERROR_SUCCESS; errno is set when it is not.
+  // Returns true if `error` is ERROR_SUCCESS; otherwise sets errno and returns false.
   bool Done(DWORD error) const;
 
-  // What the runtime itself refuses.
+  // Fails the call with an error of the runtime itself: sets errno and returns `value`.
   template <typename Value>
   Value Refuse(Value value, int error_number) const {
     SetErrno(error_number);

@@ -1,4 +1,4 @@
-// A file of the C runtime: what stands behind a FILE and behind a file stream alike.
+// A file of the C runtime, as used by both FILE and file streams.
 #ifndef SIMULATOR_API_CRT_FILE_H_
 #define SIMULATOR_API_CRT_FILE_H_
 
@@ -10,20 +10,22 @@
 
 namespace simulator {
 
-// Each operation is one call of the runtime's low-level function of that name, "_open" to
-// "_close", in the trace and for faults. Failures leave their reason in errno.
+// In the trace and for faults, each operation is one call of the runtime's low-level function of
+// that name, "_open" to "_close". A failed operation sets errno.
 class CrtFile {
  public:
-  // Null on failure. `mode` is fopen's: r, w or a, then any of +, b and t; text without a b.
+  // Returns null on failure. `mode` is fopen's: r, w or a, then any of +, b and t. Text mode is
+  // used unless `mode` contains a b.
   static std::unique_ptr<CrtFile> Open(const char* path, const std::string& mode);
 
-  // Characters read, 0 at the end of the file, -1 on failure.
+  // Returns the number of characters read, 0 at the end of the file, or -1 on failure.
   int Read(char* buffer, size_t size);
 
-  // Characters written; fewer than asked when the disk filled up meanwhile, -1 when none was.
+  // Returns the number of characters written, which is less than `size` if the disk became full, or
+  // -1 if none was written.
   int Write(const char* text, size_t size);
 
-  // Once, last. The file is closed even when that fails.
+  // Call once, as the last operation. The file is closed even if this fails.
   bool Close();
 
  private:

@@ -1,4 +1,4 @@
-// Paths of those narrow calls that make them wide in a buffer of the thread's.
+// Paths of those ANSI calls that convert the path to UTF-16 in a per-thread buffer.
 #ifndef SIMULATOR_API_NARROW_PATH_H_
 #define SIMULATOR_API_NARROW_PATH_H_
 
@@ -8,8 +8,8 @@
 
 namespace simulator {
 
-// ERROR_SUCCESS, or why no look-up is made. Not even a verbatim path may be longer than that
-// buffer.
+// Returns ERROR_SUCCESS, or the error code that the call fails with before the path is looked up.
+// Even a verbatim path must fit into that buffer.
 inline DWORD CheckNarrowPath(LPCSTR path) {
   if (path == nullptr) return ERROR_PATH_NOT_FOUND;
   return Utf16Length(path) > MAX_PATH ? ERROR_FILENAME_EXCED_RANGE : ERROR_SUCCESS;

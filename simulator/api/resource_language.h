@@ -1,4 +1,4 @@
-// The language that the calling thread's resources are looked up in.
+// The language in which resources are looked up for the calling thread.
 #ifndef SIMULATOR_API_RESOURCE_LANGUAGE_H_
 #define SIMULATOR_API_RESOURCE_LANGUAGE_H_
 
@@ -10,7 +10,7 @@
 
 namespace simulator {
 
-// Since Windows Vista the locale is for numbers and dates only.
+// Since Windows Vista the locale only affects the formats of numbers and dates.
 inline LANGID ResourceLanguage(Server& server) {
   constexpr DWORD kVista = 6;
   const System& system = server.system();

@@ -1,5 +1,5 @@
-// The parts of security descriptors where the program keeps them. They say themselves how long they
-// are; nothing says where the memory ends.
+// The parts of security descriptors in the program's memory. Each part contains its own length; the
+// end of the memory is unknown.
 #ifndef SIMULATOR_API_SECURITY_PARTS_H_
 #define SIMULATOR_API_SECURITY_PARTS_H_
 
@@ -18,7 +18,8 @@ Header HeaderAt(const void* memory) {
   return header;
 }
 
-// As long as they say; whether they are a SID or a list is not looked at.
+// Return as many bytes as the header states. Whether the bytes are a valid SID or ACL is not
+// checked.
 inline std::string_view SidBytesAt(const void* sid) {
   const auto* const bytes = static_cast<const char*>(sid);
   const auto count = static_cast<BYTE>(bytes[offsetof(SID, SubAuthorityCount)]);

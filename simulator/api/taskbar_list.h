@@ -1,4 +1,4 @@
-// Objects of the task bar's class, and results of COM.
+// Objects of the taskbar list class, and COM result codes.
 #ifndef SIMULATOR_API_TASKBAR_LIST_H_
 #define SIMULATOR_API_TASKBAR_LIST_H_
 
@@ -8,11 +8,12 @@
 
 namespace simulator {
 
-// What COM makes of a code that a call is to fail with: a system error code gets the facility of
-// those, a code of COM stays what it is.
+// Returns the HRESULT for the error code of a fault: a system error code is given FACILITY_WIN32,
+// and an HRESULT is returned unchanged.
 HRESULT ResultOf(DWORD error);
 
-// E_NOINTERFACE when the server's Windows has no such interface of the class.
+// Returns E_NOINTERFACE if the class does not have the interface on the server's version of
+// Windows.
 HRESULT MakeTaskbarList(REFIID interface_id, void** object);
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// Common controls: their start-up and the progress bar.
+// Common controls: initialization and the progress bar.
 #ifndef SIMULATOR_INCLUDE_COMMCTRL_H_
 #define SIMULATOR_INCLUDE_COMMCTRL_H_
 

@@ -1,4 +1,4 @@
-// COM: a thread's use of it, and objects of registered classes.
+// COM: initialization for a thread, and objects of registered classes.
 #ifndef SIMULATOR_INCLUDE_OBJBASE_H_
 #define SIMULATOR_INCLUDE_OBJBASE_H_
 

@@ -8,8 +8,8 @@
 
 using PULONG = ULONG*;
 
-// Both hand out memory that LocalFree gives back. Sizes and lengths count what is handed out, a
-// terminator included.
+// Both functions allocate memory that the caller frees with LocalFree. The returned size or length
+// is that of the allocated data and includes the terminating null character of a text.
 BOOL WINAPI ConvertStringSecurityDescriptorToSecurityDescriptorA(LPCSTR text, DWORD revision,
                                                                  PSECURITY_DESCRIPTOR* descriptor,
                                                                  PULONG size);

@@ -1,4 +1,4 @@
-// The task bar's list of windows.
+// The taskbar list.
 #ifndef SIMULATOR_INCLUDE_SHOBJIDL_H_
 #define SIMULATOR_INCLUDE_SHOBJIDL_H_
 
@@ -10,7 +10,7 @@ extern const IID IID_ITaskbarList;
 extern const IID IID_ITaskbarList2;
 extern const IID IID_ITaskbarList3;
 
-// Only handed on.
+// Types that the program only passes on.
 struct _IMAGELIST;  // NOLINT(bugprone-reserved-identifier): the SDK's name
 using HIMAGELIST = _IMAGELIST*;
 struct THUMBBUTTON;

@@ -12,8 +12,8 @@ namespace simulator {
 // A buffer over a simulated text file, with the behaviour of std::filebuf.
 class FileBuffer;
 
-// Opens, closes and fails as std::fstream does: opening while a file is open, or a file that
-// cannot be opened, sets the fail bit; a success clears the state.
+// Opens, closes and fails as std::fstream does. If a file is already open, or if the file cannot be
+// opened, open() sets the fail bit. On success, it clears the state.
 class FileStream : public std::iostream {
  public:
   FileStream();

@@ -1,5 +1,5 @@
-// The host's stdio with what the Windows C runtime adds. Standard output is the simulated
-// console's.
+// The host's stdio.h with the additions of the Windows C runtime. Standard output is the simulated
+// console.
 #pragma GCC system_header
 #include_next <stdio.h>
 
@@ -10,15 +10,16 @@
 #include <stdarg.h>
 #include <stddef.h>
 
-// Streams over the simulated disk, in text mode unless the mode holds a "b".
+// Streams over the simulated disk, in text mode unless `mode` contains a "b".
 FILE* _fsopen(const char* path, const char* mode, int share);
 FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share);
 
-// Writes at most `count` units and no terminator when the text fills them; negative when cut.
-// "%s" takes wide text, as in every wide template of the Windows C runtime.
+// Writes at most `count` units. The text is not terminated if it fills the buffer. Returns a
+// negative number if the text was truncated. "%s" takes wide text, as in every wide format string
+// of the Windows C runtime.
 int _vsnwprintf(wchar_t* buffer, size_t count, const wchar_t* format, va_list arguments);
 
-// 1 is standard output.
+// Index 1 is standard output.
 FILE* __acrt_iob_func(unsigned index);
 #undef stdout
 #define stdout (__acrt_iob_func(1))

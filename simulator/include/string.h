@@ -1,4 +1,4 @@
-// The host's string.h with what the Windows C runtime adds.
+// The host's string.h with the additions of the Windows C runtime.
 #pragma GCC system_header
 #include_next <string.h>
 
@@ -6,7 +6,8 @@
 #define SIMULATOR_INCLUDE_STRING_H_
 #ifdef __cplusplus
 
-// The runtime's text for an error number, cut to the buffer and terminated. 0 on success.
+// Copies the runtime's text for an error number, truncated to the buffer and terminated. Returns 0
+// on success.
 int strerror_s(char* buffer, size_t size, int error);
 
 #endif  // __cplusplus

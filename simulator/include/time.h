@@ -1,4 +1,4 @@
-// The host's time.h with what the Windows C runtime adds; all of it reads the simulated clock.
+// The host's time.h with the additions of the Windows C runtime, which read the simulated clock.
 #pragma GCC system_header
 #include_next <time.h>
 

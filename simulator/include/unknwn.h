@@ -1,4 +1,4 @@
-// The interface that every object of COM has.
+// The interface that every COM object implements.
 #ifndef SIMULATOR_INCLUDE_UNKNWN_H_
 #define SIMULATOR_INCLUDE_UNKNWN_H_
 

@@ -1,4 +1,4 @@
-// Processes, pipes, threads, critical sections, files, errors and system facts.
+// Processes, pipes, threads, critical sections, files, errors and system information.
 #ifndef SIMULATOR_INCLUDE_WINBASE_H_
 #define SIMULATOR_INCLUDE_WINBASE_H_
 
@@ -58,7 +58,7 @@ using LPPROCESS_INFORMATION = PROCESS_INFORMATION*;
 
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID parameter);
 
-// Opaque: the program only hands it to the calls below.
+// Opaque. The program only passes it to the calls below.
 struct CRITICAL_SECTION {
   PVOID DebugInfo;
   LONG LockCount;
@@ -105,7 +105,7 @@ using LPSYSTEM_INFO = SYSTEM_INFO*;
 #define FORMAT_MESSAGE_IGNORE_INSERTS 0x00000200
 #define FORMAT_MESSAGE_FROM_SYSTEM 0x00001000
 
-// Where a program with windows starts; the program defines it.
+// The entry point of a program with windows. The program defines it.
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, LPWSTR command_line, int show_command);
 
 // Processes, threads and pipes.
@@ -179,7 +179,7 @@ BOOL WINAPI DeleteFileA(LPCSTR path);
 UINT WINAPI GetDriveTypeA(LPCSTR root_path);
 DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer);
 
-// System facts.
+// System information.
 DWORD WINAPI GetTickCount();
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version);
 BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version);

@@ -1,5 +1,5 @@
-// Basic types of the Windows SDK as a 64-bit native build has them: the sizes of Win64 but for
-// WCHAR, which is the native wchar_t.
+// Basic types of the Windows SDK for a 64-bit native build. Sizes are those of Win64, except that
+// WCHAR is the native wchar_t.
 #ifndef SIMULATOR_INCLUDE_WINDEF_H_
 #define SIMULATOR_INCLUDE_WINDEF_H_
 
@@ -56,7 +56,7 @@ using HLOCAL = HANDLE;
 using HRESULT = LONG;
 using LANGID = WORD;
 
-// A handle type of its own for each kind, as STRICT has them.
+// Each kind of handle has its own type, as with STRICT.
 #define DECLARE_HANDLE(name) \
   struct name##__;           \
   using name = name##__* /* NOLINT(bugprone-macro-parentheses): a type */

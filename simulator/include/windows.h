@@ -1,5 +1,5 @@
-// The calls of the Windows SDK that the program makes, under the SDK's names. Each is declared
-// where the SDK declares it; what is not here does not compile.
+// The functions of the Windows SDK that the program calls, under the SDK's names. Each is declared
+// in the SDK's header of the same name. Code that calls any other function does not compile.
 #ifndef SIMULATOR_INCLUDE_WINDOWS_H_
 #define SIMULATOR_INCLUDE_WINDOWS_H_
 

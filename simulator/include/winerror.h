@@ -1,4 +1,4 @@
-// System error codes that the simulated server gives.
+// System error codes that the simulated server returns.
 // https://learn.microsoft.com/windows/win32/debug/system-error-codes
 #ifndef SIMULATOR_INCLUDE_WINERROR_H_
 #define SIMULATOR_INCLUDE_WINERROR_H_

@@ -1,4 +1,4 @@
-// Shutting the system down.
+// System shutdown.
 #ifndef SIMULATOR_INCLUDE_WINREG_H_
 #define SIMULATOR_INCLUDE_WINREG_H_
 

@@ -1,4 +1,4 @@
-// The tool that sets up the boot files anew, and with them the boot store.
+// The tool that rebuilds the boot files and the BCD store.
 #ifndef SIMULATOR_TOOLS_BCDBOOT_H_
 #define SIMULATOR_TOOLS_BCDBOOT_H_
 
@@ -11,10 +11,11 @@ namespace simulator {
 
 class Machine;
 
-// "SOURCE /s DRIVE /l LOCALE", the arguments behind the program; both switches are needed, in
-// either order. The store becomes a boot manager on DRIVE ("c:") and one loader: that of the
-// running Windows or, when the store has none, a new one for the Windows in the folder SOURCE. Exit
-// code 1 when there is no such folder or drive, or for other arguments; the store stays as it was.
+// `arguments` are those after the program's name: "SOURCE /s DRIVE /l LOCALE". Both switches are
+// required, in either order. Afterwards the BCD store consists of a boot manager on DRIVE ("c:")
+// and one loader: that of the running Windows or, if the store has none, a new one for the Windows
+// in the folder SOURCE. The exit code is 1 if the folder or drive does not exist, or if there are
+// other arguments; the store then remains unchanged.
 ToolResult RunBcdboot(const std::vector<std::string>& arguments, Machine& machine);
 
 }  // namespace simulator

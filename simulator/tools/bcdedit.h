@@ -1,9 +1,9 @@
-// The boot configuration tool: lists the machine's boot store, saves it, puts it back, and deletes
+// The boot configuration tool: lists the machine's BCD store, exports and imports it, and deletes
 // entries.
 //
-// It knows the command lines below. To every other one, whatever the real
-// tool makes of it, it answers as to a wrong one. The texts but for the listing are English
-// whatever the system's language.
+// The tool supports the command lines below. It answers every other one as an invalid command line,
+// even one that the real tool supports. Apart from the listing, its texts are English whatever the
+// system's language.
 #ifndef SIMULATOR_TOOLS_BCDEDIT_H_
 #define SIMULATOR_TOOLS_BCDEDIT_H_
 
@@ -16,10 +16,11 @@ namespace simulator {
 
 class Machine;
 
-// No arguments, "/export FILE", "/import FILE" or "/delete ID", the arguments behind the program.
-// The ID is a GUID in braces, {current}, {default}, or a well-known name such as {bootmgr}; entries
-// of such a name are not deleted. References to an entry go with it. Exit code 0, or 1 with the
-// reason in the error output; what failed has left the store as it was.
+// `arguments` are those after the program's name: none, "/export FILE", "/import FILE" or "/delete
+// ID". The ID is a GUID in braces, {current}, {default}, or a well-known name such as {bootmgr}.
+// Entries with a well-known name are not deleted. References to a deleted entry are removed. The
+// exit code is 0, or 1 with the reason in the error output. A failed command leaves the store
+// unchanged.
 ToolResult RunBcdedit(const std::vector<std::string>& arguments, Machine& machine);
 
 }  // namespace simulator

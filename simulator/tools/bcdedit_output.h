@@ -1,7 +1,8 @@
-// The listing that the boot configuration tool prints, in the layout of the real one.
+// The listing of the boot configuration tool, in the layout of the real tool.
 //
-// Headings and the name of the identifier's line are in the server's language: English, Simplified
-// Chinese, German or Portuguese, English for all others and for headings that no capture shows.
+// The headings and the label of the identifier are in the server's language if it is English,
+// Simplified Chinese, German or Portuguese. They are in English for all other languages, and for
+// headings of which no capture exists.
 #ifndef SIMULATOR_TOOLS_BCDEDIT_OUTPUT_H_
 #define SIMULATOR_TOOLS_BCDEDIT_OUTPUT_H_
 
@@ -13,8 +14,9 @@
 
 namespace simulator {
 
-// The boot manager and what it displays. The entry that the running Windows was started by is
-// {current} wherever its identifier stands, the manager's default {default} if it is another.
+// Returns the listing of the boot manager and the entries that it displays. The identifier of the
+// entry that started the running Windows is printed as {current} throughout. The manager's default
+// entry is printed as {default} if it is another entry.
 std::string BootListing(const Boot& boot, LANGID language);
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// A boot store as a file. The real one is a registry hive; this one is JSON.
+// A BCD store as a file. On Windows it is a registry hive; here it is JSON.
 #ifndef SIMULATOR_TOOLS_BOOT_STORE_FILE_H_
 #define SIMULATOR_TOOLS_BOOT_STORE_FILE_H_
 
@@ -10,10 +10,10 @@
 
 namespace simulator {
 
-// What is not UTF-8 becomes U+FFFD.
+// Returns the contents of the file. Invalid UTF-8 is replaced with U+FFFD.
 std::string BootStoreFile(const BootStore& store);
 
-// Nothing for bytes that are no such file, or only its beginning.
+// Returns nothing if the bytes are not such a file, or are an incomplete one.
 std::optional<BootStore> ParseBootStoreFile(std::string_view bytes);
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// Text in columns, counted in characters of UTF-8.
+// Text in columns. Widths are counted in UTF-8 characters.
 #ifndef SIMULATOR_TOOLS_COLUMNS_H_
 #define SIMULATOR_TOOLS_COLUMNS_H_
 
@@ -11,14 +11,16 @@ namespace simulator {
 
 size_t CharacterCount(std::string_view text);
 
-// The text cut to `width` characters, or filled up with blanks to that many.
+// Returns the text truncated to `width` characters, or padded with spaces on the right.
 std::string LeftColumn(std::string_view text, size_t width);
 
-// The text behind as many blanks as make `width` characters; longer text is kept whole.
+// Returns the text padded with spaces on the left to `width` characters. Longer text is not
+// truncated.
 std::string RightColumn(std::string_view text, size_t width);
 
-// A size as the disk tool writes it: "0 B", "1024 KB", "8189 MB", "931 GB". Rounded down, in the
-// smallest unit (of 1,024 each) that needs no more than four digits.
+// Returns a size as the disk tool prints it: "0 B", "1024 KB", "8189 MB", "931 GB". The size is
+// rounded down, in the smallest unit (each 1,024 times the previous one) that needs at most four
+// digits.
 std::string SizeText(uint64_t bytes);
 
 }  // namespace simulator

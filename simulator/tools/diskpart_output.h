@@ -1,8 +1,8 @@
-// What the disk tool prints: its English texts in the columns of the real one, lines ended by
-// CR LF.
+// The output of the disk tool: its English texts in the columns of the real tool. Lines end with CR
+// LF.
 //
-// English whatever the server's language is: the language of a simulated server is that of its
-// locale, which an English Windows has as well.
+// The texts are English whatever the server's language is. The language of a simulated server is
+// that of its locale, which can also be set on an English Windows.
 #ifndef SIMULATOR_TOOLS_DISKPART_OUTPUT_H_
 #define SIMULATOR_TOOLS_DISKPART_OUTPUT_H_
 
@@ -19,18 +19,18 @@ struct System;
 
 class Machine;
 
-// "Microsoft DiskPart version 10.0.14393.0".
+// Returns "Microsoft DiskPart version 10.0.14393.0".
 std::string DiskpartVersion(const System& system);
 
-// Version, copyright and computer.
+// Returns the lines with the version, the copyright and the computer name.
 std::string DiskpartBanner(const System& system);
 
-// The answer to "list disk". The selected disk's line is marked.
+// Returns the output of "list disk". The line of the selected disk is marked.
 std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,
                         const System& system);
 
-// The answer to "detail disk" for one of the machine's disks. Volumes are counted over all disks,
-// in the order of the disks and their partitions; the selected one's line is marked.
+// Returns the output of "detail disk" for one of the machine's disks. Volumes are numbered over all
+// disks, in the order of the disks and their partitions. The line of the selected volume is marked.
 std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& machine);
 
 }  // namespace simulator

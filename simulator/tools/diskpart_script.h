@@ -28,7 +28,7 @@ struct DiskpartCommand {
   std::string help_topic = {};      // for kBadArguments
 };
 
-// Reads one line, without its line feed.
+// Parses one line, without its line feed.
 DiskpartCommand ParseDiskpartCommand(std::string_view line);
 
 }  // namespace simulator

@@ -1,5 +1,5 @@
-// What the tools of the system see and change of the machine they run on: a server in memory, or a
-// Wine prefix that stands for one.
+// The interface through which the system's tools read and change the machine that they run on: a
+// server in memory, or a Wine prefix that represents one.
 #ifndef SIMULATOR_TOOLS_MACHINE_H_
 #define SIMULATOR_TOOLS_MACHINE_H_
 
@@ -19,8 +19,8 @@ namespace simulator {
 struct System;
 struct Volume;
 
-// Letters are taken in either case and given in upper case. Paths are narrow text as the tools were
-// given them. Functions that can fail return a system error code.
+// Letters are accepted in either case and returned in upper case. Paths are ANSI text, as passed to
+// the tools. Functions that can fail return a system error code.
 class Machine {
  public:
   virtual ~Machine() = default;
@@ -38,7 +38,7 @@ class Machine {
   virtual DWORD ReadFrom(const std::string& path, std::string* bytes) const = 0;
   virtual DWORD WriteTo(const std::string& path, std::string_view bytes) = 0;  // a new file
   virtual bool IsFolder(const std::string& path) const = 0;
-  virtual std::string FullPath(const std::string& path) const = 0;  // empty when there is none
+  virtual std::string FullPath(const std::string& path) const = 0;  // empty if there is none
 };
 
 }  // namespace simulator

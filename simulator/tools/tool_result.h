@@ -1,4 +1,4 @@
-// What a simulated tool has to say at its end.
+// The result of a simulated tool.
 #ifndef SIMULATOR_TOOLS_TOOL_RESULT_H_
 #define SIMULATOR_TOOLS_TOOL_RESULT_H_
 

@@ -7,10 +7,11 @@
 namespace acl {
 namespace {
 
-// Enough to see that a part is not valid without looking behind its block.
+// Large enough that a validity check of a part does not read past its block.
 constexpr DWORD kSmallestPart = std::max(sizeof(ACL), sizeof(SID));
 
-// Zeros; null when there is no memory.
+// Allocates zeroed memory. Returns false if there is no memory.
+// Oddity: absent parts, see docs/oddities.md.
 template <typename Part>
 bool Allocate(common::UniqueLocal<Part>& part, DWORD size) {
   part.reset(static_cast<Part*>(::LocalAlloc(LPTR, std::max(size, kSmallestPart))));

@@ -1,4 +1,4 @@
-// A security descriptor in absolute form, made of its text.
+// A security descriptor in absolute form, converted from SDDL text.
 #ifndef ACL_ABSOLUTE_DESCRIPTOR_H_
 #define ACL_ABSOLUTE_DESCRIPTOR_H_
 
@@ -10,13 +10,13 @@
 
 namespace acl {
 
-// Owns its five parts, in memory from the platform heap. A part that the text does not have is a
-// block of zeros, which no call takes for a valid one: a null list would grant everything to
-// everybody.
+// Owns its five parts, which are allocated with LocalAlloc. A part that the text does not have is a
+// block of zeros, which every call rejects: a null pointer would be a NULL DACL, which grants full
+// access to everyone.
 class AbsoluteDescriptor {
  public:
-  // From SDDL, revision 1. On failure the parts are not to be used, and `error` is the code of the
-  // call that failed.
+  // Converts SDDL text of revision 1. On failure returns false and sets `error` to the error code
+  // of the call that failed; the parts must then not be used.
   // https://learn.microsoft.com/windows/win32/api/securitybaseapi/nf-securitybaseapi-makeabsolutesd
   [[nodiscard]] bool Build(const std::string& sddl, DWORD& error);
 

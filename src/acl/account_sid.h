@@ -11,9 +11,10 @@
 
 namespace acl {
 
-// Looks an account of the local system up. 0 on success, 3 for an empty name, 6 when there is no
-// such account or no memory, which leaves `sid` as it is, or when its SID cannot be copied, which
-// empties `sid`.
+// Looks up an account of the local system. Returns 0 on success and 3 if `name` is empty. Returns 6
+// with `sid` unchanged if the account is not found or the lookup buffer cannot be allocated.
+// Returns 6 with `sid` emptied if the memory for the copy of the SID cannot be allocated or CopySid
+// fails.
 [[nodiscard]] int32_t GetAccountSid(const std::string& name, common::UniqueLocal<void>& sid);
 
 }  // namespace acl

@@ -18,13 +18,14 @@ constexpr uint32_t kUnprotectedDacl = 0x20000000;
 constexpr uint32_t kProtectedSacl = 0x40000000;
 constexpr uint32_t kProtectedDacl = 0x80000000;
 
-// `text` from `start` on, at most `length` characters; empty when it ends before.
+// Returns at most `length` characters of `text` from `start`; empty if `text` ends before.
 std::string_view From(std::string_view text, size_t start, size_t length = kNone) {
   return start < text.size() ? text.substr(start, length) : std::string_view();
 }
 
-// Whether the control letters between a list's "D:" or "S:", which ends at `start`, and its first
-// entry name it protected.
+// Returns true if the control letters between "D:" or "S:", which ends at `start`, and the first
+// ACE include P.
+// Oddity: protection without entries, see docs/oddities.md.
 bool IsProtected(std::string_view sddl, size_t start) {
   const size_t first_entry = sddl.find('(', start);
   return first_entry != kNone && sddl.substr(start, first_entry - start).find('P') != kNone;
@@ -41,23 +42,25 @@ uint32_t ListInformation(std::string_view sddl, std::string_view name, uint32_t 
 
 AclBackupRecord ParseAclLine(std::string_view line) {
   line = line.substr(0, line.find('\0'));
-  // The trims below leave a text that they would empty as it is; a line end alone is no path.
+  // The trims below would return a line end alone unchanged, but an empty line has no path.
   if (line.find_first_not_of("\r\n") == kNone) return {};
   const std::string text = common::TrimLeft(common::TrimRight(line, "\r\n\""), "\"");
 
-  // A separator that is not found has the largest position there is. The sums wrap around: the
-  // search for the second one then starts at the front, the fields one character behind it.
+  // Oddity: line without separators, see docs/oddities.md.
   const size_t path_end = text.find("\",");
   const size_t attributes_end = text.find(",\"", path_end + 1);
   AclBackupRecord record;
   record.Path = text.substr(0, path_end);
-  // One character too many, the comma: reading stops there anyway.
+  // Oddity: comma in the attributes, see docs/oddities.md.
   record.Attributes = common::ReadDecimal(From(text, path_end + 2, attributes_end - path_end - 1));
+  // Oddity: upper-case descriptor, see docs/oddities.md.
   record.Sddl = common::ToUpperAscii(From(text, attributes_end + 2));
   return record;
 }
 
 uint32_t SecurityInformationOf(std::string_view sddl) {
+  // Oddity: parts found anywhere, see docs/oddities.md.
+  // Oddity: labels in the SACL, see docs/oddities.md.
   return ListInformation(sddl, "D:", kDacl, kProtectedDacl, kUnprotectedDacl) |
          ListInformation(sddl, "S:", kSacl, kProtectedSacl, kUnprotectedSacl) |
          (sddl.find("O:") != kNone ? kOwner : 0) | (sddl.find("G:") != kNone ? kGroup : 0);

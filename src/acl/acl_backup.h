@@ -1,4 +1,4 @@
-// The ACL backup file: one line for each file and folder of a volume, in the ANSI code page.
+// The ACL backup file: ANSI text, one line for each file and folder of a volume.
 //
 //   "C:\Data\x.txt",32,"O:BAG:SYD:PAI(A;;FA;;;BA)"
 #ifndef ACL_ACL_BACKUP_H_
@@ -11,17 +11,17 @@
 namespace acl {
 
 struct AclBackupRecord {
-  std::string Path;        // as it stands in the file
-  int32_t Attributes = 0;  // file attribute bits; 0 leaves those of the object alone
-  std::string Sddl;        // a security descriptor in upper case
+  std::string Path;        // unchanged
+  int32_t Attributes = 0;  // file attributes; 0 if they are not to be set
+  std::string Sddl;        // the security descriptor in upper case
 };
 
-// Takes a line apart, up to its first zero byte, with or without its line end. Any bytes will do: a
-// line without the separators gives whatever lies where the fields were to be, at worst nothing.
+// Splits a line, with or without its line end, up to its first zero byte. Accepts any bytes: a line
+// without the separators gives arbitrary or empty fields.
 AclBackupRecord ParseAclLine(std::string_view line);
 
-// The parts of a descriptor that its upper-case text names, as SECURITY_INFORMATION bits. The names
-// are looked for anywhere in the text: an "O:" inside an entry counts as an owner, too.
+// Returns the parts of a descriptor in upper case as SECURITY_INFORMATION bits. The parts are
+// searched for in the whole text: "O:" inside an ACE also sets OWNER_SECURITY_INFORMATION.
 // https://learn.microsoft.com/windows/win32/secauthz/security-information
 uint32_t SecurityInformationOf(std::string_view sddl);
 

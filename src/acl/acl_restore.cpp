@@ -11,17 +11,19 @@ int32_t RestoreACLFile(logger::Logger& logger, const std::string& volume_root,
                        const std::string& acl_file_path, uint32_t total_entries,
                        ProgressRange& progress) {
   ACLUtil engine;
+  // Oddity: unused values, see docs/oddities.md.
   engine.SetObjectPath(volume_root);
   engine.SetInputFile(acl_file_path);
-  // The group has another name on servers of some languages; there is no fallback owner then.
+  // Oddity: Administrators by name, see docs/oddities.md.
   common::UniqueLocal<void> administrators;
   static_cast<void>(GetAccountSid("Administrators", administrators));
   engine.SetAdminSid(std::move(administrators));
 
-  // There is one stage.
+  // There is only one stage.
   logger.Info("ACLRestore (Stage %d/%d)...", 0, 1);
   const int32_t result = engine.RestoreFromFile(true, total_entries, progress);
   if (result != kRestored) logger.Error("ACLRestore Restore Failed: code=%d", result);
+  // Oddity: Done after a failure, see docs/oddities.md.
   progress.base += progress.span;
   restore::ReportProgress(progress.base);
   logger.Info("ACLRestore (Stage %d/%d) Done.", 1, 1);

@@ -10,10 +10,10 @@
 
 namespace acl {
 
-// Restores the descriptors and attributes of an ACL backup file, with the local Administrators as
-// the owner to fall back on. Lines that fail are passed over. Advances `progress.base` to the end
-// of its range and tells the dialog, also on failure. Returns the engine's result: kRestored,
-// kNoInputFile or kInputFileUnreadable.
+// Restores the security descriptors and attributes in an ACL backup file, with the local group
+// Administrators as fallback owner. Skips lines that fail. Advances `progress.base` to the end of
+// its range and reports it to the dialog, even on failure. Returns kRestored, kNoInputFile or
+// kInputFileUnreadable.
 [[nodiscard]] int32_t RestoreACLFile(logger::Logger& logger, const std::string& volume_root,
                                      const std::string& acl_file_path, uint32_t total_entries,
                                      ProgressRange& progress);

@@ -16,13 +16,15 @@ namespace {
 constexpr std::array<const char*, 4> kPrivileges = {
     "SeBackupPrivilege", "SeRestorePrivilege", "SeSecurityPrivilege", "SeTakeOwnershipPrivilege"};
 
-constexpr int kLineLimit = 8190;  // with the terminator; a longer line is taken as several
+// Oddity: long ACL line, see docs/oddities.md.
+constexpr int kLineLimit = 8190;  // including the terminator
 constexpr size_t kLineBufferSize = 8192;
 constexpr uint32_t kLinesPerReport = 1000;
 
+// Oddity: negative codes, see docs/oddities.md.
 std::string Signed(DWORD code) { return std::to_string(static_cast<int32_t>(code)); }
 
-// The system wants the path writable.
+// SetNamedSecurityInfoA requires a writable path.
 DWORD SetSecurity(std::string& path, SECURITY_INFORMATION information, PSID owner, PSID group,
                   PACL dacl, PACL sacl) {
   return ::SetNamedSecurityInfoA(path.data(), SE_FILE_OBJECT, information, owner, group, dacl,
@@ -34,12 +36,14 @@ DWORD SetSecurity(std::string& path, SECURITY_INFORMATION information, PSID owne
 bool ACLUtil::privileges_enabled = false;
 
 ACLUtil::~ACLUtil() {
+  // Oddity: privileges after the first volume, see docs/oddities.md.
   for (const char* const name : kPrivileges) {
     static_cast<void>(common::SwitchPrivilege(name, false));
   }
 }
 
 int32_t ACLUtil::EnablePrivileges() {
+  // Oddity: privileges after the first volume, see docs/oddities.md.
   if (privileges_enabled) return 0;
   for (const char* const name : kPrivileges) {
     if (common::SwitchPrivilege(name, true)) continue;
@@ -59,7 +63,7 @@ int32_t ACLUtil::RestoreFromFile(bool restore_attributes, uint32_t total_entries
   const int32_t privileges = EnablePrivileges();
   if (privileges != 0) return privileges;
   if (input_file_.empty()) return kNoInputFile;
-  // Opened and closed once to see that it can be; no encoding but the ANSI code page is known.
+  // Oddity: ANSI only, see docs/oddities.md.
   if (!common::UniqueFile(::_fsopen(input_file_.c_str(), "rb", _SH_DENYNO))) {
     return kInputFileUnreadable;
   }
@@ -70,14 +74,16 @@ int32_t ACLUtil::RestoreFromFile(bool restore_attributes, uint32_t total_entries
   std::array<char, kLineBufferSize> line{};
   for (uint32_t count = 1; std::fgets(line.data(), kLineLimit, file.get()) != nullptr; ++count) {
     if (count % kLinesPerReport == 0) {
+      // Oddity: progress without a count, see docs/oddities.md.
       restore::ReportProgress(progress.base + static_cast<double>(count) /
                                                   static_cast<double>(total_entries) *
                                                   progress.span);
     }
-    // What a failing read leaves in the buffer is no line.
+    // After a read error the buffer does not contain a complete line.
     if (std::ferror(file.get()) != 0) break;
     const AclBackupRecord record = ParseAclLine(line.data());
     if (restore_attributes && record.Attributes != 0) {
+      // Oddity: failures of single files, see docs/oddities.md.
       ::SetFileAttributesA(record.Path.c_str(), static_cast<DWORD>(record.Attributes));
     }
     const int32_t result = RestoreLine(record);
@@ -86,7 +92,7 @@ int32_t ACLUtil::RestoreFromFile(bool restore_attributes, uint32_t total_entries
   return std::ferror(file.get()) != 0 ? kInputFileUnreadable : kRestored;
 }
 
-// kRestored, also when the line failed and is passed over; else what ends the run.
+// Returns kRestored, even if the line failed and is skipped, or the result that ends the run.
 int32_t ACLUtil::RestoreLine(const AclBackupRecord& record) {
   Report({"Restoring ACL of: <", record.Path, ">"});
   AbsoluteDescriptor descriptor;
@@ -106,7 +112,7 @@ int32_t ACLUtil::RestoreLine(const AclBackupRecord& record) {
   error = write_all();
   if (error == ERROR_SUCCESS) return kRestored;
 
-  // A line that is refused at first has failed, also when it succeeds after the owner is replaced.
+  // Oddity: first refusal, see docs/oddities.md.
   if (error == ERROR_ACCESS_DENIED && admin_sid_) {
     error =
         SetSecurity(path, OWNER_SECURITY_INFORMATION, admin_sid_.get(), nullptr, nullptr, nullptr);
@@ -119,6 +125,7 @@ int32_t ACLUtil::RestoreLine(const AclBackupRecord& record) {
 }
 
 void ACLUtil::Report(std::initializer_list<std::string_view> pieces) {
+  // Oddity: failures of single files, see docs/oddities.md.
   if (!output_stream_) return;
   std::string text;
   for (const std::string_view piece : pieces) text += piece;

@@ -1,4 +1,4 @@
-// The ACL restore engine: writes the descriptors of an ACL backup file back onto their objects.
+// The ACL restore engine: sets the security descriptors and attributes in an ACL backup file.
 #ifndef ACL_ACL_UTIL_H_
 #define ACL_ACL_UTIL_H_
 
@@ -16,55 +16,57 @@ namespace acl {
 
 // Results of the engine.
 inline constexpr int32_t kRestored = 0;              // the file was read to its end
-inline constexpr int32_t kWriteFailed = 25;          // a descriptor could not be written
-inline constexpr int32_t kConvertFailed = 27;        // a descriptor's text makes none
-inline constexpr int32_t kNoInputFile = 33;          // no file was named
-inline constexpr int32_t kInputFileUnreadable = 34;  // it cannot be opened, or read to its end
+inline constexpr int32_t kWriteFailed = 25;          // a descriptor could not be set
+inline constexpr int32_t kConvertFailed = 27;        // a descriptor could not be converted
+inline constexpr int32_t kNoInputFile = 33;          // the path of the file is empty
+inline constexpr int32_t kInputFileUnreadable = 34;  // the file cannot be opened or read to its end
 
-// Percents of the run's progress. The caller's.
+// A part of the run's progress, in percent. Owned by the caller.
 struct ProgressRange {
-  double base;  // where the file starts
-  double span;  // what the whole file stands for
+  double base;  // the progress at the start of the file
+  double span;  // the share of the whole file
 };
 
-// One thread at a time.
+// Used by one thread at a time.
 class ACLUtil {
  public:
   ACLUtil() = default;
   ACLUtil(const ACLUtil&) = delete;
   ACLUtil& operator=(const ACLUtil&) = delete;
-  // Disables the privileges that EnablePrivileges enables, whoever enabled them. They stay off for
-  // the rest of the process: later objects find `privileges_enabled` set.
+  // Disables the privileges that EnablePrivileges enables, even if another object enabled them.
+  // They remain disabled until the process ends, because `privileges_enabled` remains set.
   virtual ~ACLUtil();
 
-  // Enables, once in a process, the privileges by which an administrator writes descriptors of
-  // objects that deny him access: backup, restore, security, take ownership. One that cannot be
-  // enabled is reported and done without. Always 0.
+  // Enables, once per process, the privileges that allow an administrator to set the descriptor of
+  // an object that denies access: backup, restore, security, take ownership. Reports a privilege
+  // that cannot be enabled and continues. Always returns 0.
   [[nodiscard]] int32_t EnablePrivileges();
 
-  // Restores every line of the input file: attributes, if they are asked for, then the descriptor.
-  // A line that fails is reported and passed over. Unless errors are passed over it ends the run: a
-  // descriptor that cannot be converted without a word in the report, one that cannot be written
-  // unless the code is ERROR_ACCESS_DENIED or ERROR_FILE_NOT_FOUND. At every thousandth line the
-  // progress within `progress` is told to the dialog, as that line's share of `total_entries`;
-  // without entries it is not a finite number.
+  // Restores every line of the input file: the attributes if `restore_attributes` is true, then the
+  // descriptor. Reports a line that fails and skips it. If SetContinueOnError(false) was called,
+  // ends the run instead: without a report if the descriptor cannot be converted; if it cannot be
+  // set, unless the error is ERROR_ACCESS_DENIED or ERROR_FILE_NOT_FOUND. Posts the progress at
+  // every thousandth line, as its fraction of `total_entries`; if that is 0, the progress is
+  // infinite.
   [[nodiscard]] int32_t RestoreFromFile(bool restore_attributes, uint32_t total_entries,
                                         const ProgressRange& progress);
 
-  // The volume's root, kept with "\\?\" in front.
+  // Stores the volume's root with the prefix "\\?\". The path is not used.
   void SetObjectPath(const std::string& path);
   const std::string& object_path() const { return object_path_; }
 
   void SetInputFile(const std::string& path) { input_file_ = path; }
-  // Who becomes the owner of what refuses its descriptor, so that it can be tried once more.
+  // Sets the fallback owner: if access to an object is denied, it becomes the owner of the object
+  // and the descriptor is set once more.
   void SetAdminSid(common::UniqueLocal<void> sid) { admin_sid_ = std::move(sid); }
-  // Whether a line whose descriptor cannot be converted or written is passed over; true at first.
+  // Sets whether a line whose descriptor cannot be converted or set is skipped; the default is
+  // true.
   void SetContinueOnError(bool continue_on_error) { continue_on_error_ = continue_on_error; }
-  // Receives the report, a line for everything that is tried and for what fails; each ends with
-  // CR LF and is flushed. None at first.
+  // Sets the stream for the report: one line for each attempt and one for each failure, ended with
+  // CR LF and flushed. The default is no report.
   void SetOutputStream(common::UniqueFile stream) { output_stream_ = std::move(stream); }
 
-  // Whether EnablePrivileges has run in this process. Cleared by nobody but tests.
+  // True after EnablePrivileges has run in this process. Only tests reset it.
   static bool privileges_enabled;
 
  private:
@@ -75,7 +77,8 @@ class ACLUtil {
   common::UniqueLocal<void> admin_sid_;
   bool continue_on_error_ = true;
   std::string input_file_;
-  common::UniqueFile aux_stream_;  // set by nobody, as the text below
+  // Oddity: unused values, see docs/oddities.md.
+  common::UniqueFile aux_stream_;
   std::string extra_text_;
   common::UniqueFile output_stream_;
 };

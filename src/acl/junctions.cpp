@@ -20,8 +20,7 @@ namespace {
 
 constexpr size_t kLongestLine = 521;
 
-// Reads up to the next line end, which is left out. A line that is too long comes out empty, up to
-// its end.
+// Reads a line without its line end. Returns an empty text for a line that is too long.
 std::string ReadListLine(std::FILE* file) {
   std::string line;
   bool is_too_long = false;
@@ -29,7 +28,7 @@ std::string ReadListLine(std::FILE* file) {
     is_too_long = is_too_long || line.size() == kLongestLine;
     if (!is_too_long) line += static_cast<char>(c);
   }
-  // What lies behind a zero byte does not count.
+  // The text after a zero byte is discarded.
   return is_too_long ? std::string() : line.c_str();
 }
 
@@ -39,13 +38,14 @@ bool IsJunction(const std::wstring& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & kJunction) == kJunction;
 }
 
-// What the report says of the junction.
+// Returns the text for the report.
 const char* RestoreJunction(const std::string& junction, const std::string& target) {
   if (!common::Exists(target)) return "; Source Not Exist!\n";
   const std::wstring wide_junction = common::NarrowToWide(junction);
   if (::PathFileExistsA(junction.c_str())) {
+    // Oddity: file in a junction's place, see docs/oddities.md.
     if (IsJunction(wide_junction)) return "; Junction Exists!\n";
-    ::DeleteFileA(junction.c_str());  // an ordinary folder stays
+    ::DeleteFileA(junction.c_str());  // does not delete an ordinary folder
   }
   const bool is_new = ::CreateDirectoryA(junction.c_str(), nullptr) != FALSE;
   if (CreateJunction(wide_junction, common::NarrowToWide(target))) return "; Create Done!\n";
@@ -53,8 +53,9 @@ const char* RestoreJunction(const std::string& junction, const std::string& targ
   return "; Create Failed!\n";
 }
 
-// The name by which a reparse point leads to `target`; empty when that does not exist.
+// Returns the substitute name of a junction to `target`; empty if the target does not exist.
 std::wstring SubstituteName(const std::wstring& target) {
+  // Oddity: names in junctions, see docs/oddities.md.
   if (target.starts_with(L"\\?")) return target;
   std::array<wchar_t, 1024> full_path{};
   const DWORD length = ::GetFullPathNameW(target.c_str(), static_cast<DWORD>(full_path.size()),
@@ -66,8 +67,10 @@ std::wstring SubstituteName(const std::wstring& target) {
 
 }  // namespace
 
+// Oddity: unused values, see docs/oddities.md.
 int32_t RestoreJunctions(const std::string& /*volume_root*/,
                          const std::string& junction_file_path) {
+  // Oddity: junction failures, see docs/oddities.md.
   return RestoreJunctionsFromFile(common::NarrowToWide(junction_file_path), L"");
 }
 
@@ -84,6 +87,7 @@ int32_t RestoreJunctionsFromFile(const std::wstring& list_path, const std::wstri
     std::vector<std::string> fields;
     common::Split(ReadListLine(list.get()), ";", fields);
     if (std::ferror(list.get()) != 0) return -1;
+    // Oddity: junction failures, see docs/oddities.md.
     if (fields.size() != 2) continue;
     const std::string& junction = fields[0];
     const std::string& target = fields[1];

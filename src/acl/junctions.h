@@ -1,4 +1,4 @@
-// The junctions of a volume, from the junction backup file: narrow text, a line for each.
+// The junctions of a volume, from the junction backup file: ANSI text, one line per junction.
 //
 //   C:\Link;C:\Target
 #ifndef ACL_JUNCTIONS_H_
@@ -9,20 +9,21 @@
 
 namespace acl {
 
-// Recreates the junctions that a junction backup file lists. 0, or -1 when it cannot be opened or
-// read to its end. Junctions that cannot be made do not change that. `volume_root` is not needed.
+// Recreates the junctions in a junction backup file. Returns 0, or -1 if the file cannot be opened
+// or read to its end. Junctions that cannot be created do not change the result. `volume_root` is
+// not used.
 [[nodiscard]] int32_t RestoreJunctions(const std::string& volume_root,
                                        const std::string& junction_file_path);
 
-// The same, telling of each junction in a text file at `report_path` unless that is empty; -1 also
-// when that file cannot be opened. A junction whose target is missing is left out, a junction that
-// stands already is left as it is, a file in its place is deleted. Lines that are not of exactly
-// two fields, or of more than 521 characters, are skipped.
+// Like RestoreJunctions, and writes one line per junction to a text file at `report_path` unless
+// that is empty; also returns -1 if that file cannot be opened. A junction whose target does not
+// exist is not created, an existing junction is unchanged, a file of that name is deleted. Lines
+// without exactly two fields and lines of more than 521 characters are skipped.
 [[nodiscard]] int32_t RestoreJunctionsFromFile(const std::wstring& list_path,
                                                const std::wstring& report_path);
 
-// Turns the empty folder `junction_dir` into a junction to `target`, an existing path, or a name of
-// the system's own if it begins with "\?". False when that fails.
+// Converts the empty folder `junction_dir` to a junction to `target`, which is an existing path or,
+// if it begins with "\?", a substitute name. Returns false on failure.
 // https://learn.microsoft.com/windows/win32/fileio/reparse-points
 [[nodiscard]] bool CreateJunction(const std::wstring& junction_dir, const std::wstring& target);
 

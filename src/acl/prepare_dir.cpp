@@ -15,7 +15,7 @@ namespace {
 constexpr double kJunctionShare = 0.2;
 constexpr double kAclShare = 0.8;
 
-// Whole seconds since the tick count was `begin`. The count wraps around.
+// Returns the whole seconds since the tick count `begin`, which may have wrapped around.
 int32_t SecondsSince(DWORD begin) {
   constexpr DWORD kMillisecondsPerSecond = 1000;
   return static_cast<int32_t>((::GetTickCount() - begin) / kMillisecondsPerSecond);
@@ -54,8 +54,9 @@ int32_t RestoreVolumeAcls(logger::Logger& logger, double& progress, double share
     logger.Error("acl restore failed, code=%d", result);
     return result;
   }
+  // Oddity: line ends in messages, see docs/oddities.md.
   logger.Info("acl restore done!\n");
-  // The whole share, although the junctions have had their part of it.
+  // Oddity: more than a share, see docs/oddities.md.
   Advance(progress, share);
   return 0;
 }
@@ -66,12 +67,15 @@ int32_t RestorePrepareDir(logger::Logger& logger, double& progress, double share
                           const std::string& volume_root, const std::string& prepare_dir) {
   const std::string folder = prepare_dir.empty() ? volume_root + "vantoro_prepare\\" : prepare_dir;
   if (!common::Exists(folder)) {
+    // Oddity: missing prepare folder, see docs/oddities.md.
+    // Oddity: wording of messages, see docs/oddities.md.
     logger.Info("Prepare Dir [%s] Not Exsit, Skip...", folder.c_str());
     return 0;
   }
   const std::string file_end = volume_root.substr(0, 1) + ".dat";
   const int32_t result = RestoreVolumeJunctions(logger, progress, share, volume_root,
                                                 folder + "juncbackup_" + file_end);
+  // Oddity: junctions before descriptors, see docs/oddities.md.
   if (result != 0) return result;
   return RestoreVolumeAcls(logger, progress, share, volume_root, folder + "aclbackup_" + file_end);
 }

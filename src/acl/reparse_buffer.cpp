@@ -17,7 +17,7 @@ void Append16(std::vector<unsigned char>& bytes, size_t value) {
   bytes.push_back(static_cast<unsigned char>(value >> 8 & 0xFF));
 }
 
-// UTF-16 whatever the width of wchar_t.
+// Returns the text in UTF-16, for both widths of wchar_t.
 std::vector<unsigned char> Utf16Bytes(std::wstring_view text) {
   constexpr uint32_t kFirstBehind16Bits = 0x10000;
   std::vector<unsigned char> bytes;
@@ -50,6 +50,7 @@ std::vector<unsigned char> MountPointReparseBuffer(std::wstring_view substitute_
   Append16(buffer, 0);  // offset of the substitute name
   Append16(buffer, name.size());
   Append16(buffer, name.size() + kTerminatorSize);  // offset of the print name
+  // Oddity: names in junctions, see docs/oddities.md.
   Append16(buffer, 0);
   buffer.insert(buffer.end(), name.begin(), name.end());
   Append16(buffer, 0);

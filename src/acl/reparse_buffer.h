@@ -1,4 +1,4 @@
-// The bytes that make a directory a junction.
+// The reparse data of a junction.
 #ifndef ACL_REPARSE_BUFFER_H_
 #define ACL_REPARSE_BUFFER_H_
 
@@ -7,8 +7,8 @@
 
 namespace acl {
 
-// A mount-point reparse buffer, little-endian, with an empty print name. Empty when the substitute
-// name is too long for the 16,384 bytes that the system allows.
+// Returns a little-endian mount-point reparse buffer with an empty print name. Empty if the
+// substitute name does not fit into the 16,384 bytes that the system allows.
 // https://learn.microsoft.com/windows-hardware/drivers/ddi/ntifs/ns-ntifs-_reparse_data_buffer
 std::vector<unsigned char> MountPointReparseBuffer(std::wstring_view substitute_name);
 

@@ -8,7 +8,7 @@ bool IsNativeX64(bool& is_x64) {
   using GetNativeSystemInfoFunction = void(WINAPI*)(LPSYSTEM_INFO);
   const HMODULE kernel = ::GetModuleHandleW(L"kernel32");
   if (kernel == nullptr) return false;
-  // Through void(*)(), which any function pointer may be turned into and back.
+  // Cast through void(*)(), which any function pointer can be converted to and from.
   const auto address =
       reinterpret_cast<void (*)()>(::GetProcAddress(kernel, "GetNativeSystemInfo"));
   if (address == nullptr) return false;

@@ -4,8 +4,8 @@
 
 namespace common {
 
-// Sets `is_x64` to whether the machine, not the process, is a 64-bit one. False, with `is_x64`
-// untouched, on a Windows without GetNativeSystemInfo.
+// Sets `is_x64` to true if the computer, not the process, is 64-bit, otherwise to false. Returns
+// false and leaves `is_x64` unchanged on a Windows version without GetNativeSystemInfo.
 [[nodiscard]] bool IsNativeX64(bool& is_x64);
 
 }  // namespace common

@@ -8,11 +8,12 @@
 namespace common {
 namespace {
 
+// Oddity: locale of the C runtime, see docs/oddities.md.
 void SwitchLocaleOnce() {
   [[maybe_unused]] static const bool switched = std::setlocale(LC_ALL, "chs") != nullptr;
 }
 
-// The calls below count in int.
+// The conversion functions take the length as an int.
 bool Convertible(size_t length) { return length != 0 && length <= INT_MAX; }
 
 }  // namespace

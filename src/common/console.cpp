@@ -7,11 +7,12 @@
 namespace common {
 namespace {
 
+// Oddity: message length, see docs/oddities.md.
 constexpr size_t kMaxColored = 2046;
 
 void PrintVerbatim(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
-// Sets the console's attributes for as long as it lives.
+// Sets the console's attributes and restores them on destruction.
 class AttributeScope {
  public:
   explicit AttributeScope(WORD attributes) : console_(::GetStdHandle(STD_OUTPUT_HANDLE)) {
@@ -53,6 +54,7 @@ void PrintFormatted(const char* format, ...) {
   va_end(arguments);
 }
 
+// Oddity: percent signs on the console, see docs/oddities.md.
 void PrintTemplate(const std::string& text) { PrintVerbatim(ExpandTemplate(text)); }
 
 void ColorPrint(bool bright, WORD attribute, const char* format, ...) {
@@ -84,6 +86,7 @@ void PrintGreen(bool bright, const char* format, ...) {
 }
 
 void ColorPrintTemplate(bool bright, WORD attribute, const std::string& text) {
+  // Oddity: percent signs on the console, see docs/oddities.md.
   std::string formatted = ExpandTemplate(text);
   if (formatted.size() > kMaxColored) formatted.resize(kMaxColored);
   PrintColored(bright, attribute, formatted);

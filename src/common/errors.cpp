@@ -11,17 +11,19 @@
 
 namespace common {
 
+// Oddity: line ends in messages, see docs/oddities.md.
 std::string GetSystemMessage(DWORD error) {
   constexpr DWORD kFlags =
       FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
   constexpr DWORD kUserDefaultLanguage = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
   UniqueLocal<char> message;
-  // With ALLOCATE_BUFFER the call takes the address of a pointer in place of the buffer.
+  // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer argument is the address of a pointer.
   const DWORD length = ::FormatMessageA(kFlags, nullptr, error, kUserDefaultLanguage,
                                         reinterpret_cast<LPSTR>(message.put()), 0, nullptr);
   return length != 0 && message ? std::string(message.get(), length) : std::string();
 }
 
+// Oddity: negative codes, see docs/oddities.md.
 std::string GetLastErrorText(DWORD error) {
   std::array<char, 1024> buffer{};
   std::snprintf(buffer.data(), buffer.size(), "Last Error: [%d] %s", static_cast<int>(error),

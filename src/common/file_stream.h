@@ -1,5 +1,5 @@
-// The program's file stream: a text file. The C runtime turns CR LF into LF as it reads and LF into
-// CR LF as it writes.
+// The program's text file stream. The C runtime converts CR LF to LF when it reads and LF to CR LF
+// when it writes.
 #ifndef COMMON_FILE_STREAM_H_
 #define COMMON_FILE_STREAM_H_
 

@@ -18,6 +18,7 @@ bool CreateAndWriteFile(const std::string& path, const std::string& text) {
     ReportErrno("CreateAndWriteFile", path);
     return false;
   }
+  // Oddity: script on a full disk, see docs/oddities.md.
   return std::fwrite(text.data(), 1, text.size(), file.get()) >= text.size();
 }
 

@@ -1,4 +1,4 @@
-// One-shot file access.
+// Access to files and folders by one call each.
 #ifndef COMMON_FILES_H_
 #define COMMON_FILES_H_
 
@@ -6,15 +6,16 @@
 
 namespace common {
 
-// Whether something lies at `path`: the C runtime's existence test.
+// Returns true if a file or folder exists at `path`, by the existence test of the C runtime.
 bool Exists(const std::string& path);
 
-// Makes or truncates the text file at `path` and writes all of `text`. When it cannot be opened,
-// one line on standard output says why and the result is false. What the runtime has taken counts
-// as written: a disk that fills up when the file is closed goes unnoticed.
+// Creates or truncates the text file at `path` and writes `text`. If the file cannot be opened,
+// prints the reason on standard output and returns false. Returns true if the C runtime has
+// accepted all of `text`; an error when the file is closed is not detected.
 [[nodiscard]] bool CreateAndWriteFile(const std::string& path, const std::string& text);
 
-// Makes one level. When that fails, one line on standard output says why and the result is false.
+// Creates one folder, without its parents. On failure prints the reason on standard output and
+// returns false.
 [[nodiscard]] bool CreateDir(const std::string& path);
 
 }  // namespace common

@@ -17,7 +17,7 @@ std::string FormatCut(size_t max_length, const char* format, va_list arguments) 
 
 std::wstring FormatCut(size_t max_length, const wchar_t* format, va_list arguments) {
   std::array<wchar_t, kMessageUnits> buffer{};
-  // Unlike its narrow sibling, this call terminates nothing where it cuts; the zeroed buffer does.
+  // Unlike vsnprintf, _vsnwprintf does not terminate a truncated text; the zeroed buffer does.
   ::_vsnwprintf(buffer.data(), std::min(max_length, buffer.size() - 1), format, arguments);
   return buffer.data();
 }

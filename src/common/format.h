@@ -1,4 +1,4 @@
-// printf-style formatting into bounded text.
+// printf-style formatting into text of limited length.
 #ifndef COMMON_FORMAT_H_
 #define COMMON_FORMAT_H_
 
@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <string>
 
-// Lets the compiler check templates: `template_at` and `first` are the positions of the template
-// and of the first argument; a member's position 1 is `this`.
+// Lets the compiler check format strings: `template_at` and `first` are the positions of the format
+// string and of the first argument. Position 1 of a member function is `this`.
 #ifdef __clang__
 #define COMMON_PRINTF_FORMAT(template_at, first) [[gnu::format(printf, template_at, first)]]
 #else
@@ -16,17 +16,17 @@
 
 namespace common {
 
-// Messages are built in buffers of this many units, one of them for the terminator.
+// The size of message buffers in units, including the terminator.
 inline constexpr size_t kMessageUnits = 2048;
 
-// The text of `format` with its arguments, cut behind `max_length` units, which is less than
-// kMessageUnits. A "%s" of a wide template takes wide text.
+// Returns the formatted text, truncated after `max_length` units, which must be less than
+// kMessageUnits. "%s" in a wide format string expects wide text.
 COMMON_PRINTF_FORMAT(2, 0)
 std::string FormatCut(size_t max_length, const char* format, va_list arguments);
 std::wstring FormatCut(size_t max_length, const wchar_t* format, va_list arguments);
 
-// What printing `text` as a template without arguments gives: "%%" becomes "%", everything else
-// stands as it is, a lone "%" and whole conversions included.
+// Returns the text that results from printing `text` as a format string without arguments: "%%"
+// becomes "%"; everything else is unchanged, including a single "%" and complete conversions.
 std::string ExpandTemplate(const std::string& text);
 
 }  // namespace common

@@ -13,8 +13,9 @@ namespace common {
 
 std::string GetCurrentDir() {
   constexpr DWORD kSize = 256;
-  // PathRemoveFileSpec wants MAX_PATH characters; and Windows before Vista leaves a path that it
-  // cuts without a terminator.
+  // PathRemoveFileSpecA requires MAX_PATH characters, and Windows versions before Vista do not
+  // terminate a truncated path.
+  // Oddity: long program path, see docs/oddities.md.
   std::array<char, MAX_PATH + 1> path{};
   ::GetModuleFileNameA(nullptr, path.data(), kSize);
   if (!::PathRemoveFileSpecA(path.data())) {
@@ -33,7 +34,8 @@ std::string GetTempDir() {
     ReportLastError("GetTempDir", "", error);
     return {};
   }
-  // A length beyond the buffer is the room it would take; the buffer then holds nothing.
+  // A length greater than the buffer is the required size; the buffer is then empty.
+  // Oddity: long temporary folder, see docs/oddities.md.
   return length < path.size() ? path.data() : std::string();
 }
 

@@ -1,4 +1,4 @@
-// Where the program and the system keep things.
+// The folders of the program and of the system.
 #ifndef COMMON_LOCATIONS_H_
 #define COMMON_LOCATIONS_H_
 
@@ -6,16 +6,17 @@
 
 namespace common {
 
-// The folder of the running program's file, without a final backslash; empty, with one line on
-// standard output, when it has none. A program path of more than 255 characters is cut before its
-// last component is removed: the result is then a folder further up.
+// Returns the folder of the running program's file, without a final backslash. On failure prints
+// the reason on standard output and returns an empty text. A program path of more than 255
+// characters is truncated before its last component is removed; the result is then a wrong folder.
 std::string GetCurrentDir();
 
-// The user's temporary folder with its final backslash. Empty when it does not fit into 260 bytes,
-// and, with one line on standard output, when the system cannot tell.
+// Returns the user's temporary folder with its final backslash. Empty if the path does not fit into
+// 260 bytes. If the system call fails, prints the reason on standard output and returns an empty
+// text.
 std::string GetTempDir();
 
-// The lower-case letter of the drive that Windows runs from, 0 when the system cannot tell.
+// Returns the lower-case drive letter of the system drive, 0 on failure.
 int GetSystemDriveLetter();
 
 }  // namespace common

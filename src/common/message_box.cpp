@@ -5,6 +5,7 @@
 namespace common {
 
 int MessageBoxFormat(HWND owner, const std::string& caption, UINT type, const char* format, ...) {
+  // Oddity: message length, see docs/oddities.md.
   va_list arguments;
   va_start(arguments, format);
   const std::string text = FormatCut(2046, format, arguments);

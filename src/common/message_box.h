@@ -10,7 +10,8 @@
 
 namespace common {
 
-// MessageBoxA with at most 2,046 characters of formatted text; `owner` may be null. Its result.
+// Shows a message box with at most 2,046 characters of formatted text; `owner` may be null. Returns
+// the result of MessageBoxA.
 COMMON_PRINTF_FORMAT(4, 5)
 int MessageBoxFormat(HWND owner, const std::string& caption, UINT type, const char* format, ...);
 

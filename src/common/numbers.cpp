@@ -10,7 +10,7 @@ int ReadDecimal(std::string_view text) {
   const size_t first = text.find_first_not_of(" \t\n\v\f\r");
   if (first == std::string_view::npos) return 0;
   text.remove_prefix(first);
-  // from_chars takes a minus sign but no plus sign.
+  // from_chars accepts a minus sign but not a plus sign.
   if (text.front() == '+') {
     text.remove_prefix(1);
     if (!text.empty() && text.front() == '-') return 0;

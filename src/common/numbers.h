@@ -1,4 +1,4 @@
-// Reading of numbers as the C runtime reads them.
+// Conversion of text to numbers by the rules of the C runtime.
 #ifndef COMMON_NUMBERS_H_
 #define COMMON_NUMBERS_H_
 
@@ -6,12 +6,13 @@
 
 namespace common {
 
-// atoi: leading white space and one sign are allowed, reading stops at the first character that is
-// not a digit, and nothing to read gives 0. A number beyond int becomes the nearest int.
+// Converts like atoi: skips leading white space, accepts one sign, stops at the first character
+// that is not a digit. Returns 0 if there are no digits. A number outside the range of int becomes
+// the nearest int.
 int ReadDecimal(std::string_view text);
 
-// Whether `text` is exactly the decimal text of the number that it reads as: "40" is, "040", "1.5"
-// and "4O" are not.
+// Returns true if `text` equals the decimal text of the number that ReadDecimal returns for it:
+// true for "40"; false for "040", "1.5" and "4O".
 bool IsCanonicalDecimal(std::string_view text);
 
 }  // namespace common

@@ -1,4 +1,4 @@
-// Owners of what the platform hands out and wants back.
+// RAII owners for Win32 resources.
 #ifndef COMMON_OWNER_H_
 #define COMMON_OWNER_H_
 
@@ -9,8 +9,8 @@
 
 namespace common {
 
-// Owns one `Traits::Value` until it goes, is reset or released. Traits says which value is empty
-// and how another one is given back.
+// Owns one `Traits::Value` until it is destroyed, reset or released. Traits defines the empty value
+// and how to free any other one.
 template <typename Traits>
 class Unique {
  public:
@@ -28,7 +28,7 @@ class Unique {
   Value get() const { return value_; }
   explicit operator bool() const { return value_ != Traits::Empty(); }
 
-  // Gives the value up without giving it back.
+  // Returns the value and gives up ownership without freeing it.
   Value release() { return std::exchange(value_, Traits::Empty()); }
 
   void reset(Value value = Traits::Empty()) {
@@ -36,7 +36,7 @@ class Unique {
     if (old != Traits::Empty()) Traits::GiveBack(old);
   }
 
-  // Where a call stores what it hands out. Empties the owner first.
+  // Frees the value and returns the address at which a call can store a new one.
   Value* put() {
     reset();
     return &value_;
@@ -62,7 +62,7 @@ struct FileHandleTraits {
 };
 using UniqueFileHandle = Unique<FileHandleTraits>;
 
-// Memory that LocalFree gives back.
+// Memory that is freed with LocalFree.
 template <typename Pointee>
 struct LocalTraits {
   using Value = Pointee*;

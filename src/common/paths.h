@@ -1,4 +1,4 @@
-// Joining of paths. Only the backslash counts as a separator. Pure.
+// Joining of paths. Only the backslash is a separator. Pure.
 #ifndef COMMON_PATHS_H_
 #define COMMON_PATHS_H_
 
@@ -6,11 +6,11 @@
 
 namespace common {
 
-// `folder`, one backslash if it lacks one, and `name`. A leading backslash of `name` stays. Empty
-// when either is empty.
+// Returns `folder`, a backslash if it does not end with one, and `name`. A leading backslash of
+// `name` is kept. Empty if either argument is empty.
 std::string JoinPath(const std::string& folder, const std::string& name);
 
-// The same, ending with a backslash.
+// Like JoinPath, but the result ends with a backslash.
 std::string JoinDir(const std::string& folder, const std::string& name);
 
 }  // namespace common

@@ -24,8 +24,10 @@ int EnablePrivilege(const char* name) {
   if (!::OpenProcessToken(::GetCurrentProcess(), kAccess, token.put())) return -1;
   LUID luid{};
   if (!::LookupPrivilegeValueA(nullptr, name, &luid)) return -2;
+  // Oddity: privilege that is not held, see docs/oddities.md.
   if (!Adjust(token.get(), luid, SE_PRIVILEGE_ENABLED)) {
-    token.release();  // the handle stays open
+    // Oddity: handles left open, see docs/oddities.md.
+    token.release();
     return -3;
   }
   return 0;
@@ -34,7 +36,8 @@ int EnablePrivilege(const char* name) {
 bool SwitchPrivilege(const char* name, bool enabled) {
   UniqueHandle token;
   LUID luid{};
-  // The adjusting call succeeds when the token does not hold the privilege; its last error tells.
+  // AdjustTokenPrivileges succeeds even if the token does not hold the privilege; only the last
+  // error says so.
   return ::OpenProcessToken(::GetCurrentProcess(), kAccess, token.put()) &&
          ::LookupPrivilegeValueA(nullptr, name, &luid) &&
          Adjust(token.get(), luid, enabled ? SE_PRIVILEGE_ENABLED : 0) &&

@@ -4,15 +4,14 @@
 
 namespace common {
 
-// Enables a privilege such as "SeBackupPrivilege". 0 on success; -1 when the process's token cannot
-// be opened, -2 when the name is unknown, -3 when the token cannot be adjusted, in which case its
-// handle stays open. Success is the adjusting call's own: a privilege that the token does not hold
-// yields 0 too.
+// Enables a privilege such as "SeBackupPrivilege". Returns 0 on success; -1 if the token of the
+// process cannot be opened, -2 if the name is unknown, -3 if AdjustTokenPrivileges fails. Also
+// returns 0 if the token does not hold the privilege.
 // https://learn.microsoft.com/windows/win32/api/securitybaseapi/nf-securitybaseapi-adjusttokenprivileges
 [[nodiscard]] int EnablePrivilege(const char* name);
 
-// Enables a privilege, or disables it. False when that fails, or when the token does not hold the
-// privilege. Leaves no handle open.
+// Enables or disables a privilege. Returns false on failure, or if the token does not hold the
+// privilege.
 [[nodiscard]] bool SwitchPrivilege(const char* name, bool enabled);
 
 }  // namespace common

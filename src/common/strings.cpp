@@ -35,11 +35,13 @@ std::string TrimSpaces(std::string_view text) {
   return std::string(text.substr(first, last - first + 1));
 }
 
+// Oddity: trims that leave a text, see docs/oddities.md.
 std::string TrimLeft(std::string_view text, std::string_view set) {
   const size_t first = text.find_first_not_of(set);
   return std::string(first == std::string_view::npos ? text : text.substr(first));
 }
 
+// Oddity: trims that leave a text, see docs/oddities.md.
 std::string TrimRight(std::string_view text, std::string_view set) {
   const size_t last = text.find_last_not_of(set);
   return std::string(last == std::string_view::npos ? text : text.substr(0, last + 1));
@@ -62,7 +64,7 @@ std::string ToDecimal(uint32_t number) { return std::to_string(number); }
 std::string FormatFixed2(double number) {
   std::array<char, 64> buffer{};
   const std::string format = "%." + ToDecimal(2) + "lf";
-  // A number of 1e308 has 309 digits: the buffer's size bounds what is written.
+  // 1e308 has 309 digits; a text that does not fit into the buffer is truncated.
   std::snprintf(buffer.data(), buffer.size(), format.c_str(), number);
   return buffer.data();
 }

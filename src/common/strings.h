@@ -1,5 +1,5 @@
-// Text functions that the parsers, the backup-file readers and the logger rely on. Narrow text is
-// 8-bit text in the system's ANSI code page; no function looks beyond single bytes. All are pure.
+// Text functions for the parsers, the readers of the backup files and the logger. Narrow text is
+// ANSI text; all functions work on single bytes. All are pure.
 #ifndef COMMON_STRINGS_H_
 #define COMMON_STRINGS_H_
 
@@ -11,27 +11,27 @@
 namespace common {
 
 // Appends the pieces of `text` between occurrences of `separator` to `pieces`, which is not
-// cleared. A leading separator yields an empty first piece, two adjacent ones an empty piece
-// between them, a trailing one nothing; an empty text yields nothing. An empty separator never
-// matches: a text that is not empty is then one piece. `text` is not to be one of `pieces`.
+// cleared. A leading separator gives an empty first piece, two adjacent separators give an empty
+// piece between them, a trailing separator gives no further piece; an empty text gives no pieces.
+// An empty separator never matches. `text` must not refer to an element of `pieces`.
 void Split(std::string_view text, std::string_view separator, std::vector<std::string>& pieces);
 
-// Without blanks (0x20 only) at both ends.
+// Removes leading and trailing spaces (0x20 only).
 std::string TrimSpaces(std::string_view text);
 
-// Without the leading, or trailing, characters of `set`. A text made of such characters alone comes
-// back unchanged: unlike TrimSpaces, these two never empty a text.
+// Remove leading or trailing characters of `set`. If all characters of the text are in `set`, it is
+// returned unchanged: unlike TrimSpaces, these two never return an empty text for a nonempty one.
 std::string TrimLeft(std::string_view text, std::string_view set);
 std::string TrimRight(std::string_view text, std::string_view set);
 
-// Copies with the 26 ASCII letters mapped; all other bytes stay.
+// Convert the 26 ASCII letters; all other bytes are unchanged.
 std::string ToUpperAscii(std::string_view text);
 std::string ToLowerAscii(std::string_view text);
 
-// Decimal digits without sign, padding or separators.
+// Returns the decimal digits without sign, padding or separators.
 std::string ToDecimal(uint32_t number);
 
-// "%.2lf" of `number`, cut at 63 characters.
+// Formats `number` with "%.2lf", truncated after 63 characters.
 std::string FormatFixed2(double number);
 
 }  // namespace common

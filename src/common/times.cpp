@@ -16,9 +16,9 @@ tm LocalTime() {
   return local;
 }
 
-// The decimal digits of a number, filled up with zeros on the left. Every logged line asks for six
-// of them, and printf takes as long for those as all the rest of the line takes. A clock that the
-// runtime cannot convert has fields of -1, which come out as zeros.
+// Appends a number with leading zeros. Every log line needs six of them, and printf would take as
+// long for these as the rest of the line takes. If the runtime cannot convert the time, its fields
+// are -1, which are appended as zeros.
 void AppendPadded(std::string& text, int number, size_t width) {
   const std::string digits = ToDecimal(static_cast<uint32_t>(std::max(number, 0)));
   if (digits.size() < width) text.append(width - digits.size(), '0');
@@ -57,6 +57,7 @@ std::string GetTimeStamp() {
 int64_t GetSeconds() { return ::_time64(nullptr); }
 
 std::string FormatDuration(int32_t seconds) {
+  // Oddity: duration without minutes, see docs/oddities.md.
   if (seconds < 0) return {};
   auto remaining = static_cast<uint32_t>(seconds);
   std::string text;

@@ -7,17 +7,17 @@
 
 namespace common {
 
-// The local date as eight digits: 20240305.
+// Returns the local date as eight digits: 20240305.
 std::string GetDateString();
 
-// The local time as a log line begins: "[2024-03-05 08:07:06]".
+// Returns the time stamp of a log line in local time: "[2024-03-05 08:07:06]".
 std::string GetTimeStamp();
 
-// Whole seconds since 1970-01-01.
+// Returns the seconds since 1970-01-01 UTC.
 int64_t GetSeconds();
 
-// 3725 gives "1h2m5s". Minutes are left out when they are 0, even between hours and seconds
-// ("1h0s"); the seconds always stand. Empty for a negative duration.
+// Returns "1h2m5s" for 3725. Hours and minutes that are 0 are omitted ("1h0s"), seconds never are.
+// Empty for a negative duration.
 std::string FormatDuration(int32_t seconds);
 
 }  // namespace common

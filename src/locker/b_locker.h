@@ -1,4 +1,4 @@
-// The lock over a critical section.
+// The implementation of Locker with a critical section.
 #ifndef LOCKER_B_LOCKER_H_
 #define LOCKER_B_LOCKER_H_
 

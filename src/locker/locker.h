@@ -11,14 +11,14 @@ class Locker {
   Locker& operator=(const Locker&) = delete;
   virtual ~Locker() = default;
 
-  // Blocks until the calling thread owns the lock. It may own it several times over.
+  // Blocks until the calling thread owns the lock. The lock is recursive.
   virtual void Lock() = 0;
-  // False, at once, when another thread owns it.
+  // Returns false without waiting if another thread owns the lock.
   [[nodiscard]] virtual bool TryLock() = 0;
   virtual void Unlock() = 0;
 };
 
-// Owns the lock for as long as it lives.
+// Owns the lock from construction to destruction.
 class LockScope {
  public:
   explicit LockScope(Locker& locker) : locker_(locker) { locker_.Lock(); }

@@ -16,6 +16,7 @@
 namespace logger {
 namespace {
 
+// Oddity: message length, see docs/oddities.md.
 constexpr size_t kMaxMessage = 2046;
 
 const char* LevelName(LogLevel level) {
@@ -36,7 +37,7 @@ const char* LevelName(LogLevel level) {
   return "Unknown";
 }
 
-// "[2024-03-05 08:07:06] [Info]  ": texts of the usual levels begin in the same column.
+// "[2024-03-05 08:07:06] [Info]  ": messages of all levels start in the same column.
 std::string Prefix(LogLevel level) {
   const std::string_view name = LevelName(level);
   std::string prefix = common::GetTimeStamp();
@@ -76,7 +77,7 @@ BLogger::~BLogger() {
   file_.close();
 }
 
-// The 24 logging operations: name, template, level, copies.
+// The 24 logging operations: name, character type, level, copies.
 #define LOGGER_OPERATION(name, Character, level, copy)   \
   void BLogger::name(const Character* format, ...) {     \
     va_list arguments;                                   \
@@ -94,7 +95,8 @@ LOGGER_OPERATION(Fatal, char, kFatal, kFileOnly)
 
 LOGGER_OPERATION(DebugW, wchar_t, kDebug, kFileOnly)
 LOGGER_OPERATION(InfoW, wchar_t, kInfo, kFileOnly)
-LOGGER_OPERATION(DoneW, wchar_t, kDebug, kFileOnly)  // not kDone: see Logger
+// Oddity: wide Done operations, see docs/oddities.md.
+LOGGER_OPERATION(DoneW, wchar_t, kDebug, kFileOnly)
 LOGGER_OPERATION(WarnW, wchar_t, kWarn, kFileOnly)
 LOGGER_OPERATION(ErrorW, wchar_t, kError, kFileOnly)
 LOGGER_OPERATION(FatalW, wchar_t, kFatal, kFileOnly)
@@ -108,7 +110,8 @@ LOGGER_OPERATION(FatalOut, char, kFatal, kEverywhere)
 
 LOGGER_OPERATION(DebugOutW, wchar_t, kDebug, kEverywhere)
 LOGGER_OPERATION(InfoOutW, wchar_t, kInfo, kEverywhere)
-LOGGER_OPERATION(DoneOutW, wchar_t, kDebug, kEverywhere)  // not kDone: see Logger
+// Oddity: wide Done operations, see docs/oddities.md.
+LOGGER_OPERATION(DoneOutW, wchar_t, kDebug, kEverywhere)
 LOGGER_OPERATION(WarnOutW, wchar_t, kWarn, kEverywhere)
 LOGGER_OPERATION(ErrorOutW, wchar_t, kError, kEverywhere)
 LOGGER_OPERATION(FatalOutW, wchar_t, kFatal, kEverywhere)
@@ -120,6 +123,7 @@ std::string BLogger::GetLogDir() const {
 }
 
 std::string BLogger::GetLogFilePath() const {
+  // Oddity: log path after midnight, see docs/oddities.md.
   return common::JoinPath(GetLogDir(), name_ + "_" + common::GetDateString() + ".log");
 }
 
@@ -182,6 +186,7 @@ void BLogger::WriteLine(LogLevel level, const std::string& line, Copy copy) {
 }
 
 bool BLogger::OpenLogFile() {
+  // Oddity: log after a failed write, see docs/oddities.md.
   if (IsFileOpen()) return true;
   const std::string folder = GetLogDir();
   if (!common::Exists(folder) && !common::CreateDir(folder)) return false;

@@ -1,4 +1,4 @@
-// The logger: dated lines in Logs\<name>_YYYYMMDD.log.
+// The implementation of Logger: dated lines in Logs\<name>_YYYYMMDD.log.
 #ifndef LOGGER_B_LOGGER_H_
 #define LOGGER_B_LOGGER_H_
 
@@ -13,17 +13,16 @@
 
 namespace logger {
 
-// The file is opened with the first line that reaches it and keeps its name past midnight. Each
-// line is flushed, so what was logged survives a crash. Lines of two threads never mix in the file;
-// on the console they may.
+// The file is opened when the first line is logged and is not renamed at midnight. Each line is
+// flushed, so lines already logged survive a crash. Lines of two threads never interleave in the
+// file; on the console they can.
 //
-// A folder that cannot be made or a file that cannot be opened loses the line for the file and is
-// tried again with the next one. A write that fails closes the file to all later lines: the stream
-// keeps its bad file, and opening it again fails.
+// If the folder cannot be created or the file cannot be opened, the line is not written to the
+// file; the next line tries again. After a failed write, no further line is written to the file.
 class BLogger : public Logger {
  public:
-  // The log lies in the folder Logs below `folder`, or below the program's own folder when `folder`
-  // is empty. Only Logs itself is made, not what is above it.
+  // The log file is in the folder Logs in `folder`, or in the program's folder if `folder` is
+  // empty. Only Logs itself is created, not its parent folders.
   BLogger(std::string name, std::string folder);
   ~BLogger() override;
 
@@ -73,7 +72,7 @@ class BLogger : public Logger {
   bool Handles(LogLevel level) const;
   void LogLine(LogLevel level, Copy copy, const std::string& line);
   void WriteLine(LogLevel level, const std::string& line, Copy copy);
-  // For both, the lock is held.
+  // The caller of these two holds the lock.
   bool OpenLogFile();
   bool IsFileOpen() const;
 
@@ -83,7 +82,7 @@ class BLogger : public Logger {
   common::FileStream file_;
   std::atomic<bool> output_enabled_ = true;
   std::atomic<bool> enabled_ = true;
-  // Guards the file and the two texts below. Never taken twice by one thread.
+  // Protects the file and the two texts below. No thread locks it recursively.
   std::unique_ptr<locker::Locker> lock_;
   std::string last_error_line_;
   std::string extra_;

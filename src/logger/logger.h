@@ -1,4 +1,4 @@
-// The one logger of the program, as every stage sees it.
+// The interface of the program's logger.
 #ifndef LOGGER_LOGGER_H_
 #define LOGGER_LOGGER_H_
 
@@ -19,9 +19,8 @@ enum class LogLevel : int32_t {
   kDebug = 32,
 };
 
-// All operations may be called from any thread and never throw. Templates are printf's; a narrow
-// one and its arguments are in the ANSI code page. Of a longer message the first 2,046 units are
-// kept.
+// All operations may be called from any thread and never throw. Formats are printf format strings;
+// narrow ones and their arguments are ANSI text. A message is truncated after 2,046 units.
 class Logger {
  public:
   Logger() = default;
@@ -29,7 +28,7 @@ class Logger {
   Logger& operator=(const Logger&) = delete;
   virtual ~Logger() = default;
 
-  // To the file only.
+  // Narrow format strings, to the file only.
   COMMON_PRINTF_FORMAT(2, 3) virtual void Debug(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void Info(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void Done(const char* format, ...) = 0;
@@ -37,8 +36,7 @@ class Logger {
   COMMON_PRINTF_FORMAT(2, 3) virtual void Error(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void Fatal(const char* format, ...) = 0;
 
-  // Wide templates, to the file only. DoneW logs at Debug, as DebugW does: its lines carry
-  // "[Debug]".
+  // Wide format strings, to the file only. DoneW logs at Debug, with the tag "[Debug]".
   virtual void DebugW(const wchar_t* format, ...) = 0;
   virtual void InfoW(const wchar_t* format, ...) = 0;
   virtual void DoneW(const wchar_t* format, ...) = 0;
@@ -46,7 +44,7 @@ class Logger {
   virtual void ErrorW(const wchar_t* format, ...) = 0;
   virtual void FatalW(const wchar_t* format, ...) = 0;
 
-  // To the file, the console and the debugger.
+  // Narrow format strings, to the file, the console and the debugger.
   COMMON_PRINTF_FORMAT(2, 3) virtual void DebugOut(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void InfoOut(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void DoneOut(const char* format, ...) = 0;
@@ -54,7 +52,7 @@ class Logger {
   COMMON_PRINTF_FORMAT(2, 3) virtual void ErrorOut(const char* format, ...) = 0;
   COMMON_PRINTF_FORMAT(2, 3) virtual void FatalOut(const char* format, ...) = 0;
 
-  // Wide templates, to the file, the console and the debugger. DoneOutW logs at Debug too.
+  // Wide format strings, to the file, the console and the debugger. DoneOutW logs at Debug.
   virtual void DebugOutW(const wchar_t* format, ...) = 0;
   virtual void InfoOutW(const wchar_t* format, ...) = 0;
   virtual void DoneOutW(const wchar_t* format, ...) = 0;
@@ -62,23 +60,23 @@ class Logger {
   virtual void ErrorOutW(const wchar_t* format, ...) = 0;
   virtual void FatalOutW(const wchar_t* format, ...) = 0;
 
-  // The folder of the log file, with a final backslash; empty when the program's is not known.
+  // The folder of the log file, with a final backslash; empty if the program's folder is unknown.
   virtual std::string GetLogDir() const = 0;
-  // The path that the log file of today has.
+  // The path of a log file opened today.
   virtual std::string GetLogFilePath() const = 0;
 
-  // Whether the console and the debugger get their copies.
+  // Enables or disables the copies to the console and the debugger.
   virtual void SetOutputEnabled(bool enabled) = 0;
   virtual bool IsOutputEnabled() const = 0;
 
-  // Whether anything is logged at all.
+  // Enables or disables logging.
   virtual void SetEnabled(bool enabled) = 0;
   virtual bool IsEnabled() const = 0;
 
-  // The last line logged at Error, without its line end.
+  // The last line logged at Error, without its line end; empty if there is none.
   virtual std::string GetLastErrorLine() const = 0;
 
-  // A text that the logger keeps for its users.
+  // A text that callers can store in the logger. The logger does not use it.
   virtual std::string GetExtra() const = 0;
   virtual void SetExtra(const std::string& extra) = 0;
 };

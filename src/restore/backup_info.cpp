@@ -16,6 +16,7 @@ bool ReadBackupInfoLine(logger::Logger& logger, char drive_letter, int line_numb
                         std::string& line) {
   const std::string root = std::string(1, drive_letter) + ":\\";
   const std::string path = common::JoinPath(root, "vantoro_prepare\\backup_info");
+  // Oddity: missing backup_info, see docs/oddities.md.
   if (::PathFileExistsA(path.c_str()) != TRUE) {
     logger.Warn("ReadBackupInfoLine Backup Info File doesn't Exist.");
     return true;
@@ -28,8 +29,9 @@ bool ReadBackupInfoLine(logger::Logger& logger, char drive_letter, int line_numb
     return false;
   }
 
-  // A line that is too long puts the stream into its failed state. Each later read then leaves the
-  // buffer empty, and the count goes on.
+  // After a line that is too long the stream is in its failed state: each later read leaves the
+  // buffer empty and is counted.
+  // Oddity: lines of backup_info, see docs/oddities.md.
   std::array<char, 512> buffer{};
   int remaining = line_number;
   while (remaining >= 0 && !file.eof()) {
@@ -51,7 +53,8 @@ bool ReadBackupInfo(logger::Logger& logger, char drive_letter, char& source_lett
   std::string line;
   if (!ReadBackupInfoLine(logger, drive_letter, 0, line)) return false;
   line = common::ToLowerAscii(line);
-  // "a" and "b" are refused: the run visits volumes from c: upward.
+  // Oddity: lines of backup_info, see docs/oddities.md.
+  // Oddity: drives A and B, see docs/oddities.md.
   const char first = line.empty() ? '\0' : line.front();
   if (first < 'c' || first > 'z') {
     logger.Error("ReadBackupInfo Wrong Content: %s", line.c_str());

@@ -18,12 +18,13 @@ bool HasExtraLoaders(const BCDBootInfo& info) {
                      [&info](const std::string& loader) { return loader != info.DefaultId; });
 }
 
-// The boot manager's own locale against the one found among the entries.
+// Returns true if the boot manager's locale differs from the one to rebuild with.
 bool NeedsLocale(const BCDBootInfo& info, const std::string& default_locale) {
+  // Oddity: last locale wins, see docs/oddities.md.
   return info.Locale != default_locale && info.RawLocale != info.Locale;
 }
 
-// False at the first one that cannot be deleted.
+// Returns false at the first boot entry that cannot be deleted.
 bool DeleteExtraLoaders(WinUtil& tools, const BCDBootInfo& info) {
   return std::all_of(info.DisplayOrder.begin(), info.DisplayOrder.end(),
                      [&](const std::string& loader) {
@@ -51,6 +52,7 @@ bool RestoreBCDBoot(logger::Logger& logger) {
     static_cast<void>(tools.ImportBCDBoot(backup));
     return false;
   }
+  // Oddity: failed rebuild, see docs/oddities.md.
   if (needs_locale) static_cast<void>(tools.RemakeBCDBoot(info.Locale));
   return true;
 }

@@ -13,21 +13,21 @@ namespace {
 using common::win::DiskpartInfo;
 using common::win::WinUtil;
 
-// A disk whose letter must change.
+// A disk whose drive letter must change.
 struct PendingDisk {
   DiskpartInfo disk;
   char source_letter;
-  bool removed;  // its present letter was taken away
+  bool removed;  // its current drive letter was removed
 
   bool NeedsLetter() const { return removed && source_letter != disk.Letter; }
 };
 
 uint32_t NumberOf(const DiskpartInfo& disk) { return static_cast<uint32_t>(disk.DiskNumber); }
 
-// A disk of more than 2,048 GB is a GPT disk, whose first partition is a reserved one.
+// Oddity: second partition, see docs/oddities.md.
 bool UsesSecondPartition(const DiskpartInfo& disk) { return disk.SizeGB > 2048; }
 
-// Any free letter, which becomes the disk's.
+// Assigns any free drive letter and stores it in `disk`.
 bool AssignFreeLetter(logger::Logger& logger, WinUtil& tools, DiskpartInfo& disk) {
   disk.Letter = 0;
   if (tools.AssignDiskLetter(NumberOf(disk), UsesSecondPartition(disk), disk.Letter)) return true;
@@ -48,6 +48,7 @@ bool AssignSourceLetter(logger::Logger& logger, WinUtil& tools, const PendingDis
   const DiskpartInfo& disk = pending.disk;
   char letter = pending.source_letter;
   if (tools.AssignDiskLetter(NumberOf(disk), UsesSecondPartition(disk), letter)) {
+    // Oddity: wording of messages, see docs/oddities.md.
     logger.InfoOut("RestoreDisks Assign Disk %d Letter[%c] Successfully!", disk.DiskNumber,
                    pending.source_letter);
     return true;
@@ -69,7 +70,8 @@ bool RestoreDisks(logger::Logger& logger) {
   }
   const int system_letter = common::GetSystemDriveLetter();
 
-  // Every wrong letter goes before any recorded one is given, so that volumes may trade theirs.
+  // All wrong drive letters are removed before any recorded one is assigned, so that volumes can
+  // exchange their letters.
   bool result = true;
   std::vector<PendingDisk> with_source;
   std::vector<PendingDisk> without_source;
@@ -79,12 +81,13 @@ bool RestoreDisks(logger::Logger& logger) {
       logger.InfoOut("RestoreDisks Assign Disk %d Random Letter Successfully!", disk.DiskNumber);
     }
     char source_letter = 0;
+    // Oddity: disk without backup_info, see docs/oddities.md.
     if (!ReadBackupInfo(logger, disk.Letter, source_letter)) return false;
     if (disk.Letter == source_letter || disk.Letter == system_letter) continue;
 
     const bool removed = RemoveLetter(logger, tools, disk);
     if (!removed) result = false;
-    // Backup information without a letter is refused above: the second list stays empty.
+    // Oddity: disks without a source letter, see docs/oddities.md.
     (source_letter != 0 ? with_source : without_source)
         .push_back(PendingDisk{disk, source_letter, removed});
   }

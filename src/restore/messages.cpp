@@ -11,7 +11,7 @@ namespace {
 
 std::atomic<HWND> the_dialog = nullptr;
 
-// The object is the dialog's once it is posted.
+// When the message has been posted, the dialog owns the object.
 template <typename Posted>
 void Post(HWND dialog, RestoreProgress kind, std::unique_ptr<Posted> object) {
   if (::PostMessageA(dialog, WM_RESTORE_PROGRESS, static_cast<WPARAM>(kind),
@@ -33,6 +33,7 @@ void ReportProgress(double percent) {
        std::make_unique<ProgressRecord>(ProgressRecord{"", percent}));
 }
 
+// Oddity: empty log box, see docs/oddities.md.
 void PostLogLine(const char* format, ...) {
   const HWND dialog = GetDialog();
   if (dialog == nullptr) return;

@@ -1,5 +1,5 @@
-// What the restore run tells the progress dialog: posted window messages and the helpers that post
-// them. Posting never blocks and never waits for the dialog.
+// The window messages that the restore run posts to the progress dialog, and the functions that
+// post them. Posting never blocks and never waits for the dialog.
 #ifndef RESTORE_MESSAGES_H_
 #define RESTORE_MESSAGES_H_
 
@@ -12,8 +12,7 @@
 
 namespace restore {
 
-// WPARAM is a RestoreProgress; LPARAM is the heap object that it names, which becomes the
-// receiver's.
+// WPARAM is a RestoreProgress; LPARAM is the heap object of that kind, which the receiver owns.
 inline constexpr UINT WM_RESTORE_PROGRESS = WM_USER + 101;
 enum class RestoreProgress : WPARAM {
   kLogLine = 0,  // LogLine*
@@ -29,27 +28,27 @@ enum class RestoreState : WPARAM {
 
 struct ProgressRecord {
   std::string stage;  // empty when ReportProgress posts it
-  double percent;     // 0.0 to 100.0 in normal use; may be more, infinite or no number
+  double percent;     // 0.0 to 100.0 in normal use; may be greater, infinity or NaN
 };
 
-// Narrow text in the ANSI code page, always terminated.
+// ANSI text, always zero-terminated.
 struct LogLine {
   char text[2048];
 };
 
-// Names the window that the helpers below post to. Called once, before the run starts; until then
-// they do nothing.
+// Sets the window that the functions below post to. Called once, before the run starts; until then
+// these functions do nothing.
 void SetDialog(HWND dialog);
 HWND GetDialog();
 
-// Any thread. A record that cannot be posted is freed.
+// Posts the progress. Any thread. A record that cannot be posted is freed.
 void ReportProgress(double percent);
 
 // Any thread. Posts the first 2,047 characters of the formatted text.
 COMMON_PRINTF_FORMAT(1, 2)
 void PostLogLine(const char* format, ...);
 
-// Frees what a WM_RESTORE_PROGRESS carried. Called by the receiver, once it has shown it.
+// Frees the object of a WM_RESTORE_PROGRESS message. Called by the receiver when it has shown it.
 void ReleasePosted(WPARAM wparam, LPARAM lparam);
 
 }  // namespace restore

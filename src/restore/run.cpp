@@ -32,10 +32,11 @@ void PostState(HWND dialog, RestoreState state, LPARAM result) {
   ::PostMessageW(dialog, WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
 }
 
-// Every fixed volume from c: upward, in the order of letters.
+// Returns the roots of all fixed volumes from c: upward, in the order of their drive letters.
 std::vector<std::string> FixedVolumes() {
   std::vector<std::string> roots;
-  // The bound lies one behind 'z'; a root "{:\" never exists.
+  // Oddity: one past z, see docs/oddities.md.
+  // Oddity: drives A and B, see docs/oddities.md.
   for (char letter = 'c'; letter <= 'z' + 1; ++letter) {
     const std::string root = std::string(1, letter) + ":\\";
     if (common::Exists(root) && ::GetDriveTypeA(root.c_str()) == DRIVE_FIXED) {
@@ -45,13 +46,14 @@ std::vector<std::string> FixedVolumes() {
   return roots;
 }
 
-// False when the link is there and cannot be deleted.
+// Returns false if the shortcut exists and cannot be deleted.
 bool DeleteLink(const std::string& path) {
   return ::PathFileExistsA(path.c_str()) != TRUE || ::DeleteFileA(path.c_str());
 }
 
-// Deletes the link that started this tool and its twin in the program's folder. Both stay when the
-// start-up folder is not known.
+// Deletes the shortcut that started this tool and the one of the same name in the program's folder.
+// Both remain if the start-up folder is unknown.
+// Oddity: shortcuts after a failure, see docs/oddities.md.
 void DeleteStartupLinks(logger::Logger& logger) {
   std::array<char, MAX_PATH> folder{};
   if (!::SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_COMMON_STARTUP, TRUE)) return;
@@ -63,7 +65,7 @@ void DeleteStartupLinks(logger::Logger& logger) {
   const std::string real_startup_link =
       common::JoinPath(common::GetCurrentDir(), common::kLinkName);
   if (!DeleteLink(real_startup_link)) {
-    // This line names the link in the start-up folder, not the one that could not be deleted.
+    // Oddity: second link's message, see docs/oddities.md.
     logger.InfoOut("Delete Real Startup Link [%s] Failed.", startup_link.c_str());
   }
 }
@@ -101,6 +103,7 @@ int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& vol
     return 1;
   }
 
+  // Oddity: stages outside the result, see docs/oddities.md.
   logger.InfoOut("Restore BCD Begin...");
   if (RestoreBCDBoot(logger)) {
     logger.InfoOut("Restore BCD Done!");
@@ -117,8 +120,10 @@ int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& vol
 
   const std::vector<std::string> roots =
       volume_root.empty() ? FixedVolumes() : std::vector<std::string>{volume_root};
+  // Oddity: line ends in messages, see docs/oddities.md.
   logger.InfoOut("Vantoro Restore Begin...\n");
   RestoreTotals totals{static_cast<int32_t>(roots.size()), 0};
+  // Oddity: run without volumes, see docs/oddities.md.
   const double share = 100.0 / totals.total;
   double progress = 0.0;
   for (const std::string& root : roots) {
@@ -128,6 +133,7 @@ int32_t RestoreWorker(logger::Logger& logger, HWND owner, const std::string& vol
 
   DeleteStartupLinks(logger);
 
+  // Oddity: wording of messages, see docs/oddities.md.
   logger.InfoOut("Vantoro Restore Finish, Total %d disks, Finish %d, Error %d!", totals.total,
                  totals.Finished(), totals.errors);
   return totals.total < 1 || totals.errors != 0 ? 1 : 0;

@@ -1,5 +1,5 @@
-// The stages of the restore run. Each runs on the restore worker's thread, logs what it does and
-// carries on past what it can.
+// The stages of the restore run. Each runs on the restore worker's thread, logs its steps, and
+// continues after a failure where it can.
 #ifndef RESTORE_STAGES_H_
 #define RESTORE_STAGES_H_
 
@@ -7,17 +7,17 @@
 
 namespace restore {
 
-// Deletes the boot loaders that the boot manager offers besides its default one, and makes the boot
-// files anew when the last locale among the entries that is not English is not the boot manager's.
-// What is changed is first
-// exported to the file BCD_BAK in the program's folder, where it stays. A deletion that fails
-// brings the export back and ends the stage: false, as when the store cannot be read, is not
-// consistent or cannot be exported. A rebuild that fails is logged and does not count.
+// Deletes the boot entries that the boot manager displays besides its default entry, and rebuilds
+// the boot files if the last listed locale other than the default "en-us" is not the boot
+// manager's: en-GB, for example, leads to a rebuild. Before a change, exports the BCD store to the
+// file BCD_BAK in the program's folder, where it remains. If a deletion fails, imports the export
+// and returns false. Also returns false if the store cannot be read, is inconsistent or cannot be
+// exported. A failed rebuild is logged and does not change the result.
 [[nodiscard]] bool RestoreBCDBoot(logger::Logger& logger);
 
-// Gives every data volume the drive letter back that it had on the source server, as its backup
-// information names it. True when every step succeeded. Nothing is undone on failure; a letter that
-// another volume rightly holds is never taken away, its claimant gets a free one.
+// Assigns every data volume the drive letter that it had on the source server, according to its
+// backup information. Returns true if every step succeeded. Nothing is undone on failure. A drive
+// letter that is correct is never removed: another volume that claims it gets a free one.
 [[nodiscard]] bool RestoreDisks(logger::Logger& logger);
 
 }  // namespace restore

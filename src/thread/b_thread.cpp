@@ -14,7 +14,7 @@ bool BThread::Start(Function function, void* argument) {
   handle_ = nullptr;
 
   auto block = std::make_unique<StartBlock>(StartBlock{function, argument, state_});
-  // The block is the new thread's; it stays allocated when there is none.
+  // Oddity: handles left open, see docs/oddities.md.
   handle_ = ::CreateThread(nullptr, 0, &BThread::Run, block.release(), 0, nullptr);
   if (handle_ == nullptr) return false;
 
@@ -25,7 +25,8 @@ bool BThread::Start(Function function, void* argument) {
 bool BThread::IsStarted() const { return state_->started; }
 
 bool BThread::IsFinished(uint32_t* exit_code) const {
-  // The flag first: a thread that ends in between must not show as finished with no exit code.
+  // Read before the exit code: if the thread ends between the two reads, it must not be reported as
+  // finished without its exit code.
   const bool finished = state_->finished;
   if (exit_code != nullptr) *exit_code = state_->exit_code;
   return finished;

@@ -1,4 +1,4 @@
-// The thread over CreateThread.
+// The implementation of Thread with CreateThread.
 #ifndef THREAD_B_THREAD_H_
 #define THREAD_B_THREAD_H_
 
@@ -12,10 +12,10 @@
 
 namespace thread {
 
-// Neither waits for its thread nor closes its handle when it goes: the program holds one such
-// object for its whole life. The flags and the exit code are read by any thread while the new one
-// writes them; whoever sees it finished sees its exit code. They live as long as the thread or the
-// object needs them, so an object that goes too early does no harm.
+// The destructor neither waits for the thread nor closes its handle. The flags and the exit code
+// may be read by any thread while the new thread writes them; if IsFinished returns true, the exit
+// code is valid. They exist until both the thread and the object have ended, so the object may be
+// destroyed while the thread runs.
 class BThread : public Thread {
  public:
   [[nodiscard]] bool Start(Function function, void* argument) override;
@@ -26,6 +26,7 @@ class BThread : public Thread {
   struct State {
     std::atomic<bool> started = false;
     std::atomic<bool> finished = false;
+    // Oddity: code 0xFFFFFFFF, see docs/oddities.md.
     std::atomic<uint32_t> exit_code = 0xFFFFFFFF;
   };
   struct StartBlock;

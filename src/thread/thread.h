@@ -1,4 +1,4 @@
-// One function on a thread of its own.
+// Runs one function on a new thread.
 #ifndef THREAD_THREAD_H_
 #define THREAD_THREAD_H_
 
@@ -8,7 +8,7 @@ namespace thread {
 
 class Thread {
  public:
-  // Takes one pointer-sized argument; its result is the exit code.
+  // Takes one pointer-sized argument and returns the exit code.
   using Function = uint32_t (*)(void* argument);
 
   Thread() = default;
@@ -16,11 +16,12 @@ class Thread {
   Thread& operator=(const Thread&) = delete;
   virtual ~Thread() = default;
 
-  // Returns once the new thread has begun; false when it cannot be made. May be called again once
-  // IsFinished is true.
+  // Returns true when the new thread has started, false if it cannot be created. May be called
+  // again after IsFinished has returned true.
   [[nodiscard]] virtual bool Start(Function function, void* argument) = 0;
   virtual bool IsStarted() const = 0;
-  // Stores the function's result in `exit_code`, which may be null; 0xFFFFFFFF until it is there.
+  // Returns true if the function has returned. Stores its result in `exit_code`, which may be null,
+  // or 0xFFFFFFFF while the function runs.
   virtual bool IsFinished(uint32_t* exit_code) const = 0;
 };
 

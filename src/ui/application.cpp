@@ -12,11 +12,11 @@
 namespace ui {
 namespace {
 
-// Of this thread: the worker's boxes have captions in the system's language.
+// Oddity: language of the worker's message boxes, see docs/oddities.md.
 void ChooseLanguage() {
   const LANGID language = ResourceLanguage(::GetSystemDefaultLangID());
   OSVERSIONINFOEXW version{};
-  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);  // what stands behind is not needed
+  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);  // the extended fields are not needed
   if (!::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version))) {
     ShowMessage(nullptr, MB_ICONERROR, "Get OS Version Failed, Can't Load Language Resources.");
   } else if (HasThreadUILanguage(version.dwPlatformId, version.dwMajorVersion)) {
@@ -27,8 +27,9 @@ void ChooseLanguage() {
 }
 
 void InitializeControls() {
-  // Makes sure that the window library is there before the controls.
+  // Loads the window library before the common controls.
   ::DefWindowProcW(nullptr, 0, 0, 0);
+  // Oddity: control classes, see docs/oddities.md.
   INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES | ICC_COOL_CLASSES};
   ::InitCommonControlsEx(&classes);
 }
@@ -38,6 +39,7 @@ void InitializeControls() {
 int RunApplication(HINSTANCE instance, int show_command) {
   SetResourceModule(instance);
   ChooseLanguage();
+  // Oddity: unused architecture, see docs/oddities.md.
   bool is_x64 = false;
   if (!common::IsNativeX64(is_x64)) {
     ShowMessage(nullptr, MB_ICONERROR, "Get Architecture Failed.");
@@ -51,7 +53,7 @@ int RunApplication(HINSTANCE instance, int show_command) {
   module.AddMessageLoop(&loop);
 
   MainWindow window(module);
-  // Without a window the program still waits, for somebody to end it.
+  // Oddity: missing window, see docs/oddities.md.
   if (!window.Create()) ShowMessage(nullptr, MB_ICONERROR, "Create Main Window Failed.");
   ::ShowWindow(window.window(), show_command);
   loop.Run();
@@ -60,6 +62,7 @@ int RunApplication(HINSTANCE instance, int show_command) {
   module.RemoveMessageLoop();
   module.Term();
   ::CoUninitialize();
+  // Oddity: exit code, see docs/oddities.md.
   ::ExitProcess(0);
 }
 

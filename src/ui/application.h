@@ -1,4 +1,4 @@
-// The program from its start to its end.
+// The program's entry: start-up, message loop, shutdown.
 #ifndef UI_APPLICATION_H_
 #define UI_APPLICATION_H_
 
@@ -6,9 +6,10 @@
 
 namespace ui {
 
-// Shows the progress dialog, which starts the restore run, and ends the process once the dialog has
-// come to its end: with exit code 0 whatever became of the run, and wherever its thread is. Returns
-// only, 1, when the machine's architecture cannot be told.
+// Shows the progress dialog, which starts the restore run. When the message loop has ended, ends
+// the process with exit code 0, whatever the result of the run and even if its thread is still
+// running. Returns only if the processor architecture cannot be determined; the return value is
+// then 1.
 int RunApplication(HINSTANCE instance, int show_command);
 
 }  // namespace ui

@@ -1,4 +1,4 @@
-// What the program's windows share: the module of their resources and their message loop.
+// The state that the program's windows share: their resource module and their message loop.
 #ifndef UI_APPLICATION_MODULE_H_
 #define UI_APPLICATION_MODULE_H_
 
@@ -8,16 +8,16 @@
 
 namespace ui {
 
-// Empty before Init and after Term. One thread, that of the windows.
+// Empty before Init and after Term. Used on the thread of the windows only.
 class ApplicationModule {
  public:
-  // `resources` is the module that dialogs and icons come from.
+  // `resources` is the module that dialogs and icons are loaded from.
   void Init(HINSTANCE resources) { resources_ = resources; }
   void Term() { *this = ApplicationModule(); }
 
   HINSTANCE resources() const { return resources_; }
 
-  // The thread's message loop, not owned; null when there is none.
+  // The thread's message loop, not owned; null if there is none.
   void AddMessageLoop(MessageLoop* loop) { message_loop_ = loop; }
   void RemoveMessageLoop() { message_loop_ = nullptr; }
   MessageLoop* message_loop() const { return message_loop_; }

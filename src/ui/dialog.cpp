@@ -7,7 +7,7 @@ bool Dialog::Create(HINSTANCE module, int template_id, HWND parent) {
                               reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
-// WM_INITDIALOG brings the object, which the window keeps.
+// LPARAM of WM_INITDIALOG is the object; the window stores it.
 INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   Dialog* dialog = nullptr;
   if (message == WM_INITDIALOG) {

@@ -1,4 +1,4 @@
-// Modeless dialogs made from templates.
+// Modeless dialogs created from templates.
 #ifndef UI_DIALOG_H_
 #define UI_DIALOG_H_
 
@@ -6,27 +6,27 @@
 
 namespace ui {
 
-// Everything happens on the thread that creates the dialog. The object must outlive the window.
+// All members are called on the thread that creates the dialog. The object must outlive the window.
 class Dialog {
  public:
   Dialog() = default;
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  // What the dialog procedure returns: FALSE leaves the message to the system. The window is known
-  // from WM_INITDIALOG on; the few messages before it do not come here.
+  // Returns the result of the dialog procedure: FALSE leaves the message to the system. Called from
+  // WM_INITDIALOG on, when window() is set; the system handles the few messages before it.
   // https://learn.microsoft.com/windows/win32/api/winuser/nc-winuser-dlgproc
   virtual INT_PTR HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) = 0;
 
   virtual ~Dialog() = default;
 
-  // The window is gone, and no message will follow.
+  // Called when the window has been destroyed; no message follows.
   virtual void OnFinalMessage() {}
 
-  // False when there is no such template or the window cannot be made.
+  // Returns false if there is no such template or the window cannot be created.
   [[nodiscard]] bool Create(HINSTANCE module, int template_id, HWND parent);
 
-  // Null when there is no window.
+  // Null if there is no window.
   HWND window() const { return window_; }
 
  private:

@@ -28,7 +28,7 @@ HICON LoadNumberedIcon(HINSTANCE module, int number) {
   return ::LoadIconW(module, MAKEINTRESOURCEW(number));
 }
 
-// In the middle of the parent, which is the desktop when it has none.
+// Centers a window on its parent, or on the work area of the desktop if it has none.
 void Center(HWND window) {
   RECT area{};
   RECT own{};
@@ -45,7 +45,8 @@ INT_PTR BrushResult(int stock_object) {
   return reinterpret_cast<INT_PTR>(::GetStockObject(stock_object));
 }
 
-// Colours of the note. Every other control keeps its own: 0.
+// Sets the colours of the note. Returns 0, which keeps the default colours, for every other
+// control.
 INT_PTR ColorStatic(HDC context, HWND control) {
   constexpr COLORREF kBlue = RGB(0, 0, 255);
   if (::GetDlgCtrlID(control) != IDC_NOTE) return 0;
@@ -54,7 +55,7 @@ INT_PTR ColorStatic(HDC context, HWND control) {
   return BrushResult(NULL_BRUSH);
 }
 
-// The log box is read-only and so asks as a static control does: these colours never show.
+// Oddity: empty log box, see docs/oddities.md.
 INT_PTR ColorEdit(HDC context, HWND control) {
   if (::GetDlgCtrlID(control) != IDC_LOG) return 0;
   ::SetBkColor(context, RGB(255, 255, 255));
@@ -106,6 +107,7 @@ void MainWindow::OnInitDialog() {
   note_ = ::GetDlgItem(window(), IDC_NOTE);
   ::SendMessageW(progress_bar_, PBM_SETRANGE, 0, MAKELPARAM(0, kFullBar));
   StartRestore();
+  // Oddity: stage in the title, see docs/oddities.md.
   SetProgress("RestoreDisks", 0.0);
 }
 
@@ -117,7 +119,7 @@ void MainWindow::StartRestore() {
   thread_ = std::make_unique<thread::BThread>();
   auto start = std::make_unique<restore::RunStart>(restore::RunStart{window(), logger_.get()});
   if (thread_->Start(&restore::RestoreThreadProc, start.get())) {
-    static_cast<void>(start.release());  // the thread's now
+    static_cast<void>(start.release());  // owned by the thread
   } else {
     logger_->Error("Vantoro Restore Thread Start Failed.");
     ::PostMessageW(window(), restore::WM_RESTORE_STATE,
@@ -159,7 +161,7 @@ void MainWindow::OnProgress(WPARAM kind, LPARAM posted) {
     AppendToLog(reinterpret_cast<const restore::LogLine*>(posted)->text);
   }
   if (kind == static_cast<WPARAM>(restore::RestoreProgress::kPercent)) {
-    // The record's own stage is not shown.
+    // Oddity: stage in the title, see docs/oddities.md.
     SetProgress(ProcessState::Instance().ProgressStage(),
                 reinterpret_cast<const restore::ProgressRecord*>(posted)->percent);
   }
@@ -167,7 +169,7 @@ void MainWindow::OnProgress(WPARAM kind, LPARAM posted) {
 }
 
 void MainWindow::OnCancel() {
-  // Asked whether the run still lasts or not.
+  // Oddity: cancel at any time, see docs/oddities.md.
   if (ShowMessage(window(), MB_OKCANCEL, "%s", LoadResString(IDS_CONFIRM_CANCEL).c_str()) == IDOK) {
     ::PostQuitMessage(0);
   }
@@ -179,7 +181,6 @@ void MainWindow::OnTimer(WPARAM timer) {
     UpdateTitle();
   }
   if (timer == kIconTimer) {
-    // The last of the icons is never shown.
     const int32_t icon = NextIcon(ProcessState::Instance().icon_index());
     ShowIcon(turning_icons_.at(static_cast<size_t>(icon)));
   }
@@ -187,6 +188,7 @@ void MainWindow::OnTimer(WPARAM timer) {
 
 void MainWindow::OnDestroy() {
   StopTimers();
+  // Oddity: closed child handles, see docs/oddities.md.
   common::win::ChildProcessList::Instance().ForEach(
       [](HANDLE child) { ::TerminateProcess(child, 1); });
 }

@@ -18,12 +18,12 @@
 
 namespace ui {
 
-// The progress dialog. It starts the restore run when it is created, shows what the run posts
-// (restore/messages.h), and at the end tells of the failure or offers a restart and ends the
-// thread's message loop. The object must live until the run has ended, or the process.
+// The progress dialog. It starts the restore run when it is created and shows the messages that the
+// run posts (restore/messages.h). At the end of the run it shows the failure or offers a restart,
+// and ends the thread's message loop. The object must exist until the run or the process has ended.
 class MainWindow : public Dialog {
  public:
-  // `module` outlives the window.
+  // `module` must outlive the window.
   explicit MainWindow(ApplicationModule& module) : module_(module) {}
   ~MainWindow() override = default;
 
@@ -33,8 +33,8 @@ class MainWindow : public Dialog {
 
  private:
   void OnInitDialog();
-  // Opens the log and starts the run on its worker thread. A thread that cannot be made is logged
-  // and shows as a run that has failed.
+  // Opens the log and starts the run on its worker thread. If the thread cannot be created, logs
+  // the failure and posts the end of a failed run.
   void StartRestore();
   void OnRunStarted();
   void OnRunEnded(LPARAM run_result);
@@ -57,8 +57,8 @@ class MainWindow : public Dialog {
   std::unique_ptr<logger::Logger> logger_;
   std::unique_ptr<thread::Thread> thread_;
   int32_t is_running_ = 0;  // 1 between the run's start and its end
-  std::string title_;       // without the time
-  int32_t seconds_ = 0;     // ticks of the clock timer since the run's start
+  std::string title_;       // without the elapsed time
+  int32_t seconds_ = 0;     // ticks of the clock timer since the start of the run
 
   ApplicationModule& module_;
   std::array<HICON, IDI_TURNING_7 - IDI_TURNING_1 + 1> turning_icons_{};

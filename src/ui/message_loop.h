@@ -6,13 +6,13 @@
 
 namespace ui {
 
-// One thread.
+// Used on one thread only.
 class MessageLoop {
  public:
-  // The dialog whose keys are handled: Tab, Enter, Escape. Null for none.
+  // Sets the dialog whose keys (Tab, Enter, Esc) are handled; null for none.
   void SetDialog(HWND dialog) { dialog_ = dialog; }
 
-  // Takes and dispatches messages until WM_QUIT, whose code it returns.
+  // Dispatches messages until WM_QUIT and returns its exit code.
   int Run();
 
  private:

@@ -1,4 +1,4 @@
-// What the dialog remembers for the life of the process.
+// The dialog's state that is kept until the process ends.
 #ifndef UI_PROCESS_STATE_H_
 #define UI_PROCESS_STATE_H_
 
@@ -15,17 +15,17 @@ class ProcessState {
  public:
   static ProcessState& Instance();
 
-  // The stage that progress reports show, string table entry 117. Loaded at the first call, in the
-  // language of its thread. Any thread.
+  // The stage shown with progress reports, string table entry 117. Loaded by the first call, in the
+  // language of the calling thread. Any thread.
   std::string ProgressStage();
 
-  // Whether the task bar shows progress: from Windows 7 on. Asked once. Any thread.
+  // Returns true if the taskbar shows progress: Windows 7 and later. Queried once. Any thread.
   bool HasTaskBarProgress();
 
-  // The icon to show next. The dialog's thread.
+  // The index of the icon to show next. The dialog's thread only.
   int32_t& icon_index() { return icon_index_; }
 
-  // As in a process that has just started. For tests.
+  // Resets the state to that of a new process. For tests.
   void Forget();
 
  private:

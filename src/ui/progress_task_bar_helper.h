@@ -1,4 +1,4 @@
-// Progress on the window's button in the task bar.
+// Progress on the window's taskbar button.
 #ifndef UI_PROGRESS_TASK_BAR_HELPER_H_
 #define UI_PROGRESS_TASK_BAR_HELPER_H_
 
@@ -11,7 +11,7 @@
 
 namespace ui {
 
-// The dialog's thread, on which COM is initialised.
+// Used on the dialog's thread, on which COM is initialized.
 // https://learn.microsoft.com/windows/win32/api/shobjidl_core/nn-shobjidl_core-itaskbarlist3
 class ProgressTaskBarHelper {
  public:
@@ -20,7 +20,8 @@ class ProgressTaskBarHelper {
   ProgressTaskBarHelper& operator=(const ProgressTaskBarHelper&) = delete;
   virtual ~ProgressTaskBarHelper();
 
-  // False where the task bar shows no progress. Without it the others do nothing.
+  // Returns false if the taskbar does not show progress. Until it has returned true, the other
+  // functions do nothing.
   [[nodiscard]] bool Initialize();
 
   void SetState(TBPFLAG state);

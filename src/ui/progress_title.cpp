@@ -10,7 +10,7 @@
 namespace ui {
 namespace {
 
-// 0 for what is no number.
+// Returns 0 for NaN.
 template <typename Integer>
 Integer Truncated(double number) {
   constexpr Integer kLeast = std::numeric_limits<Integer>::min();
@@ -38,6 +38,7 @@ int32_t BarPosition(double percent) { return Truncated<int32_t>(percent); }
 uint64_t TaskBarValue(double percent) { return Truncated<uint64_t>(percent); }
 
 int32_t NextIcon(int32_t& index) {
+  // Oddity: seventh icon, see docs/oddities.md.
   constexpr int32_t kIcons = 6;
   const int32_t icon = index;
   index = index + 1 >= kIcons ? 0 : index + 1;

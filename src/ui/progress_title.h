@@ -1,4 +1,4 @@
-// What the dialog makes of progress: texts for its title, positions for its bars, icons. Pure.
+// The presentation of progress: title texts, bar positions, icons. Pure.
 #ifndef UI_PROGRESS_TITLE_H_
 #define UI_PROGRESS_TITLE_H_
 
@@ -7,25 +7,26 @@
 
 namespace ui {
 
-// "37.50%". Any number at all may come in: what the format gives for it stands, "inf%" or "-nan%",
-// of a huge one its first 63 characters.
+// "37.50%". Accepts every value: infinity and NaN give the text of the C runtime, such as "inf%" or
+// "-nan%"; a longer number is truncated after 63 characters.
 std::string PercentText(double percent);
 
-// "Vantoro Restore Tool 1.1.0.1 - Progress 37.50%", from the tool's title in its language.
+// "Vantoro Restore Tool 1.1.0.1 - Progress 37.50%". `tool_title` is the title in the dialog's
+// language.
 std::string ProgressTitle(const std::string& tool_title, const std::string& stage, double percent);
 
-// The title with the time since the run's start behind it: "  Time: 1m5s".
+// The title followed by the elapsed time: "  Time: 1m5s".
 std::string TitleWithTime(const std::string& title, int32_t seconds);
 
-// The percent truncated toward zero. What no integer can hold becomes the nearest one, and 0 is
-// what is no number. The bar itself stops at its ends.
+// The percent truncated toward zero. A value outside the range of the type becomes the nearest
+// limit, NaN becomes 0. The progress bar limits the position to its own range.
 int32_t BarPosition(double percent);
 
-// As BarPosition, for the task bar, whose values have no sign.
+// Like BarPosition, for the taskbar, whose values are unsigned.
 uint64_t TaskBarValue(double percent);
 
-// The icons that turn while the run lasts: six of them, in a circle. Gives the number of the one to
-// show, counted from 0, and moves `index`, which starts at kFirstIcon, to the next.
+// The animation of six icons that is shown during the run. Returns the zero-based number of the
+// icon to show and advances `index`, which starts at kFirstIcon.
 inline constexpr int32_t kFirstIcon = 3;
 int32_t NextIcon(int32_t& index);
 

@@ -1,4 +1,4 @@
-// Numbers of the program's resources.
+// Identifiers of the program's resources.
 #ifndef UI_RESOURCE_H_
 #define UI_RESOURCE_H_
 

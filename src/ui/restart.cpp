@@ -9,7 +9,8 @@
 namespace ui {
 namespace {
 
-// Whether the privilege was switched: the last error tells of one that the token does not hold.
+// Returns true if the privilege was adjusted. If the token does not hold it, only the last error
+// says so.
 bool Adjust(HANDLE token, TOKEN_PRIVILEGES& privileges, DWORD attributes) {
   privileges.Privileges[0].Attributes = attributes;
   ::AdjustTokenPrivileges(token, FALSE, &privileges, 0, nullptr, nullptr);
@@ -20,7 +21,8 @@ bool Adjust(HANDLE token, TOKEN_PRIVILEGES& privileges, DWORD attributes) {
 
 bool Restart(const wchar_t* message) {
   constexpr DWORD kSeconds = 30;
-  HANDLE token = nullptr;  // stays open: the process ends moments later
+  // Oddity: handles left open, see docs/oddities.md.
+  HANDLE token = nullptr;
   if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &token)) {
     return false;
   }
@@ -28,7 +30,7 @@ bool Restart(const wchar_t* message) {
   privileges.PrivilegeCount = 1;
   ::LookupPrivilegeValueW(nullptr, L"SeShutdownPrivilege", &privileges.Privileges[0].Luid);
   if (!Adjust(token, privileges, SE_PRIVILEGE_ENABLED)) return false;
-  // The system wants the text writable.
+  // InitiateSystemShutdownW requires a writable text.
   std::wstring text = message;
   if (!::InitiateSystemShutdownW(nullptr, text.data(), kSeconds, FALSE, TRUE)) return false;
   Adjust(token, privileges, 0);
@@ -42,6 +44,7 @@ void OfferRestart(HWND owner) {
   }
   std::array<wchar_t, 256> message{};
   LoadResStringW().copy(message.data(), message.size() - 1);
+  // Oddity: silent restart failure, see docs/oddities.md.
   static_cast<void>(Restart(message.data()));
 }
 

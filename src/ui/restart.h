@@ -6,13 +6,14 @@
 
 namespace ui {
 
-// Asks the system to restart this machine in 30 seconds, forcing no application to close, and shows
-// `message` to who is logged on. True when the restart is scheduled. Silent on failure; the token
-// it opens stays open on every path.
+// Requests a restart of the local computer in 30 seconds, without forcing applications to close,
+// and shows `message` to users who are logged on. Returns true if the restart has been scheduled;
+// otherwise returns false without logging.
 // https://learn.microsoft.com/windows/win32/api/winreg/nf-winreg-initiatesystemshutdownw
 [[nodiscard]] bool Restart(const wchar_t* message);
 
-// Asks the user, in a box owned by `owner`, whether to restart, and does it on consent.
+// Asks in a message box owned by `owner` whether to restart, and requests the restart if the user
+// clicks OK.
 void OfferRestart(HWND owner);
 
 }  // namespace ui

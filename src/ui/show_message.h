@@ -1,4 +1,4 @@
-// Message boxes under the tool's title, and the string table they and the dialog take texts from.
+// Message boxes with the tool's title as caption, and access to the string table.
 #ifndef UI_SHOW_MESSAGE_H_
 #define UI_SHOW_MESSAGE_H_
 
@@ -10,17 +10,19 @@
 
 namespace ui {
 
-// The module whose resources the texts come from; until it is set, the program's own file.
+// Sets the module that texts are loaded from. Until then they are loaded from the program's file.
 void SetResourceModule(HINSTANCE module);
 
-// A string table entry in the calling thread's language, at most 511 bytes; empty when it cannot be
-// loaded.
+// Returns a string table entry in the calling thread's language, at most 511 bytes; empty if it
+// cannot be loaded.
 std::string LoadResString(UINT id);
 
-// The notice of the restart, entry 116, at most 511 characters: the wide form knows no other entry.
+// Returns string table entry 116, the restart notice, at most 511 characters; empty if it cannot be
+// loaded. The wide form loads no other entry.
 std::wstring LoadResStringW();
 
-// Shows at most 2,047 characters of formatted text; `owner` may be null. MessageBoxA's result.
+// Shows at most 2,047 characters of formatted text; `owner` may be null. Returns the result of
+// MessageBoxA.
 COMMON_PRINTF_FORMAT(3, 4)
 int ShowMessage(HWND owner, UINT style, const char* format, ...);
 

@@ -1,4 +1,4 @@
-// What a call tells when it fails.
+// The error codes of failed calls.
 #ifndef TESTS_SUPPORT_ANSWERS_H_
 #define TESTS_SUPPORT_ANSWERS_H_
 
@@ -8,17 +8,18 @@
 
 namespace tests {
 
-// The last error before a call that is looked at: no code of Windows.
+// The last error before a tested call. It is not an error code of Windows.
 inline constexpr DWORD kNobodysError = 0x2BADF00D;
 
-// Runs a Win32 call: the last error when its answer is zero or null, else ERROR_SUCCESS.
+// Calls a Win32 function. Returns the last error if the result is zero or null; otherwise returns
+// ERROR_SUCCESS.
 template <typename Call>
 DWORD ErrorOf(Call call) {
   ::SetLastError(kNobodysError);
   return call() ? ERROR_SUCCESS : ::GetLastError();
 }
 
-// Runs a call of the C runtime: errno when its answer is -1, else 0.
+// Calls a function of the C runtime. Returns errno if the result is -1; otherwise returns 0.
 template <typename Call>
 int ErrnoOf(Call call) {
   errno = 0;

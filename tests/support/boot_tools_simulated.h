@@ -1,4 +1,4 @@
-// bcdedit and bcdboot whose answers a test writes down.
+// bcdedit and bcdboot with results that a test specifies.
 #ifndef TESTS_SUPPORT_BOOT_TOOLS_SIMULATED_H_
 #define TESTS_SUPPORT_BOOT_TOOLS_SIMULATED_H_
 
@@ -11,7 +11,8 @@
 
 namespace tests {
 
-// Both are installed and end well; the listing is that of a server with nothing to repair.
+// Both tools are installed and succeed by default. The listing is that of a server with nothing to
+// repair.
 class BootTools {
  public:
   explicit BootTools(simulator::Server& server);
@@ -19,7 +20,7 @@ class BootTools {
   BootTools(const BootTools&) = delete;
   BootTools& operator=(const BootTools&) = delete;
 
-  // Before the tools run.
+  // Call these before the tools run.
   void List(const std::string& listing) { (*replies_)["bcdedit"] = {0, listing}; }
   void Fail(const std::string& command_line, DWORD exit_code, const std::string& output = "") {
     (*replies_)[command_line] = {exit_code, output};

@@ -1,4 +1,4 @@
-// Where the program leaves memory allocated on purpose, a leak checker looks away.
+// Suppresses leak reports where the program intentionally does not free memory.
 #ifndef TESTS_SUPPORT_DELIBERATE_LEAK_H_
 #define TESTS_SUPPORT_DELIBERATE_LEAK_H_
 
@@ -8,7 +8,7 @@
 
 namespace tests {
 
-// What the calling thread allocates while this lives is not reported as leaked.
+// Memory that the calling thread allocates while this object exists is not reported as leaked.
 class DeliberateLeak {
  public:
 #ifdef VANTORO_CHECKS_ADDRESSES

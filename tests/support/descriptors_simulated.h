@@ -10,10 +10,11 @@ class Server;
 
 namespace tests {
 
-// Owner, group and both lists of what is at that path; "none" if nothing is there.
+// Returns the owner, group and both lists of the file or folder as text, or "none" if it does not
+// exist.
 std::string SddlOf(simulator::Server& server, const std::string& path);
 
-// Sets the descriptor of what is at that path, whatever the rights.
+// Sets the descriptor of the file or folder without an access check.
 void Secure(simulator::Server& server, const std::string& path, const std::string& sddl);
 
 }  // namespace tests

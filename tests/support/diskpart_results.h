@@ -1,4 +1,4 @@
-// What the parsers of diskpart's output give, in a form that tests can compare and print.
+// The results of the parsers of diskpart's output, in a form that tests can compare and print.
 #ifndef TESTS_SUPPORT_DISKPART_RESULTS_H_
 #define TESTS_SUPPORT_DISKPART_RESULTS_H_
 
@@ -40,7 +40,7 @@ inline constexpr Detail kNothing{0, false};
 inline constexpr Detail kLetterless{0, true};
 
 inline Detail ParsedDetail(const std::string& text) {
-  Detail detail{'?', true};  // both are set whatever comes in
+  Detail detail{'?', true};  // the parser sets both for every input
   common::win::ParseDiskDetail(text, detail.letter, detail.has_volume);
   return detail;
 }

@@ -1,4 +1,4 @@
-// A drive whose backup information a test may write.
+// A drive on which a test may write backup information.
 #ifndef TESTS_SUPPORT_DRIVE_H_
 #define TESTS_SUPPORT_DRIVE_H_
 
@@ -6,9 +6,10 @@
 
 namespace tests {
 
-// Natively a fresh volume of the standing server. On Windows the system's own drive: Wine gives a
-// folder no letter that its file calls find. There a folder "vantoro_prepare" that is there already
-// is left alone and fails the test; the test's own is removed behind it.
+// In native builds, the drive is a new volume of the existing server. On Windows, it is the
+// system's own drive, because Wine cannot assign a folder a letter that its file functions find. An
+// existing folder "vantoro_prepare" on that drive is not changed and fails the test. The test's own
+// folder is removed after the test.
 class Drive {
  public:
   Drive();

@@ -1,4 +1,4 @@
-// The one deadline of tests that wait for another process or for a window.
+// The common time limit of tests that wait for another process or for a window.
 #ifndef TESTS_SUPPORT_HANG_H_
 #define TESTS_SUPPORT_HANG_H_
 
@@ -6,8 +6,8 @@
 
 namespace tests {
 
-// Ends a test that hangs, and decides nothing else: what is waited for takes a busy machine
-// seconds.
+// The limit only ends a test that hangs. The awaited event occurs within seconds even on a busy
+// machine.
 inline constexpr DWORD kHangMilliseconds = 10 * 60 * 1000;
 
 }  // namespace tests

@@ -1,5 +1,5 @@
-// What a test that runs on both hosts needs of the host. Natively each test stands on a bare
-// simulated server of its own; on Windows on the real thing.
+// The host of a test that runs on both hosts. In native builds each test has a bare simulated
+// server of its own; on Windows it uses the real system.
 #ifndef TESTS_SUPPORT_HOST_H_
 #define TESTS_SUPPORT_HOST_H_
 
@@ -20,14 +20,15 @@ class HostTest : public testing::Test {
   // The module that holds the program's resources.
   static HINSTANCE Program();
 
-  // A fresh, empty folder on the host's disk, without a final backslash. Gone after the test.
+  // Returns a new, empty folder on the host's disk, without a trailing backslash. It is removed
+  // after the test.
   const std::string& Folder() const { return folder_; }
-  // `name` in that folder.
+  // Returns the path of `name` in that folder.
   std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
 
-  // Bytes as they lie on the disk.
+  // Write and read unchanged bytes.
   static void WriteBytes(const std::string& path, const std::string& bytes);
-  static std::string ReadBytes(const std::string& path);  // empty when it is not there
+  static std::string ReadBytes(const std::string& path);  // empty if it does not exist
   static void MakeFolder(const std::string& path);
   static bool Exists(const std::string& path);
 

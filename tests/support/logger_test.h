@@ -1,4 +1,4 @@
-// A logger in a folder of the test's own, on both hosts.
+// A logger in the test's own folder, on both hosts.
 #ifndef TESTS_SUPPORT_LOGGER_TEST_H_
 #define TESTS_SUPPORT_LOGGER_TEST_H_
 

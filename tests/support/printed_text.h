@@ -1,4 +1,4 @@
-// What the program prints on standard output, on both hosts.
+// The text that the program prints to standard output, on both hosts.
 #ifndef TESTS_SUPPORT_PRINTED_TEXT_H_
 #define TESTS_SUPPORT_PRINTED_TEXT_H_
 
@@ -7,7 +7,8 @@
 
 namespace tests {
 
-// Collects from its making on; one at a time. On Windows standard output is no console meanwhile.
+// Collects text from construction on. Only one may exist at a time. On Windows, standard output is
+// not a console during this time.
 class PrintedText {
  public:
   PrintedText();
@@ -15,8 +16,8 @@ class PrintedText {
   PrintedText(const PrintedText&) = delete;
   PrintedText& operator=(const PrintedText&) = delete;
 
-  // The text as the program printed it, without the runtime's translation of line ends. Ends the
-  // collecting.
+  // Returns the text as the program printed it, without the runtime's translation of line ends.
+  // Ends the collection.
   std::string Take();
 
  private:

@@ -1,5 +1,5 @@
-// The whole program on a simulated desktop: runs from its entry point to its exit, with somebody
-// before the screen.
+// The whole program on a simulated desktop, from its entry point to its exit, with a simulated
+// user.
 #ifndef TESTS_SUPPORT_PROGRAM_SIMULATED_H_
 #define TESTS_SUPPORT_PROGRAM_SIMULATED_H_
 
@@ -28,7 +28,7 @@ struct TaskbarProgress;
 
 namespace tests {
 
-// A server with nothing to restore, on which a run succeeds at once.
+// Uses a server with nothing to restore, on which a run succeeds at once.
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest();
@@ -37,16 +37,18 @@ class ProgramTest : public testing::Test {
     ForgetProcess();
   }
 
-  // A tool does not end by itself, so that the run lasts; RunWith waits until the run is there.
+  // Makes a tool wait until it is terminated, so that the run continues. RunWith waits until the
+  // run has reached this tool.
   void HoldTheRun(const std::string& tool = "bcdedit");
 
-  // Runs the program. Its exit code.
+  // Runs the program and returns its exit code.
   int Run() {
     return server_.own_process().Run(
         [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
   }
 
-  // Runs it with `user` before the screen once it shows its dialog and has come to rest.
+  // Runs the program and returns its exit code. Calls `user` on another thread once the program
+  // shows its dialog and the dialog is idle.
   int RunWith(const std::function<void(HWND dialog)>& user) {
     std::thread person([&] {
       const HWND dialog = server_.dialogs().WaitForDialog();
@@ -59,12 +61,12 @@ class ProgramTest : public testing::Test {
     return exit_code;
   }
 
-  // Until everything posted so far has been handled.
+  // Waits until all messages posted so far have been handled.
   void Rest(HWND dialog) { server_.dialogs().WaitUntilIdle(dialog); }
 
   void Cancel(HWND dialog) { server_.dialogs().Click(dialog, IDCANCEL); }
 
-  // Posts as the run does, and waits until it has been handled.
+  // Posts a message as the run does, and waits until it has been handled.
   void Post(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
   void PostState(HWND dialog, restore::RestoreState state, LPARAM result = 0) {
     Post(dialog, restore::WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
@@ -84,7 +86,7 @@ class ProgramTest : public testing::Test {
          reinterpret_cast<LPARAM>(line.release()));
   }
 
-  // The dialog as it is, or was last.
+  // Returns the dialog in its current or last state.
   simulator::ShownDialog Dialog() const;
   simulator::TaskbarProgress TaskBar() const;
 

@@ -1,4 +1,4 @@
-// A dialog that keeps the progress it is told.
+// A dialog that records the progress messages that it receives.
 #ifndef TESTS_SUPPORT_PROGRESS_SIMULATED_H_
 #define TESTS_SUPPORT_PROGRESS_SIMULATED_H_
 
@@ -13,7 +13,7 @@ class Server;
 
 namespace tests {
 
-// The dialog of the run as long as it stands.
+// Is the dialog of the run while it exists.
 class ProgressDialog {
  public:
   explicit ProgressDialog(simulator::Server& server);
@@ -21,7 +21,7 @@ class ProgressDialog {
   ProgressDialog(const ProgressDialog&) = delete;
   ProgressDialog& operator=(const ProgressDialog&) = delete;
 
-  // The percents told since the last time.
+  // Returns the percentages received since the last call.
   std::vector<double> Take();
 
  private:

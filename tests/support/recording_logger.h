@@ -1,4 +1,4 @@
-// A logger that keeps what it is told, for whole comparisons.
+// A logger that records its messages, so that tests can compare all of them.
 #ifndef TESTS_SUPPORT_RECORDING_LOGGER_H_
 #define TESTS_SUPPORT_RECORDING_LOGGER_H_
 
@@ -10,11 +10,11 @@
 
 namespace tests {
 
-// Each entry is the operation's name, a colon, a blank and the message: "WarnOut: no disk".
+// Each entry is the operation's name, a colon, a space and the message: "WarnOut: no disk".
 class RecordingLogger : public logger::Logger {
  public:
   std::vector<std::string> Lines() const;
-  // Without the lines of Debug, which tell of every command.
+  // Returns the lines without those of Debug, which are logged for every command.
   std::vector<std::string> LinesAboveDebug() const;
 
   void Debug(const char* format, ...) override;

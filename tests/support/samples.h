@@ -1,4 +1,4 @@
-// Captured output of the system's tools, from the tests' data folder. Both hosts.
+// Captured output of the system's tools, from the tests' data folder. For both hosts.
 #ifndef TESTS_SUPPORT_SAMPLES_H_
 #define TESTS_SUPPORT_SAMPLES_H_
 
@@ -11,7 +11,7 @@
 
 namespace tests {
 
-// A sample as the tool printed it: its lines, stored with LF, end with CR LF.
+// Returns a sample as the tool printed it. The lines are stored with LF and returned with CR LF.
 inline std::string ReadToolSample(const std::string& folder, const std::string& name) {
   const std::string path = TEST_DATA_DIR "/" + folder + name;
   std::ifstream file(path, std::ios_base::binary);

@@ -19,8 +19,8 @@
 
 namespace tests {
 
-// The backup file C:\acl.dat and the objects that its lines name, in a process whose privileges
-// have not been touched yet.
+// Uses the ACL backup file C:\acl.dat and the objects that its lines name, in a process whose
+// privileges have not been changed yet.
 class AclEngineTest : public testing::Test {
  protected:
   using Lines = std::vector<std::string>;
@@ -47,7 +47,7 @@ class AclEngineTest : public testing::Test {
   }
   int32_t Restore(const std::string& content) { return Restore(content, Options()); }
 
-  // The report is that of the last run.
+  // Report() is that of the last run.
   int32_t RestoreFile(const std::string& file, const Options& options) {
     acl::ACLUtil engine;
     engine.SetInputFile(file);
@@ -63,7 +63,7 @@ class AclEngineTest : public testing::Test {
     return engine.RestoreFromFile(options.restore_attributes, options.total_entries, options.range);
   }
 
-  // Without the line ends, which are all CR LF.
+  // Returns the lines without their line ends, all of which are CR LF.
   Lines Report() {
     const std::string text = server_.files().Read("C:\\report.txt").value_or("");
     Lines lines;

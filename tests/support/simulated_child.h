@@ -1,4 +1,4 @@
-// Child programs of the simulated server, started as the program under test starts them.
+// Child programs of the simulated server, started in the same way as by the program under test.
 #ifndef TESTS_SUPPORT_SIMULATED_CHILD_H_
 #define TESTS_SUPPORT_SIMULATED_CHILD_H_
 
@@ -12,7 +12,7 @@
 
 namespace tests {
 
-// Runs a command line to its end.
+// Runs a command line, waits for its end and returns the result.
 inline simulator::ToolResult RunChild(std::string command_line) {
   SECURITY_ATTRIBUTES attributes{sizeof attributes, nullptr, TRUE};
   HANDLE read_end = nullptr;

@@ -1,4 +1,4 @@
-// A tool that runs in place of the system's, for tests of command execution.
+// A tool that replaces the system's, for tests of command execution.
 #ifndef TESTS_SUPPORT_SIMULATED_COMMAND_H_
 #define TESTS_SUPPORT_SIMULATED_COMMAND_H_
 
@@ -34,7 +34,7 @@ class SimulatedCommandTest : public testing::Test {
     return tools_.ExecCommandWithResults("", command_line, output_);
   }
 
-  // A tool that writes `output` in one piece and ends with `exit_code`.
+  // Installs a tool that writes `output` in one piece and ends with `exit_code`.
   void Install(const std::string& output, DWORD exit_code = 0) {
     server_.processes().Install("tool", [=](simulator::Server&, simulator::ChildProcess& child) {
       child.WriteOutput(output);

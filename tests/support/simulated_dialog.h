@@ -1,4 +1,4 @@
-// A dialog with one control of each kind, whose procedure keeps what it is told.
+// A dialog with one control of each kind, whose procedure records the messages that it receives.
 #ifndef TESTS_SUPPORT_SIMULATED_DIALOG_H_
 #define TESTS_SUPPORT_SIMULATED_DIALOG_H_
 
@@ -53,7 +53,7 @@ inline simulator::DialogTemplate SampleTemplate(const char* caption) {
   return dialog;
 }
 
-// The desktop has the template under kDialogId.
+// The desktop has the template as resource kDialogId.
 class DialogTest : public testing::Test {
  protected:
   DialogTest() {
@@ -66,7 +66,7 @@ class DialogTest : public testing::Test {
     return ::CreateDialogParamW(nullptr, MAKEINTRESOURCEW(kDialogId), nullptr, &Procedure,
                                 parameter);
   }
-  // Made, shown and painted; what it was told until then is forgotten.
+  // Creates, shows and paints the dialog, then clears the recorded messages.
   HWND MakeAndShow() {
     const HWND dialog = Make();
     ::ShowWindow(dialog, SW_SHOWNORMAL);
@@ -78,7 +78,7 @@ class DialogTest : public testing::Test {
 
   simulator::Dialogs& dialogs() { return server_.dialogs(); }
   simulator::ShownDialog Shown() { return dialogs().All().at(0); }
-  // What was told of that message.
+  // Returns the recorded messages of that kind.
   std::vector<Told> ToldOf(UINT message) const {
     std::vector<Told> found;
     for (const Told& told : told_) {
@@ -99,7 +99,7 @@ class DialogTest : public testing::Test {
 
   simulator::Server server_;
   std::vector<Told> told_;
-  std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)> answer_;  // FALSE to everything without one
+  std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)> answer_;  // without one, always FALSE
 
  private:
   static inline DialogTest* current = nullptr;

@@ -1,4 +1,4 @@
-// A disk tool whose answers a test writes down, and its output by the line.
+// A disk tool with replies that a test specifies, and lines of its output.
 #ifndef TESTS_SUPPORT_SIMULATED_DISKPART_H_
 #define TESTS_SUPPORT_SIMULATED_DISKPART_H_
 
@@ -24,14 +24,14 @@ inline std::string DiskLine(int disk, const std::string& size) {
          "      0 B         \r\n";
 }
 
-// "  Volume 1     C   Data         NTFS   Partition     39 GB  Healthy            \r\n"; a blank
-// for no letter.
+// "  Volume 1     C   Data         NTFS   Partition     39 GB  Healthy            \r\n"; a
+// space in place of the letter if the volume has none.
 inline std::string VolumeLine(char letter, const std::string& size) {
   return std::string("  Volume 1     ") + letter + "   Data         NTFS   Partition     " + size +
          "  Healthy            \r\n";
 }
 
-// The commands of a script as the tool sees them: "sel disk 1/detail disk".
+// Returns the commands of a script as the tool reads them: "sel disk 1/detail disk".
 inline std::string CommandsOf(const std::string& script) {
   std::string commands;
   for (const char c : script) {
@@ -42,10 +42,10 @@ inline std::string CommandsOf(const std::string& script) {
   return commands;
 }
 
-// Installed as "diskpart" for as long as it lives.
+// Is installed as "diskpart" until destroyed.
 class ScriptedDiskpart {
  public:
-  // `answer` is asked with the commands of each script, on the tool's thread.
+  // `answer` is called with the commands of each script, on the tool's thread.
   using Answer = std::function<DiskpartReply(const std::string& commands)>;
 
   ScriptedDiskpart(simulator::Server& server, Answer answer)
@@ -70,7 +70,7 @@ class ScriptedDiskpart {
   ScriptedDiskpart(const ScriptedDiskpart&) = delete;
   ScriptedDiskpart& operator=(const ScriptedDiskpart&) = delete;
 
-  // Of every script so far.
+  // Returns the commands of every script so far.
   std::vector<std::string> Commands() const {
     const std::lock_guard lock(mutex_);
     return commands_;

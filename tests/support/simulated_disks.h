@@ -18,18 +18,18 @@ namespace tests {
 inline constexpr uint64_t kMB = uint64_t{1} << 20;
 inline constexpr uint64_t kGB = uint64_t{1} << 30;
 
-// What the disk tool prints before the output of any command.
+// Returns the text that the disk tool prints before the output of any command.
 inline std::string DiskpartBannerOf(simulator::Server& server) {
   return simulator::RunDiskpartScript("", server).output;
 }
 
-// What it prints behind that.
+// Returns the text that the disk tool prints after that.
 inline std::string DiskpartOutput(std::string_view script, simulator::Server& server) {
   return simulator::RunDiskpartScript(script, server)
       .output.substr(DiskpartBannerOf(server).size());
 }
 
-// The server's own volume for the letter C, else a new one.
+// Returns the server's own volume for the letter C; otherwise returns a new volume.
 inline std::shared_ptr<simulator::Volume> MakeVolume(simulator::Server& server,
                                                      const std::string& label,
                                                      std::optional<char> letter) {
@@ -40,7 +40,7 @@ inline std::shared_ptr<simulator::Volume> MakeVolume(simulator::Server& server,
   return volume;
 }
 
-// Disk 0 with Windows as C, disk 1 with a volume as E and a partition that shows none.
+// Adds disk 0 with Windows as C, and disk 1 with a volume as E and a partition without a volume.
 inline void AddTwoDisks(simulator::Server& server) {
   simulator::Disk system;
   system.size = 127 * kGB;

@@ -11,14 +11,13 @@
 
 namespace tests {
 
-// Also keeps how far the server's trace was with each line. The one thread that logs makes the
-// calls.
+// Also records the number of calls before each line. Only one thread may log and make calls.
 class EventLogger : public RecordingLogger {
  public:
   explicit EventLogger(simulator::Server& server) : server_(server) {}
 
-  // Each log line as RecordingLogger has it, each call as "CloseHandle". Calls that only serve to
-  // release or to tell texts of errors are left out.
+  // Returns each log line as RecordingLogger does and each call by its name: "CloseHandle". Calls
+  // that only obtain and release texts of errors are left out.
   std::vector<std::string> Events() const {
     std::vector<std::string> events;
     const std::vector<simulator::TracedCall> trace = server_.calls().Trace();

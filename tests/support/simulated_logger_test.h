@@ -14,11 +14,11 @@
 
 namespace tests {
 
-// How every line begins while nobody moves the clock.
+// The beginning of every line while the clock is not changed.
 inline constexpr char kStamp[] = "[2024-03-05 08:07:06] ";
 inline constexpr char kLogs[] = "C:\\vantoro_restore\\Logs";
 inline constexpr char kLog[] = "C:\\vantoro_restore\\Logs\\vantoro_restore_20240305.log";
-// A program folder with percent signs, and Chinese.
+// A program folder with percent signs and Chinese characters.
 inline constexpr char kOddFolder[] = "C:\\100%% %s%n%1$s \xE8\xBF\x81\xE7\xA7\xBB";
 
 class SimulatedLoggerTest : public testing::Test {
@@ -27,7 +27,7 @@ class SimulatedLoggerTest : public testing::Test {
 
   static std::string Line(const std::string& rest) { return kStamp + rest + "\r\n"; }
 
-  // "?" when the file is not there.
+  // Returns the contents of the file, or "?" if it does not exist.
   std::string Log(const std::string& path = kLog) {
     return server_.files().Read(path).value_or("?");
   }

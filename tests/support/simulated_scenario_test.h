@@ -34,21 +34,22 @@ class ScenarioTest : public testing::Test {
     return simulator::ReadScenario(File());
   }
 
-  // A scenario of a system disk and this text behind it: ", {disk}".
+  // Returns a scenario with a system disk, followed by this text: ", {disk}".
   static std::string WithDisks(const std::string& disks, const std::string& keys = "") {
     return R"({"title": "t", "disks": [{"size": "127 GB", "partitions": [{"size": "126 GB",
             "info": "Boot", "volume": {"letter": "C", "source_letter": "C"}}]})" +
            disks + "]" + keys + "}";
   }
 
-  // A scenario whose second disk has a volume E, on the source D, with these keys besides.
+  // Returns a scenario whose second disk has a volume with the letter E, and D on the source
+  // server, with these further keys.
   static std::string WithVolume(const std::string& keys) {
     return WithDisks(R"(, {"size": "2 GB", "partitions": [{"size": "1 GB",
             "volume": {"letter": "E", "source_letter": "D", )" +
                      keys + "}}]}");
   }
 
-  // The message without the file's name in front.
+  // Returns the error message without the file's name at its beginning.
   std::string ErrorOf(const std::string& json) {
     try {
       Read(json);

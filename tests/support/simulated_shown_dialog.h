@@ -1,4 +1,4 @@
-// A dialog as it would be seen.
+// A dialog in its visible state.
 #ifndef TESTS_SUPPORT_SIMULATED_SHOWN_DIALOG_H_
 #define TESTS_SUPPORT_SIMULATED_SHOWN_DIALOG_H_
 
@@ -8,7 +8,7 @@
 
 namespace tests {
 
-// With a control of each kind, visible, its bar from 0 to 100 and not begun.
+// Returns a visible dialog with a control of each kind. Its bar ranges from 0 to 100 and is at 0.
 inline simulator::ShownDialog VisibleDialog(const std::string& caption) {
   simulator::ShownDialog dialog;
   dialog.caption = caption;

@@ -1,4 +1,4 @@
-// The texts in the program's sources, and those in a page that explains them. Both hosts.
+// The texts in the program's sources, and those in a page that explains them. For both hosts.
 #ifndef TESTS_SUPPORT_SOURCE_TEXTS_H_
 #define TESTS_SUPPORT_SOURCE_TEXTS_H_
 
@@ -9,21 +9,22 @@
 namespace tests {
 
 struct SourceText {
-  std::string text;    // without its escapes; neighbouring literals make one
-  std::string before;  // the line's code in front of it, or of a continued line the line above's
+  std::string text;    // without escapes; adjacent literals are joined
+  std::string before;  // the code before it in its line, or, in a continued line, in the line above
 };
 
-// The string literals of C++ source, but for comments and the names of included files. Raw literals
-// are not known.
+// Returns the string literals of C++ source, except those in comments and the names of included
+// files. Raw string literals are not supported.
 std::vector<SourceText> SourceTexts(std::string_view source);
 
-// What a resource script shows in windows and boxes: captions, controls, string tables.
+// Returns the texts of a resource script that windows and message boxes show: captions, controls,
+// string tables.
 std::vector<std::string> ResourceTexts(std::string_view script);
 
-// A message as the page spells it: "…" for each conversion, no line end.
+// Returns a message as the page spells it: with "…" for each conversion and without a line end.
 std::string InThePage(std::string_view message);
 
-// The pieces of a Markdown text between backquotes, in their order; none reaches past its line.
+// Returns the code spans of a Markdown text, in order. A span does not extend past its line.
 std::vector<std::string> CodeSpans(std::string_view markdown);
 
 }  // namespace tests

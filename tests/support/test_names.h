@@ -1,4 +1,4 @@
-// Names of parameterised tests, which GoogleTest otherwise numbers.
+// Names of parameterized tests, which GoogleTest otherwise numbers.
 #ifndef TESTS_SUPPORT_TEST_NAMES_H_
 #define TESTS_SUPPORT_TEST_NAMES_H_
 
@@ -10,14 +10,14 @@
 
 namespace tests {
 
-// The text as one word of letters, digits and underscores: "sel disk 2" is "SelDisk2". White space
-// ends a word, '.' and '-' within one become '_', apostrophes and commas between words are left
-// out. Every other character is named, "a<1" is "ALess1", and the empty text is "Empty". Different
-// texts may have the same name.
+// Returns the text as one word of letters, digits and underscores: "SelDisk2" for "sel disk 2".
+// White space ends a word, '.' and '-' within a word become '_', and apostrophes and commas between
+// words are left out. Every other character is replaced with its name: "ALess1" for "a<1". The
+// empty text becomes "Empty". Different texts may have the same name.
 std::string WordsOf(std::string_view text);
 
-// For INSTANTIATE_TEST_SUITE_P: names each test by the words of its parameter as it is printed. The
-// printed texts of a suite must differ in more than white space and the case of first letters.
+// For INSTANTIATE_TEST_SUITE_P. Names each test after its printed parameter. The printed parameters
+// of a suite must differ in more than white space and the case of first letters.
 struct NamedAsPrinted {
   template <typename Parameter>
   std::string operator()(const testing::TestParamInfo<Parameter>& test) const {

@@ -1,4 +1,4 @@
-// The whole run on a server made from a shipped scenario.
+// The whole run on a server built from a shipped scenario.
 #ifndef TESTS_SUPPORT_WHOLE_RUN_SIMULATED_H_
 #define TESTS_SUPPORT_WHOLE_RUN_SIMULATED_H_
 
@@ -17,7 +17,7 @@ struct SourceVolume;
 
 namespace tests {
 
-// A server made from a scenario, and a process in which the program has not run yet.
+// A server built from a scenario, and a process in which the program has not run yet.
 class WholeRun {
  public:
   explicit WholeRun(const std::string& name);
@@ -27,12 +27,14 @@ class WholeRun {
 
   int32_t Run();
 
-  // Without what is shown of each difference.
+  // Returns the closing lines of the reports, without the individual differences.
   std::vector<std::string> ClosingLines();
   simulator::DescriptorOutcome Descriptors();
-  // What the source had of each volume as it is now: attributes, descriptor, junction.
+  // Returns the current attributes, junction and descriptor of each object of the source that
+  // exists.
   std::map<std::string, std::string> Copies();
-  // How the files and folders that are there differ in their attributes from the source's.
+  // Returns the existing files and folders whose attributes differ from those on the source, with
+  // both values.
   std::vector<std::string> WrongAttributes();
 
   simulator::Server& server() { return server_; }

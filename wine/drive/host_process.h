@@ -13,26 +13,28 @@
 namespace simulator {
 
 struct HostCommand {
-  std::vector<std::string> arguments;              // begin with the program
+  std::vector<std::string> arguments;              // starting with the program
   std::map<std::string, std::string> environment;  // added to this process's own
-  std::filesystem::path folder;                    // to start in
-  std::filesystem::path errors = "/dev/null";      // where its error output goes
+  std::filesystem::path folder;                    // the working directory
+  std::filesystem::path errors = "/dev/null";      // the file for its error output
 };
 
 class HostProcess {
  public:
-  // Throws std::system_error when it cannot be started.
+  // Throws std::system_error if the program cannot be started.
   explicit HostProcess(const HostCommand& command);
-  // Ends it unless it was waited for.
+  // Terminates the program unless Wait has been called.
   ~HostProcess();
   HostProcess(const HostProcess&) = delete;
   HostProcess& operator=(const HostProcess&) = delete;
 
-  // The next line that it prints, without its end; false when there is none any more.
+  // Reads the next line of the output, without its line end. Returns false at the end of the
+  // output.
   bool ReadLine(std::string& line);
-  // Sends a line to its standard input.
+  // Writes a line to the program's standard input.
   void WriteLine(const std::string& line);
-  // Its status once it has ended, 128 and more when a signal ended it. Nobody can write to it then.
+  // Closes the program's standard input, waits for the program and returns its exit status, or 128
+  // plus the number of the signal that terminated it.
   int Wait();
 
  private:
@@ -42,7 +44,8 @@ class HostProcess {
   int status_ = 0;
 };
 
-// Runs it to its end and gives what it printed. Throws std::runtime_error when its status is not 0.
+// Runs a program, waits for its end and returns its output. Throws std::runtime_error if its status
+// is not 0.
 std::string Run(const HostCommand& command);
 
 }  // namespace simulator

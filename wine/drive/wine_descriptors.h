@@ -1,5 +1,6 @@
-// What a Wine prefix keeps of the descriptors of a source server: as much as fits into the mode of
-// a file. It is compared with what plain calls leave that set the same texts on a second server.
+// The descriptors of a source server that a Wine prefix retains. Wine retains only as much as fits
+// into the mode of a file. They are compared with the result of API calls that set the same
+// descriptors on a second server.
 #ifndef WINE_DRIVE_WINE_DESCRIPTORS_H_
 #define WINE_DRIVE_WINE_DESCRIPTORS_H_
 
@@ -13,11 +14,12 @@ namespace simulator {
 
 struct KeptDescriptors {
   DescriptorOutcome outcome;
-  size_t changed = 0;  // objects whose descriptors the plain calls changed
+  size_t changed = 0;  // objects whose descriptors the API calls changed
 };
 
-// The objects of the scenario's lists, as they are on the server, which was made from it. The
-// second server stands in a folder that is made anew and taken away. Throws std::exception.
+// Compares the objects that the scenario's ACL backup files name, on `server`, which was built from
+// the scenario. The second server is created in `second_folder`, which is cleared first and removed
+// afterwards. Throws std::exception.
 KeptDescriptors GatherKeptDescriptors(const Scenario& scenario, const WineServer& server,
                                       const std::filesystem::path& second_folder);
 

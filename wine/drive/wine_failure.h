@@ -1,4 +1,4 @@
-// Failures of Wine itself: a process that it could not start says nothing about the program.
+// Failures of Wine itself. A process that Wine could not start says nothing about the program.
 #ifndef WINE_DRIVE_WINE_FAILURE_H_
 #define WINE_DRIVE_WINE_FAILURE_H_
 
@@ -20,22 +20,22 @@ class WineFailure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// What is known of a run under Wine once it has ended, in whatever way.
+// The evidence of a run under Wine after it has ended in any way.
 struct RunEvidence {
-  std::string trace;                 // what Wine wrote to its error output
+  std::string trace;                 // the error output of Wine
   std::string log;                   // the program's log
-  bool is_watched = false;           // the watching program came up
-  std::optional<DWORD> start_error;  // the program was not started: the code of CreateProcess
+  bool is_watched = false;           // the watching program has started
+  std::optional<DWORD> start_error;  // the error code of CreateProcess if it failed
 };
 
-// Returns the line that names the failure if Wine itself failed. Returns nothing for everything
-// else, and then the run says something about the program.
+// Returns the line that names the failure if Wine itself failed; otherwise returns nothing. In the
+// latter case the run is a valid test of the program.
 std::optional<std::string> FailureOfWine(const RunEvidence& evidence);
 
 // Returns the first line in which Wine reports that it cannot run one of its own processes.
 std::optional<std::string> FailureInTrace(std::string_view trace);
 
-// What is appended to a file of Wine's error output after the object was made.
+// The text appended to a file of Wine's error output since construction.
 class WineTrace {
  public:
   explicit WineTrace(std::filesystem::path file);
@@ -46,9 +46,9 @@ class WineTrace {
   const std::streamoff begin_;
 };
 
-// Calls `run`, and again, at most twice, after a WineFailure; each time prints one line to `out`.
-// `run` has to begin with a fresh prefix. The third WineFailure and every other exception pass
-// through.
+// Calls `run`, and repeats it after a WineFailure, at most twice. Prints one line to `out` before
+// each repetition. `run` has to begin with a new prefix. The third WineFailure and every other
+// exception are passed to the caller.
 void RunAgainWhereWineFails(const std::function<void()>& run, std::ostream& out);
 
 }  // namespace simulator

@@ -1,5 +1,5 @@
-// Wine prefixes: machines on which the program of Windows runs. One is made as a whole, the others
-// are its copies.
+// Wine prefixes, the machines on which the Windows build of the program runs. One prefix is created
+// by Wine; the others are copies of it.
 #ifndef WINE_DRIVE_WINE_PREFIX_H_
 #define WINE_DRIVE_WINE_PREFIX_H_
 
@@ -17,48 +17,51 @@ namespace simulator {
 
 class WinePrefix {
  public:
-  // A fresh machine with drive C alone, in a folder that is made anew. What is copied from is made
-  // at the first call below `folder`'s parent. Throws std::exception when any of it fails.
+  // Creates a machine with only drive C in `folder`, which is cleared first. The first call for a
+  // parent folder also creates the prefix to copy there. Throws std::exception on failure.
   WinePrefix(const std::filesystem::path& folder, LANGID language);
-  // Ends all that still runs there.
+  // Terminates all processes that still run in the prefix.
   ~WinePrefix();
   WinePrefix(const WinePrefix&) = delete;
   WinePrefix& operator=(const WinePrefix&) = delete;
 
   const std::filesystem::path& folder() const { return folder_; }
-  // The host folder of a volume that is not the system's own, and what a drive that is this volume
-  // leads to: a path that starts where Wine keeps its drives.
+  // Return the host folder of a volume other than the system volume, and the target of a drive for
+  // that volume. The target is a path relative to the folder in which Wine keeps its drives.
   std::filesystem::path VolumeFolder(const std::string& name) const;
   static std::string VolumeTarget(const std::string& name);
   static constexpr char kSystemVolumeTarget[] = "../drive_c";
 
-  // The file or folder of the host at a path behind C's root, "Windows\System32", names in any
-  // case; names that are not there yet are taken as they stand.
+  // Returns the host path of a path after C's root, such as "Windows\System32". Existing names
+  // match in any case; names that do not exist are used as given.
   std::filesystem::path OnSystemVolume(std::string_view path) const;
   static std::filesystem::path Below(std::filesystem::path folder, std::string_view path);
 
-  // Letters are upper case. `target` is a VolumeTarget; of a drive that is there already only the
-  // type is set. Types are fixed and removable.
+  // Defines a drive. Letters are upper case, `target` is a VolumeTarget, and `type` is fixed or
+  // removable. If the drive exists, only its type is set.
   void DefineDrive(char letter, const std::string& target, UINT type);
-  // The target of each drive that there is.
+  // Returns the letter and target of each drive.
   std::vector<std::pair<char, std::string>> Drives() const;
 
-  // Whether there is a file or folder at a path of Windows, "D:\Data".
+  // Returns true if a file or folder exists at a Windows path such as "D:\Data"; otherwise returns
+  // false.
   bool Exists(std::string_view path) const;
 
-  // Before anything runs: the fonts of Wine and of the host that its dialogs are meant for.
+  // Adds the fonts of Wine and the fonts of the host that its dialogs are designed for. Call before
+  // a program runs.
   void AddFonts();
 
-  // Before anything runs: text of a section of the user's registry, and of the machine's.
+  // Add values to a section of the user's registry or of the machine's. Call before a program runs.
   void AddToUserRegistry(const std::string& section, const std::string& values);
   void AddToMachineRegistry(const std::string& section, const std::string& values);
 
-  // A program of Windows, by its path there, with the errors that Wine tells of itself.
+  // Returns the command for a Windows program, given by its Windows path. Wine's own error messages
+  // are enabled.
   HostCommand Command(std::vector<std::string> arguments) const;
-  // Where those errors go.
+  // Returns the file of Wine's error messages.
   std::filesystem::path ErrorFile() const;
-  // Runs one to its end and returns what it printed. Throws WineFailure if Wine did not bring it
-  // up, std::runtime_error if its status is not 0.
+  // Runs a Windows program, waits for its end and returns its output. Throws WineFailure if Wine
+  // did not start it, or std::runtime_error if its status is not 0.
   std::string RunCommand(std::vector<std::string> arguments) const;
 
  private:
@@ -66,11 +69,11 @@ class WinePrefix {
   const LANGID language_;
 };
 
-// Takes away the folder of a prefix that nobody uses any more, as far as it can be.
+// Removes the folder of a prefix that is no longer used, as far as possible.
 void RemovePrefix(const std::filesystem::path& folder);
 
-// From UTF-8 to the code page of a Windows of that language, and back; what the other lacks becomes
-// '?'.
+// Convert from UTF-8 to the code page of a Windows of that language, and back. Characters that the
+// other encoding lacks become '?'.
 std::string InCodePage(std::string_view text, LANGID language);
 std::string FromCodePage(std::string_view text, LANGID language);
 

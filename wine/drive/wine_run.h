@@ -1,5 +1,5 @@
-// A run of the program of Windows on a server in a Wine prefix, and what a second program saw of
-// it.
+// A run of the Windows build of the program on a server in a Wine prefix, as observed by a second
+// program.
 #ifndef WINE_DRIVE_WINE_RUN_H_
 #define WINE_DRIVE_WINE_RUN_H_
 
@@ -27,32 +27,32 @@ struct WatchedBox {
   std::string caption;
   std::string text;
   std::vector<std::string> buttons;
-  std::optional<WatchedDialog> dialog;  // as it was behind the box
+  std::optional<WatchedDialog> dialog;  // the state while the box was shown
 };
 
 struct WatchedRun {
-  std::vector<WatchedDialog> dialogs;  // each that was different from the one before
+  std::vector<WatchedDialog> dialogs;  // each state that differs from the one before
   std::vector<WatchedBox> boxes;
   int exit_code = -1;
-  DWORD major_version = 0;  // of the Windows that Wine was
+  DWORD major_version = 0;  // of the Windows version that Wine reported
   DWORD minor_version = 0;
-  std::vector<std::string> processes;  // that the prefix still had at the end, but for Wine's own
-  // What Wine tells of calls that it only pretends to do: each shutdown that it was asked for, and
-  // each state of a progress bar, in hexadecimal digits, other than the normal one.
+  std::vector<std::string> processes;  // still running at the end, except Wine's own
+  // Calls that Wine reports without performing them: each requested shutdown, and each progress bar
+  // state other than the normal one, in hexadecimal digits.
   std::vector<ShutdownRequest> shutdowns;
   std::vector<std::string> bar_states;
 };
 
 struct WatchOptions {
-  bool starts_link = false;  // by the link in the common start-up folder, which is made a real one
+  bool starts_link = false;  // through a real shortcut in the common Startup folder
   bool restarts = true;
   bool cancels_when_held = false;
-  std::function<void(const WatchedBox&)> on_box;        // while it can be seen; may be empty
+  std::function<void(const WatchedBox&)> on_box;        // while the box is visible; may be empty
   std::function<void(const WatchedDialog&)> on_dialog;  // may be empty
 };
 
-// Throws WineFailure if Wine itself failed, another std::exception if the run cannot be watched to
-// its end.
+// Throws WineFailure if Wine itself failed, or another std::exception if the run cannot be observed
+// to its end.
 WatchedRun RunWatched(WineServer& server, const WatchOptions& options);
 
 }  // namespace simulator

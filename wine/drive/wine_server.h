@@ -1,9 +1,10 @@
-// A migrated server as a Wine prefix: what a scenario describes, on drives of Wine, with the tools
-// of the system as programs.
+// A migrated server as a Wine prefix: the server that a scenario describes, on drives of Wine, with
+// the system's tools as programs.
 //
-// Wine keeps of descriptors what fits into the mode of a file, and no junctions: those of the copy
-// are left out. A list that the administrator may not read is a folder here, since Wine refuses the
-// host's root nothing: neither can be opened.
+// Wine retains only the part of a descriptor that fits into the mode of a file, and it does not
+// support junctions, so that junctions of the copy are left out. A backup file that the
+// administrator may not read is replaced by a folder, which cannot be opened either, because Wine
+// running as the host's root is never denied access.
 #ifndef WINE_DRIVE_WINE_SERVER_H_
 #define WINE_DRIVE_WINE_SERVER_H_
 
@@ -21,29 +22,30 @@ struct Scenario;
 
 struct WineServerOptions {
   std::string program_folder = "C:\\vantoro_restore";
-  std::vector<ToolAnswer> answers;  // besides the scenario's
+  std::vector<ToolAnswer> answers;  // in addition to the scenario's
 };
 
 class WineServer {
  public:
-  // In a folder that is made anew. Throws std::exception, ScenarioError as Build does.
+  // Creates the server in `folder`, which is cleared first. Throws std::exception, including
+  // ScenarioError as Build does.
   WineServer(const Scenario& scenario, const WineServerOptions& options,
              const std::filesystem::path& folder);
 
   WinePrefix& prefix() { return prefix_; }
   const WinePrefix& prefix() const { return prefix_; }
-  // As Windows and as the host name it.
+  // Return paths of Windows and of the host.
   std::string program() const { return options_.program_folder + "\\vantoro_restore.exe"; }
   std::filesystem::path ProgramFolder() const;
   std::filesystem::path CommonStartupLink() const;
   std::filesystem::path ProgramLink() const;
 
-  // What the tools have left.
+  // Returns the state that the tools have left.
   MachineState State() const;
-  // The drive of Wine that is the volume of that partition; nothing when none is.
+  // Returns the letter of the drive for the volume of that partition, or nothing if there is none.
   std::optional<char> LetterOf(int disk, int partition) const;
   std::vector<std::filesystem::path> LogFiles() const;
-  // The text of the log, as the program wrote it; empty when there is none.
+  // Returns the text of the log as the program wrote it, or an empty string if there is no log.
   std::string Log() const;
 
  private:
@@ -51,7 +53,7 @@ class WineServer {
   WinePrefix prefix_;
 };
 
-// The programs that the Windows build makes. Throws std::runtime_error when one is missing.
+// Returns the path of a program of the Windows build. Throws std::runtime_error if it is missing.
 std::filesystem::path WindowsProgram(const std::string& name);
 
 }  // namespace simulator

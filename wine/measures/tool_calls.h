@@ -1,4 +1,4 @@
-// The tools that a run starts, as the run on the simulated server of the same scenario starts them.
+// The tools that a run starts, as recorded in a run on the simulated server of the same scenario.
 #ifndef WINE_MEASURES_TOOL_CALLS_H_
 #define WINE_MEASURES_TOOL_CALLS_H_
 
@@ -11,7 +11,7 @@ namespace benchmarks {
 
 struct ToolCall {
   std::string command_line;
-  std::string script;  // what diskpart reads; empty for other tools
+  std::string script;  // the script for diskpart; empty for other tools
 };
 
 std::vector<ToolCall> ToolCallsOf(const simulator::Scenario& scenario);

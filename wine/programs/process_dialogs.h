@@ -1,4 +1,4 @@
-// The dialogs of another process, as any program of Windows can find them.
+// The dialogs of another process, as any Windows program can find them.
 #ifndef WINE_PROGRAMS_PROCESS_DIALOGS_H_
 #define WINE_PROGRAMS_PROCESS_DIALOGS_H_
 
@@ -8,7 +8,7 @@
 
 namespace simulator {
 
-// Those that can be seen, message boxes among them.
+// Returns the visible dialogs, including message boxes.
 std::vector<HWND> DialogsOf(DWORD process);
 
 }  // namespace simulator

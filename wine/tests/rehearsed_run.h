@@ -1,4 +1,4 @@
-// The same run on the server in memory, to compare a run under Wine with.
+// The same run on a server in memory, for comparison with a run under Wine.
 #ifndef WINE_TESTS_REHEARSED_RUN_H_
 #define WINE_TESTS_REHEARSED_RUN_H_
 
@@ -23,20 +23,20 @@ namespace tests {
 struct RehearsalOptions {
   std::string program_folder = "C:\\vantoro_restore";
   bool restarts = true;
-  bool logs_are_blocked = false;  // a file lies where the folder of the log is to be made
+  bool logs_are_blocked = false;  // a file exists at the path of the log folder
   std::string cancelled_in = {};  // a tool in which the user cancels
 };
 
 using PartitionPlace = std::pair<int, int>;  // disk, partition
 
 struct RehearsedRun {
-  std::string log;  // UTF-8; empty without one
+  std::string log;  // UTF-8; empty if there is none
   std::map<PartitionPlace, std::optional<char>> letters;
   simulator::BootStore boot;
   bool has_common_link = false;
   bool has_program_link = false;
   std::vector<simulator::ShownMessageBox> boxes;
-  std::shared_ptr<const simulator::ShownDialog> dialog;  // as it was last
+  std::shared_ptr<const simulator::ShownDialog> dialog;  // the last state
   std::optional<simulator::ShutdownRequest> restart;
   int exit_code = -1;
 };

@@ -1,4 +1,4 @@
-// One server, restored twice: by the program of Windows under Wine and in a rehearsal.
+// One server, restored twice: by the Windows build of the program under Wine, and in a rehearsal.
 #ifndef WINE_TESTS_WINE_CASE_H_
 #define WINE_TESTS_WINE_CASE_H_
 
@@ -14,28 +14,28 @@
 
 namespace tests {
 
-// Text of a log with what differs from run to run replaced: time stamps, durations, the day in the
-// log's own name.
+// Returns the text of a log with the parts replaced that differ from run to run: time stamps,
+// durations, and the date in the log's own name.
 std::string Masked(const std::string& log);
 
 simulator::Scenario Shipped(const std::string& name);
 
-// A folder for a prefix, of this process's own.
+// Returns the path of a folder for a prefix that only this process uses.
 std::filesystem::path PrefixFolder(const std::string& name);
 
 class WineCase : public testing::Test {
  protected:
   WineCase() = default;
-  // What a case that fails has left stays, to be looked at.
+  // Keeps the prefix of a failed case for inspection.
   ~WineCase() override;
 
-  // Both runs. A failure to run at all is a failure of the test, except that a run in which Wine
-  // itself failed is repeated in a fresh prefix, at most twice.
+  // Runs both. The test fails if a run cannot be performed, except that a run in which Wine itself
+  // failed is repeated in a new prefix, at most twice.
   void RunBoth(const simulator::Scenario& scenario, const RehearsalOptions& options = {});
-  // That under Wine, by the link in the common start-up folder.
+  // Runs both, the one under Wine through the shortcut in the common Startup folder.
   void RunBothByLink(const simulator::Scenario& scenario);
 
-  // These compare what both have left, and fail where it is not the same.
+  // Compare the results of both runs and fail the test where they differ.
   void ExpectSameLogs();
   void ExpectSameServers();
   void ExpectSameEnds();
@@ -45,7 +45,7 @@ class WineCase : public testing::Test {
     ExpectSameEnds();
   }
 
-  // Called with each new server_ before the program is started on it.
+  // Called for each new server_ before the program is started on it.
   virtual void PrepareServer() {}
 
   simulator::Scenario scenario_;

@@ -1,4 +1,4 @@
-// The boot configuration data of a server: what its boot manager offers and how each entry starts.
+// The BCD store of a server: what its boot manager offers and how each entry starts.
 #ifndef SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 #define SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 
@@ -14,22 +14,23 @@ enum class BootEntryType { kManager, kLoader, kLegacyLoader, kBootSector };
 
 struct BootElement {
   std::string name;                 // "displayorder"
-  std::vector<std::string> values;  // as the boot tools print them, but for identifiers; see below
+  std::vector<std::string> values;  // as the boot tools print them, except identifiers
   friend bool operator==(const BootElement&, const BootElement&) = default;
 };
 
-// Identifiers are "{bootmgr}", "{memdiag}", "{ntldr}" and the like, or GUIDs in braces in lower
-// case. They stand so in values, too: the names {current} and {default} are the tools' matter.
+// Identifiers are well-known names such as "{bootmgr}", "{memdiag}" and "{ntldr}", or GUIDs in
+// braces in lower case. Values that name an entry hold its identifier in this form, too. The names
+// {current} and {default} are used only by the tools.
 struct BootEntry {
   BootEntryType type = BootEntryType::kLoader;
   std::string identifier;
   std::vector<BootElement> elements;  // in the order in which they are printed
 
-  // Empty when there is no such element.
+  // Returns the values of an element, or nothing if the element does not exist.
   std::vector<std::string> Values(std::string_view element) const;
-  // Of an element with one value; empty when there is none.
+  // Returns the value of an element that has exactly one value; otherwise returns an empty string.
   std::string Value(std::string_view element) const;
-  // Replaces the element, or appends it; without values it goes.
+  // Replaces the element or appends it. Removes the element if `values` is empty.
   void Set(std::string_view element, std::vector<std::string> values);
 
   friend bool operator==(const BootEntry&, const BootEntry&) = default;
@@ -38,22 +39,22 @@ struct BootEntry {
 struct BootStore {
   std::vector<BootEntry> entries;
 
-  // Null when there is none.
+  // Returns null if there is no such entry.
   const BootEntry* Find(std::string_view identifier) const;
   BootEntry* Find(std::string_view identifier);
-  // With every reference to it; references to what is not there go as well.
+  // Removes the entry, if it exists, and every reference to its identifier.
   void Remove(std::string_view identifier);
 
   friend bool operator==(const BootStore&, const BootStore&) = default;
 };
 
-// Whether the values of the element name entries.
+// Returns true if the values of the element are identifiers of entries; otherwise returns false.
 bool RefersToEntries(std::string_view element);
 
 // Used by the thread of one tool at a time, and by tests while no child runs.
 struct Boot {
   BootStore store;
-  std::string current;  // the loader that the running Windows was started by; empty when none is
+  std::string current;  // the loader that started the running Windows; empty if none did
 };
 
 }  // namespace simulator

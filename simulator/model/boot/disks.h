@@ -1,4 +1,4 @@
-// The disks of a simulated server, as its disk tool sees them.
+// The disks of a simulated server, as the disk tool sees them.
 #ifndef SIMULATOR_MODEL_BOOT_DISKS_H_
 #define SIMULATOR_MODEL_BOOT_DISKS_H_
 
@@ -15,7 +15,7 @@ struct Partition {
   int number = 1;
   uint64_t size = 0;               // bytes
   std::string info;                // "System", "Boot", "Hidden" or empty
-  std::shared_ptr<Volume> volume;  // null where none shows: a reserved partition
+  std::shared_ptr<Volume> volume;  // null if none is shown, as for a reserved partition
 };
 
 struct Disk {

@@ -1,4 +1,4 @@
-// The boot entries of a healthy Windows Server that starts from BIOS.
+// The boot entries of a healthy Windows Server that boots from BIOS.
 #ifndef SIMULATOR_MODEL_BOOT_WINDOWS_BOOT_H_
 #define SIMULATOR_MODEL_BOOT_WINDOWS_BOOT_H_
 
@@ -23,17 +23,17 @@ BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identi
 struct BootManagerFacts {
   std::string device;  // "partition=C:"
   std::string locale;
-  std::string default_loader;  // an identifier; none when empty
-  std::string resume_object;   // as well
+  std::string default_loader;  // an identifier; empty if there is none
+  std::string resume_object;   // likewise
   std::vector<std::string> displayed;
 };
 
 BootEntry WindowsManager(const BootManagerFacts& facts);
 
-// "{00000007-4f2c-11ee-b962-806e6f6e6963}" for 7.
+// Returns an identifier with that number: "{00000007-4f2c-11ee-b962-806e6f6e6963}" for 7.
 std::string NumberedIdentifier(uint32_t number);
 
-// A manager and one loader, its default, by which the server runs.
+// Returns a boot manager and one loader, which is the default entry and the current one.
 Boot HealthyBoot();
 
 }  // namespace simulator

@@ -16,8 +16,8 @@ void AppendNumber(Number number, std::string& bytes) {
   }
 }
 
-// Takes what is asked for off the front; once the bytes do not suffice it gives zeros and is no
-// longer ok().
+// Reads from the front of the bytes. Once the remaining bytes do not suffice, every read returns
+// zeros and ok() returns false.
 class ByteReader {
  public:
   explicit ByteReader(std::string_view bytes) : rest_(bytes) {}

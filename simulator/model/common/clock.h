@@ -1,4 +1,5 @@
-// The steered clock of a simulated server: it stands still until somebody moves it.
+// The manually controlled clock of a simulated server. The time does not change until it is set or
+// advanced.
 #ifndef SIMULATOR_MODEL_COMMON_CLOCK_H_
 #define SIMULATOR_MODEL_COMMON_CLOCK_H_
 
@@ -11,8 +12,8 @@ namespace simulator {
 
 class Clock {
  public:
-  // Milliseconds since the Unix epoch, read as the server's local time: the server's time zone is
-  // UTC.
+  // Returns the milliseconds since the Unix epoch. The server's time zone is UTC, so that this is
+  // also its local time.
   int64_t Milliseconds() const { return milliseconds_.load(); }
   void Set(int64_t milliseconds) {
     milliseconds_.store(milliseconds);
@@ -23,7 +24,8 @@ class Clock {
     Tell();
   }
 
-  // What GetTickCount reads. Every reading moves the clock on by the step, 0 at first.
+  // Returns the value for GetTickCount, then advances the clock by the tick step, which is 0 at
+  // first.
   int64_t ReadTicks() {
     const int64_t step = step_.load();
     const int64_t ticks = milliseconds_.fetch_add(step);
@@ -32,7 +34,8 @@ class Clock {
   }
   void SetTickStep(int64_t milliseconds) { step_.store(milliseconds); }
 
-  // Called on the thread that has moved the clock. Set before another thread uses it.
+  // Sets a function that is called on each thread that changes the time. Call this before another
+  // thread uses the clock.
   void OnMove(std::function<void()> listener) { listener_ = std::move(listener); }
 
  private:

@@ -1,4 +1,4 @@
-// Command lines as Windows reads them.
+// Parsing of command lines as Windows does it.
 #ifndef SIMULATOR_MODEL_COMMON_COMMAND_LINE_H_
 #define SIMULATOR_MODEL_COMMON_COMMAND_LINE_H_
 
@@ -8,15 +8,17 @@
 
 namespace simulator {
 
-// The program: what stands between quotation marks at the start, else before the first blank.
+// Returns the program: the text between quotation marks at the start, or else the text before the
+// first space or tab.
 std::string_view ProgramOf(std::string_view command_line);
 
-// The name of a program without folder and ".exe", in lower case.
+// Returns the name of a program without its folder and ".exe", in lower case.
 std::string ProgramName(std::string_view path);
 
-// Split as the C runtime splits it: at blanks outside quotation marks. Backslashes before a
-// quotation mark halve, an odd one keeps the mark; "" within quotation marks is one of them. The
-// program has no such escapes.
+// Splits a command line as the C runtime does: at spaces and tabs outside quotation marks. Before a
+// quotation mark, each pair of backslashes is one backslash, and a remaining backslash makes the
+// quotation mark literal. Within quotation marks, "" is one literal quotation mark. These escapes
+// do not apply to the program's name.
 std::vector<std::string> SplitCommandLine(std::string_view command_line);
 
 }  // namespace simulator

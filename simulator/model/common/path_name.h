@@ -1,4 +1,4 @@
-// Paths taken apart as Win32 takes them apart, before any file system is asked.
+// Parsing of paths as Win32 does it, before a file system is accessed.
 #ifndef SIMULATOR_MODEL_COMMON_PATH_NAME_H_
 #define SIMULATOR_MODEL_COMMON_PATH_NAME_H_
 
@@ -12,41 +12,44 @@
 namespace simulator {
 
 struct PathName {
-  DWORD error = ERROR_SUCCESS;     // of a path that leads to nothing a server here could have
-  char letter = 0;                 // upper case; no letter when the path names no drive: '{'
+  DWORD error = ERROR_SUCCESS;     // of a path that cannot exist on a simulated server
+  char letter = 0;                 // upper case; not a letter if the path names no drive: '{'
   std::vector<std::string> names;  // below the root; empty for the root itself
   bool ends_in_separator = false;
-  size_t length = 0;      // of the full path, in UTF-16 units; 0 for the empty path and for blanks
-  bool verbatim = false;  // names are as they came, whatever they are; no MAX_PATH bounds them
+  size_t length = 0;      // of the full path, in UTF-16 units; 0 if empty or only spaces
+  bool verbatim = false;  // names are unchanged and unchecked; MAX_PATH does not apply
 };
 
-// The full path. Both slashes separate, several count as one; "." and ".." are resolved, never
-// above the root. The last name loses its final dots and blanks unless a separator follows, every
-// other name one single final dot. A path without a drive, or with a drive and no separator behind
-// it, starts from the current directory, itself a full path.
+// Parses a path into its full path. Both slashes are separators, and several in a row are one
+// separator. "." and ".." are resolved, never above the root. The last name loses its trailing dots
+// and spaces unless a separator follows; every other name loses one trailing dot. A path without a
+// drive, or with a drive that no separator follows, starts from the current directory, which is
+// itself a full path.
 //
-// Behind "\\?\" the path is verbatim: only backslashes separate, and nothing is resolved or lost.
-// No server answers to a network path, and there is no device but the drives: "\\.\x".
+// After "\\?\" the path is verbatim: only backslashes are separators, and names are neither
+// resolved nor shortened. Network paths fail, and so do paths of devices other than drives, such as
+// "\\.\x".
 PathName ParsePath(std::string_view path, std::string_view current_directory);
 
-// The names of a path that starts behind a root: "Data\a.txt".
+// Returns the names of a path that starts after a root: "Data\a.txt".
 std::vector<std::string> NamesBelowRoot(std::string_view path);
 
-// What a drive's name begins with among those of the system's own.
+// The prefix of a drive in the namespace of the kernel.
 inline constexpr std::string_view kNtPrefix = "\\??\\";
 
-// The verbatim path "\??\C:\Data" that a junction holds. What does not begin with "\??\" is
-// ERROR_INVALID_REPARSE_DATA.
+// Parses the verbatim path that a junction contains, such as "\??\C:\Data". The error is
+// ERROR_INVALID_REPARSE_DATA if the path does not begin with "\??\".
 PathName ParseNtPath(std::string_view path);
 
-// The full path as text, letters in the case they came in; empty for the empty path and for blanks.
-// What stands behind "\\?\" is resolved here, too.
+// Returns the full path as text, with the case of letters unchanged, or an empty string if the path
+// is empty or consists of spaces. The part after "\\?\" is resolved here, too.
 std::string FullPathName(std::string_view path, std::string_view current_directory);
 
-// Whether a file or folder may have that name. No volume here keeps streams, so a colon is refused.
+// Returns true if a file or folder may have that name; otherwise returns false. Colons are invalid,
+// because simulated volumes do not support streams.
 bool IsValidName(std::string_view name);
 
-// What names are compared by: the name with its ASCII letters lowered.
+// Returns the key by which names are compared: the name with its ASCII letters in lower case.
 std::string NameKey(std::string_view name);
 
 }  // namespace simulator

@@ -9,7 +9,8 @@
 
 namespace simulator {
 
-// In English whatever the server's language, without the line end. Nothing for an unknown code.
+// Returns the English text, whatever the server's language, without the line end. Returns nothing
+// for an unknown code.
 std::optional<std::string_view> SystemMessage(DWORD error);
 
 }  // namespace simulator

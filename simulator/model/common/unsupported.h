@@ -1,4 +1,4 @@
-// The end of a run that asks for more than the simulator does.
+// The end of a run that uses a feature that the simulator does not support.
 #ifndef SIMULATOR_MODEL_COMMON_UNSUPPORTED_H_
 #define SIMULATOR_MODEL_COMMON_UNSUPPORTED_H_
 
@@ -6,8 +6,8 @@
 
 namespace simulator {
 
-// Ends the process with a line that names what the simulator does not honour: a flag, a class, a
-// member. Nothing is ever answered TRUE and left undone.
+// Aborts the process with a line that names the unsupported feature: a flag, a class, a member. No
+// simulated call reports success without doing what was requested.
 [[noreturn]] void Unsupported(std::string_view what);
 
 }  // namespace simulator

@@ -1,4 +1,5 @@
-// UTF-8, the ANSI code page of a simulated server, wide text of one unit per character, and UTF-16.
+// Conversion between UTF-8, which is the ANSI code page of a simulated server, wide text with one
+// unit per character, and UTF-16.
 #ifndef SIMULATOR_MODEL_COMMON_UTF8_H_
 #define SIMULATOR_MODEL_COMMON_UTF8_H_
 
@@ -8,17 +9,17 @@
 
 namespace simulator {
 
-// What is not UTF-8 becomes U+FFFD, one for each longest piece that could have begun a character.
+// Replaces invalid UTF-8 with U+FFFD, one for each maximal subpart of an ill-formed sequence.
 std::wstring WideFromUtf8(std::string_view text);
 
-// Surrogates and what lies beyond U+10FFFF become U+FFFD, the default character of UTF-8.
+// Replaces surrogates and code points above U+10FFFF with U+FFFD, the default character of UTF-8.
 std::string Utf8FromWide(std::wstring_view text);
 
-// Surrogates that are no pair become U+FFFD.
+// Replaces unpaired surrogates with U+FFFD.
 std::u16string Utf16FromUtf8(std::string_view text);
 std::string Utf8FromUtf16(std::u16string_view text);
 
-// The number of UTF-16 units the text takes on Windows.
+// Returns the number of UTF-16 units that the text takes on Windows.
 size_t Utf16Length(std::string_view utf8);
 
 }  // namespace simulator

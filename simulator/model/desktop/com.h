@@ -1,4 +1,4 @@
-// COM in the simulated process, and the progress that the task bar shows.
+// COM in the simulated process, and the progress that the taskbar shows.
 #ifndef SIMULATOR_MODEL_DESKTOP_COM_H_
 #define SIMULATOR_MODEL_DESKTOP_COM_H_
 
@@ -11,7 +11,7 @@
 
 namespace simulator {
 
-// Of one window's task bar button.
+// The progress on one window's taskbar button.
 struct TaskbarProgress {
   ULONGLONG completed = 0;
   ULONGLONG total = 0;
@@ -21,22 +21,24 @@ struct TaskbarProgress {
 // Thread-safe.
 class Com {
  public:
-  // CoInitialize less CoUninitialize, over all threads; what is left is a thread's that forgot.
+  // Returns the number of CoInitialize calls minus that of CoUninitialize calls, over all threads.
+  // If threads have ended, a positive number means that one of them omitted CoUninitialize.
   int Uses() const;
-  // CoUninitialize on threads that COM was not initialised on.
+  // Returns the number of CoUninitialize calls on threads on which COM was not initialized.
   int SurplusUninitializations() const;
-  // ITaskbarList3 objects not yet released; after the end of the process, those of its end.
+  // Returns the number of ITaskbarList3 objects not yet released. After the process has ended, the
+  // number is that at its end.
   int LiveTaskbarLists() const;
   TaskbarProgress TaskbarProgressOf(HWND window) const;
 
-  // For the calls. `uses` is the calling thread's.
-  HRESULT Initialize(int* uses);  // S_FALSE when it was already
+  // For the COM functions. `uses` is the use count of the calling thread.
+  HRESULT Initialize(int* uses);  // S_FALSE if already initialized
   void Uninitialize(int* uses);
   void CountTaskbarLists(int by);
   void SetTaskbarValue(HWND window, ULONGLONG completed, ULONGLONG total);
   void SetTaskbarState(HWND window, TBPFLAG state);
 
-  void Renew();  // a new process
+  void Renew();  // for a new process
 
  private:
   mutable std::mutex mutex_;

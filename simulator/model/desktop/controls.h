@@ -1,4 +1,4 @@
-// What edit controls and progress bars make of the messages that they are sent.
+// How edit controls and progress bars handle messages.
 #ifndef SIMULATOR_MODEL_DESKTOP_CONTROLS_H_
 #define SIMULATOR_MODEL_DESKTOP_CONTROLS_H_
 
@@ -12,11 +12,11 @@ namespace simulator {
 
 struct ControlAnswer {
   LRESULT result = 0;
-  std::vector<WORD> notifications;  // the codes that the dialog is told, in this order
+  std::vector<WORD> notifications;  // notification codes for the dialog, in order
 };
 
-// Aborts for a message that the control does not honour. Progress bars have states since Windows
-// Vista; before, the message is one that they do not know.
+// Handles a message to a control. Aborts if the control does not support the message. Progress bars
+// have states since Windows Vista; earlier versions ignore the message that sets them.
 ControlAnswer SendToControl(Control& control, UINT message, WPARAM wparam, LPARAM lparam,
                             bool has_progress_states);
 

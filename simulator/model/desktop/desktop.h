@@ -37,33 +37,35 @@ class Desktop {
   Dialogs& dialogs() { return *dialogs_; }
   bool has_progress_states() const;
 
-  // A bare window, without a procedure and of no thread: whoever takes them gets its messages.
+  // Creates a bare window, which has no window procedure and belongs to no thread. Any thread can
+  // take its messages.
   HWND CreateWindow();
-  // What is still posted to it is lost, as on Windows.
+  // Destroys a bare window. Its posted messages are discarded, as on Windows.
   void DestroyWindow(HWND window);
-  // A bare one, a dialog or a control.
+  // Returns true if the handle is that of a bare window, a dialog or a control; otherwise returns
+  // false.
   bool HasWindow(HWND window) const;
 
-  // ERROR_INVALID_WINDOW_HANDLE for a window that is not there, ERROR_NOT_ENOUGH_QUOTA once
-  // 10,000 messages wait in it.
+  // Returns ERROR_INVALID_WINDOW_HANDLE if there is no such window, or ERROR_NOT_ENOUGH_QUOTA if
+  // 10,000 messages already wait for it.
   DWORD Post(HWND window, const PostedMessage& message);
-  // Taking from anything but a bare window aborts.
+  // Return the next message of a bare window. Abort if the window is not a bare one.
   std::optional<PostedMessage> Take(HWND window);
   PostedMessage WaitAndTake(HWND window);
 
-  // Resources are those of the program's own .rc at first. One is found in the language asked for,
-  // else in English; icons have no language.
+  // At first the resources are those of the program's own .rc file. A resource is looked up in the
+  // requested language, then in English. Icons have no language.
   void SetString(LANGID language, UINT id, std::string utf8);
   void SetDialog(LANGID language, UINT id, DialogTemplate dialog);
   void SetIcon(UINT id);
   std::optional<std::string> String(LANGID language, UINT id) const;
-  // ERROR_RESOURCE_TYPE_NOT_FOUND when the program has no resource of that kind,
-  // ERROR_RESOURCE_NAME_NOT_FOUND when it has others.
+  // Return ERROR_RESOURCE_TYPE_NOT_FOUND if the program has no resource of that type, or
+  // ERROR_RESOURCE_NAME_NOT_FOUND if it has other resources of that type.
   DWORD FindDialog(LANGID language, UINT id, DialogTemplate* dialog) const;
   DWORD FindIcon(UINT id) const;
 
  private:
-  // With the lock held.
+  // Called with the lock held.
   std::deque<PostedMessage>& QueueOf(HWND window);
 
   const System& system_;

@@ -1,4 +1,4 @@
-// A dialog and its controls as they stand in memory.
+// A dialog and its controls in memory.
 #ifndef SIMULATOR_MODEL_DESKTOP_DIALOG_H_
 #define SIMULATOR_MODEL_DESKTOP_DIALOG_H_
 
@@ -16,30 +16,30 @@ namespace simulator {
 enum class ControlClass { kButton, kEdit, kProgressBar, kStatic };
 
 struct Control {
-  ShownControl shown;  // but for the text and the place on the screen
+  ShownControl shown;  // except the text and the position on the screen
   ControlClass kind = ControlClass::kStatic;
   std::wstring text;
   bool needs_painting = false;
 };
 
 struct Dialog {
-  ShownDialog shown;  // but for the controls
+  ShownDialog shown;  // except the controls
   std::vector<Control> controls;
   DLGPROC procedure = nullptr;
   LONG_PTR user_data = 0;
   uint64_t thread = 0;
-  bool dying = false;  // DestroyWindow is under way
+  bool dying = false;  // DestroyWindow is in progress
   bool has_controls = true;
-  bool was_visited = false;  // since the watcher was told
+  bool was_visited = false;  // since the last call of the watcher
 
-  Control* Find(int id);  // null when there is none any more
+  Control* Find(int id);  // null if there is no such control, or no longer
   ShownDialog Shown() const;
-  // Everything that asks the dialog for its colours paints itself anew.
+  // Marks every control that asks the dialog for its colours for repainting.
   void Invalidate();
 };
 
-// A dialog without window handles, laid out at 96 dots per inch with the borders of Windows 10.
-// Aborts for a style, class or font that is not honoured.
+// Returns a dialog without window handles, laid out at 96 dots per inch with the borders of Windows
+// 10. Aborts if a style, class or font is not supported.
 Dialog LayOut(const DialogTemplate& source);
 
 }  // namespace simulator

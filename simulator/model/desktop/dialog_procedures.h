@@ -1,4 +1,4 @@
-// The calls of dialogs' procedures. All are made on the dialog's own thread and without any lock.
+// Calls of dialog procedures. Every call is made on the dialog's own thread, without a lock held.
 #ifndef SIMULATOR_MODEL_DESKTOP_DIALOG_PROCEDURES_H_
 #define SIMULATOR_MODEL_DESKTOP_DIALOG_PROCEDURES_H_
 
@@ -8,23 +8,25 @@
 
 namespace simulator {
 
-// Tells the procedure its font and then WM_INITDIALOG. Null when the procedure destroyed the dialog
-// meanwhile.
+// Creates a dialog and sends WM_SETFONT and then WM_INITDIALOG to its procedure. Returns null if
+// the procedure destroyed the dialog.
 HWND MakeDialog(Desktop& desktop, WORD id, const DialogTemplate& source, DLGPROC procedure,
                 LPARAM parameter);
 
-// WM_DESTROY and WM_NCDESTROY; the window is there for both, its controls for the first.
+// Destroys a dialog. Its procedure receives WM_DESTROY, then WM_NCDESTROY. The window exists during
+// both messages, its controls only during the first.
 void DestroyDialog(Desktop& desktop, HWND dialog);
 
-// What a message to a dialog or one of its controls does there and then. Aborts for a message that
-// is not honoured.
+// Sends a message to a dialog or one of its controls and returns the result. Aborts if the message
+// is not supported.
 LRESULT Send(Desktop& desktop, HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
-// A message out of the queue. Nothing happens for a window that is gone.
+// Dispatches a message from the queue. Has no effect if the window has been destroyed.
 LRESULT Dispatch(Desktop& desktop, const MSG& message);
 
-// For the rule that answers a message box: what a standing box lets through, the clock having been
-// moved or not. Ends when nothing waits any more for the calling thread, or only WM_QUIT.
+// Dispatches the messages that an open message box would dispatch. The rule that answers the box
+// may call this, with or without having advanced the clock. Returns when no message other than
+// WM_QUIT waits for the calling thread.
 void DispatchBesideBox(Desktop& desktop);
 
 }  // namespace simulator

@@ -29,7 +29,7 @@ struct ControlTemplate {
   WORD id = 0;
   std::string window_class;  // "EDIT", "STATIC", "BUTTON", "msctls_progress32"
   DialogRectangle rectangle;
-  DWORD style = 0;  // whole: WS_CHILD and what else the statement stands for are in it
+  DWORD style = 0;  // complete, including WS_CHILD and what the statement implies
   DWORD extended_style = 0;
   std::string text;
 };

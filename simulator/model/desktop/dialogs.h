@@ -23,65 +23,72 @@ struct Control;
 struct Dialog;
 struct ShownDialog;
 
-// Thread-safe. A window belongs to the thread that made it.
+// Thread-safe. A window belongs to the thread that created it.
 class Dialogs {
  public:
-  // Wakes who waits for a message when the clock is moved.
+  // When the time changes, threads that wait for messages check their timers.
   explicit Dialogs(Clock& clock);
   ~Dialogs();
   Dialogs(const Dialogs&) = delete;
   Dialogs& operator=(const Dialogs&) = delete;
 
-  // What tests see and do. Every dialog that was made, in that order, destroyed ones as well.
+  // For tests. Returns every dialog that was created, in order of creation, including destroyed
+  // ones.
   std::vector<ShownDialog> All() const;
-  // The dialog made last, once one stands.
+  // Waits until a dialog exists and returns the one created last.
   HWND WaitForDialog();
-  // Until the dialog's thread waits for messages and there are none, or the dialog is gone.
+  // Waits until the dialog's thread waits for messages and none is left, or until the dialog is
+  // destroyed.
   void WaitUntilIdle(HWND dialog);
-  // Posts what a click on a button sends. Aborts when there is no such button to see.
+  // Posts the message that a click on a button sends. Aborts if there is no such visible button.
   void Click(HWND dialog, int id);
   void Press(HWND dialog, WPARAM key);
-  // Messages that were lost with their windows since the last time, so that what they carry can be
-  // freed. Windows would leave it to the end of the process.
+  // Returns the messages that were discarded with their windows since the last call, so that the
+  // caller can free memory that they refer to. On Windows such memory remains allocated until the
+  // process ends.
   std::vector<MSG> TakeLost();
 
-  // Called with a dialog that may look different whenever its thread has handled a message or is
-  // about to show a box, and once it is destroyed: on that thread, without a lock held.
+  // Called with a dialog whose appearance may have changed: whenever its thread has handled a
+  // message or is about to show a message box, and after the dialog is destroyed. The call is made
+  // on the dialog's thread, without a lock held.
   using Watcher = std::function<void(const ShownDialog&)>;
   void Watch(Watcher watcher);
-  // From now on who posts to another thread's window goes on when everything posted there has been
-  // handled, or, should the window go, at the end of the process. Windows may happen to run threads
-  // that way.
+  // From now on, a thread that posts to a window of another thread continues only after every
+  // message posted there has been handled, or, if the window is destroyed, at the end of the
+  // process. This is one of the schedules that can occur on Windows.
   void HandlePostsAtOnce();
 
-  // A handle that no window has had.
+  // Returns a handle that no window has ever had.
   HWND NewHandle();
   bool Has(HWND window) const;
   HWND Add(WORD id, Dialog dialog, DLGPROC procedure);
   void RemoveControls(HWND dialog);
-  void Remove(HWND dialog);  // behind its controls
-  // Calls `visit`, under the lock, with the dialog, and the control when the window is one, and
-  // returns what it returns. ERROR_INVALID_WINDOW_HANDLE when there is no such window; aborts when
-  // it is another thread's.
+  void Remove(HWND dialog);  // after its controls
+  // Calls `visit` with the lock held and returns its result. The arguments are the dialog and, if
+  // the window is a control, the control. Returns ERROR_INVALID_WINDOW_HANDLE if there is no such
+  // window. Aborts if the window belongs to another thread.
   DWORD Visit(HWND window, const std::function<DWORD(Dialog&, Control*)>& visit);
   bool IsOfThisThread(HWND window) const;
-  // Tells the watcher of the calling thread's dialogs.
+  // Calls the watcher for the dialogs of the calling thread.
   void TellWatcher();
 
-  // ERROR_INVALID_WINDOW_HANDLE, ERROR_NOT_ENOUGH_QUOTA once 10,000 messages wait for the thread.
+  // Returns ERROR_INVALID_WINDOW_HANDLE if there is no such window, or ERROR_NOT_ENOUGH_QUOTA if
+  // 10,000 messages already wait for its thread.
   DWORD Post(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   void Quit(int exit_code);
-  // Whether WM_QUIT waits for the calling thread. Windows closes a message box then at once.
+  // Returns true if WM_QUIT waits for the calling thread; otherwise returns false. In this case
+  // Windows closes a message box at once.
   bool HasQuit() const;
-  void SetTimer(Dialog& dialog, UINT_PTR id, UINT milliseconds);  // called by a visit
-  bool KillTimer(Dialog& dialog, UINT_PTR id);                    // called by a visit
-  // The calling thread's next message: what was posted, WM_QUIT, painting, timers. Nothing when the
-  // process has ended.
+  void SetTimer(Dialog& dialog, UINT_PTR id, UINT milliseconds);  // called within Visit
+  bool KillTimer(Dialog& dialog, UINT_PTR id);                    // called within Visit
+  // Waits for the next message of the calling thread. Posted messages come first, then WM_QUIT,
+  // painting and timers. Returns nothing if the process has ended.
   std::optional<MSG> WaitForMessage();
-  // One that waits already, as a message box takes it: WM_QUIT stays.
+  // Returns a message that is already waiting, as the message loop of a message box does. WM_QUIT
+  // stays in the queue.
   std::optional<MSG> TakeBesideBox();
 
-  // All windows vanish, without a message, and whoever waits for one stops waiting.
+  // Destroys all windows without sending messages, and ends all waits for messages.
   void EndProcess();
   void StartProcess();
 
@@ -97,7 +104,7 @@ class Dialogs {
     bool is_waited_for = false;
   };
 
-  // With the lock held.
+  // Called with the lock held.
   void Lose(const std::vector<MSG>& messages);
   HWND NextHandle();
   Place* Find(HWND window);

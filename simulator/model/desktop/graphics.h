@@ -1,4 +1,4 @@
-// Device contexts, stock brushes and icons: what their handles stand for.
+// Device contexts, stock brushes and icons, and their handles.
 #ifndef SIMULATOR_MODEL_DESKTOP_GRAPHICS_H_
 #define SIMULATOR_MODEL_DESKTOP_GRAPHICS_H_
 
@@ -13,22 +13,25 @@
 
 namespace simulator {
 
-// By GetStockObject's number; the other way nothing for what is no stock object.
+// Convert between handles of stock objects and the numbers that GetStockObject takes. StockNumber
+// returns nothing if the handle is not that of a stock object.
 HGDIOBJ StockObject(int number);
 std::optional<int> StockNumber(HGDIOBJ object);
 
-// By the resource's number. The other way 0 for null; what is no icon aborts.
+// Convert between icon handles and resource numbers. NumberOfIcon returns 0 for null, and aborts if
+// the handle is not that of an icon.
 HICON IconOfNumber(int number);
 int NumberOfIcon(HICON icon);
 
-// Thread-safe. Handles are never used twice.
+// Thread-safe. Handles are never reused.
 class DeviceContexts {
  public:
-  // As every context begins: black on white, opaque.
+  // Creates a context with the default colours: black on white, opaque.
   HDC Make();
-  // False when there is no such context.
+  // Calls `change` with the context's colours. Returns false if there is no such context; otherwise
+  // returns true.
   bool Change(HDC context, const std::function<void(ShownColors&)>& change);
-  // Its colours; the handle is good for nothing any more.
+  // Destroys the context and returns its colours. The handle is invalid afterwards.
   ShownColors Remove(HDC context);
 
  private:

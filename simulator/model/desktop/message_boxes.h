@@ -1,4 +1,4 @@
-// The message boxes that the simulated process shows. Nobody sits before them: a rule answers.
+// The message boxes that the simulated process shows. A rule answers them in place of a user.
 #ifndef SIMULATOR_MODEL_DESKTOP_MESSAGE_BOXES_H_
 #define SIMULATOR_MODEL_DESKTOP_MESSAGE_BOXES_H_
 
@@ -24,16 +24,16 @@ struct ShownMessageBox {
 // Thread-safe.
 class MessageBoxes {
  public:
-  // Tells the watcher of `dialogs` before a box is shown.
+  // The watcher of `dialogs` is called before a box is shown.
   explicit MessageBoxes(Dialogs& dialogs) : dialogs_(dialogs) {}
 
-  // The answer of every box from now on; IDOK without a rule. The rule runs on the thread that
-  // shows the box. An answer that the box has no button for aborts.
+  // Sets the rule that answers every box from now on. Without a rule the answer is IDOK. The rule
+  // runs on the thread that shows the box. Aborts if the box has no button for the answer.
   void Answer(std::function<int(const ShownMessageBox&)> rule);
-  // Those answered so far, in order.
+  // Returns the boxes answered so far, in order.
   std::vector<ShownMessageBox> Shown() const;
 
-  // For the call: shows a box and returns its answer.
+  // For MessageBoxA. Shows a box and returns its answer.
   int Show(ShownMessageBox box);
 
  private:

@@ -1,4 +1,4 @@
-// The shutdown that somebody asked the system for.
+// The scheduled shutdown of the system.
 #ifndef SIMULATOR_MODEL_DESKTOP_SHUTDOWN_H_
 #define SIMULATOR_MODEL_DESKTOP_SHUTDOWN_H_
 
@@ -21,14 +21,14 @@ struct ShutdownRequest {
 // Thread-safe.
 class Shutdown {
  public:
-  // The shutdown to come, if there is one. It outlives the process that asked for it, and the clock
-  // never brings it about.
+  // Returns the scheduled shutdown, if there is one. It remains after the process that requested it
+  // has ended. It is never carried out, even if the clock passes its time.
   std::optional<ShutdownRequest> Scheduled() const {
     const std::lock_guard lock(mutex_);
     return scheduled_;
   }
 
-  // ERROR_SHUTDOWN_IN_PROGRESS when there is one already.
+  // Returns ERROR_SHUTDOWN_IN_PROGRESS if a shutdown is already scheduled.
   DWORD Schedule(ShutdownRequest request) {
     const std::lock_guard lock(mutex_);
     if (scheduled_) return ERROR_SHUTDOWN_IN_PROGRESS;

@@ -1,5 +1,5 @@
-// Volumes, drive letters and the files on them, in memory, as the calls of the program use them.
-// Functions that can fail return a system error code, 0 (ERROR_SUCCESS) if they did not.
+// In-memory volumes, drive letters and files, as the functions that the program calls use them.
+// Functions that can fail return a system error code, or ERROR_SUCCESS.
 #ifndef SIMULATOR_MODEL_FILES_FILES_H_
 #define SIMULATOR_MODEL_FILES_FILES_H_
 
@@ -24,9 +24,9 @@ struct PathName;
 struct SecurityChange;
 class Security;
 class SharedDescriptors;
-// A file that is open. Bytes as they lie on the disk; text mode is TextFile's work.
+// An open file. Bytes are read and written unchanged; TextFile implements text mode.
 class OpenFile;
-// A file or folder that a handle stands for.
+// A file or folder opened by a handle.
 class OpenNode;
 
 enum class Creation { kOpenExisting, kCreateAlways, kOpenAlways };
@@ -34,12 +34,12 @@ enum class Creation { kOpenExisting, kCreateAlways, kOpenAlways };
 struct OpenMode {
   bool read = false;
   bool write = false;
-  bool append = false;  // every write goes to the end
-  bool alone = false;   // shares nothing; otherwise reading and writing are shared, never deleting
+  bool append = false;  // every write is at the end of the file
+  bool alone = false;   // shares nothing; otherwise reading and writing are shared, deleting is not
   Creation creation = Creation::kOpenExisting;
 };
 
-// What CreateFile asks for.
+// The parameters of CreateFile.
 struct HandleMode {
   ACCESS_MASK access = 0;  // generic rights allowed
   DWORD share = 0;
@@ -47,10 +47,10 @@ struct HandleMode {
   bool open_reparse_point = false;
 };
 
-// The one implementation of Files.
+// The only implementation of Files.
 class FileSystem final : public Files {
  public:
-  // `security` tells whom access is checked for; it must outlive this object.
+  // `security` is the token that access is checked against; it must outlive this object.
   explicit FileSystem(const Security& security);
   ~FileSystem() override;
 
@@ -76,13 +76,14 @@ class FileSystem final : public Files {
   std::optional<std::string> JunctionTarget(std::string_view path) const override;
   void Watch(Watcher watcher) override;
 
-  // A file that is only to be read, by the program alone; see made_bytes.h.
+  // Creates a file whose bytes are generated when it is read; see made_bytes.h. Only the program
+  // may read it, and nothing may write it.
   void WriteMade(std::string_view path,
                  std::function<size_t(uint64_t offset, char* buffer, size_t size)> make_bytes);
   std::optional<char> FreeLetter() const;  // the first from C on
 
-  // What the calls of the program need. Junctions on the way are followed; at the end of a path
-  // only opening follows them.
+  // For the functions that the program calls. Junctions within a path are followed; a junction at
+  // the end of a path is followed only when it is opened.
   DWORD Attributes(std::string_view path, DWORD* attributes) const;
   DWORD ChangeAttributes(std::string_view path, DWORD attributes);
   DWORD MakeDirectory(std::string_view path);    // one level
@@ -91,55 +92,59 @@ class FileSystem final : public Files {
   DWORD Open(std::string_view path, const OpenMode& mode, std::shared_ptr<OpenFile>* file);
   DWORD OpenHandle(std::string_view path, const HandleMode& mode, std::shared_ptr<OpenNode>* node);
   DWORD SetReparsePoint(const OpenNode& node, std::string_view buffer);
-  // Passes on to all below what they inherit.
+  // Sets the descriptor and propagates inheritable entries to the objects below the path. An object
+  // that the program may not change is skipped together with everything below it.
   DWORD SetSecurity(std::string_view path, const SecurityChange& change);
-  std::string FullPath(std::string_view path) const;  // empty when there is none
-  // DRIVE_NO_ROOT_DIR for what is not the root of a mounted volume.
+  std::string FullPath(std::string_view path) const;  // empty if there is none
+  // Returns DRIVE_NO_ROOT_DIR if the path is not the root of a mounted volume.
   UINT DriveType(std::string_view root) const;
 
-  // Where relative paths start; the system directory at first.
+  // Sets the current directory, from which relative paths start. At first it is the system
+  // directory.
   void SetCurrentFolder(std::string full_path);
 
  private:
-  enum class AtEnd { kStay, kFollow };  // what a junction at the end of a path means
+  enum class AtEnd { kStay, kFollow };  // how a junction at the end of a path is treated
 
-  // What access is checked with besides descriptors: with the intent to back up or restore, the
-  // privileges for that count.
+  // How access is checked. With kBackup, enabled backup and restore privileges grant access in
+  // addition to descriptors.
   enum class Intent { kPlain, kBackup };
 
-  // Where a path leads. Without a node there is a parent folder that lacks the last name.
+  // The object that a path leads to. If `node` is null, `parent` is the existing folder that has no
+  // child of the last name.
   struct Place {
     std::shared_ptr<Volume> volume;
     std::shared_ptr<Node> parent;  // null for a root
-    std::shared_ptr<Node> node;    // null when there is none
+    std::shared_ptr<Node> node;    // null if it does not exist
     std::string name;
     bool ends_in_separator = false;
-    size_t bounded_length = 0;  // of the full path; 0 for a verbatim one
+    size_t bounded_length = 0;  // of the full path; 0 for a verbatim path
   };
 
-  // These hold the lock already.
+  // These are called with the lock held.
   DWORD Locate(std::string_view path, AtEnd at_end, Place* place) const;
-  // Stops at a junction that is to be followed and tells the path that it leads to.
+  // Stops at a junction that is to be followed and sets `onward` to the path that it leads to.
   DWORD Walk(const PathName& path, AtEnd at_end, Place* place, std::string* onward) const;
-  // What is there, as far as the path tells it from a file.
+  // Locates an existing object. A path that ends in a separator does not lead to a file.
   DWORD LocateExisting(std::string_view path, Place* place) const;
   DWORD Prepare(const Place& place, const OpenMode& mode, std::shared_ptr<Node>* node);
   DWORD Erase(const Place& place);
   std::shared_ptr<Node> Add(Node& parent, std::string_view name, DWORD attributes);
   std::shared_ptr<Node> MakeBelow(const Volume& volume, const std::vector<std::string>& names,
                                   DWORD attributes);
-  std::shared_ptr<Node> Find(std::string_view path) const;  // null when there is none
+  std::shared_ptr<Node> Find(std::string_view path) const;  // null if there is none
   const Volume& VolumeFor(std::string_view path) const;
 
-  // Whether the program has the rights. A parent may grant what the node does not.
+  // Return true if the program has the rights; otherwise return false. A parent may grant a right
+  // that the node does not.
   bool May(const Place& place, ACCESS_MASK wanted, Intent intent) const;
   bool May(const Volume& volume, const Node& node, ACCESS_MASK wanted, Intent intent) const;
   DWORD CheckChange(const Place& place, const SecurityChange& change) const;
-  struct Passed;  // what has been made of a descriptor that others inherit, too
+  struct Passed;  // results of propagation, which objects with equal descriptors share
   void PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
               Passed* passed);
 
-  // With the open files, which may outlive this.
+  // Shared with open files, which may outlive this object.
   struct Shared {
     std::mutex mutex;
     Watcher watcher;

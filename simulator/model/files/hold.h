@@ -1,4 +1,4 @@
-// Who has a node open, and what that leaves to others.
+// The open handles of a node, and which access they leave to others.
 #ifndef SIMULATOR_MODEL_FILES_HOLD_H_
 #define SIMULATOR_MODEL_FILES_HOLD_H_
 
@@ -11,14 +11,17 @@
 
 namespace simulator {
 
-// Counts among those who hold a node until it goes. Whoever opens a node for neither reading,
-// writing nor deleting, say for its attributes, is not counted and disturbs nobody.
+// Represents one open handle of a node until destroyed. A handle without access for reading,
+// writing or deleting, for example one for attributes, is not counted and conflicts with no other
+// handle.
 class Hold {
  public:
-  // Whether those who hold the node leave room for `access`, and `share` for what they do.
+  // Returns true if the existing handles permit `access`, and `share` permits the access of the
+  // existing handles; otherwise returns false.
   static bool IsPossible(const Sharing& sharing, ACCESS_MASK access, DWORD share);
 
-  // Made under the lock of Files, which its end takes itself.
+  // The constructor is called with the lock of Files held. The destructor acquires that lock
+  // itself.
   Hold(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Node> node, ACCESS_MASK access,
        DWORD share);
   ~Hold();

@@ -1,4 +1,5 @@
-// The bytes of a file that are made as they are read, so that it may be longer than memory.
+// Bytes of a file that are generated when they are read, so that the file may be larger than
+// memory.
 #ifndef SIMULATOR_MODEL_FILES_MADE_BYTES_H_
 #define SIMULATOR_MODEL_FILES_MADE_BYTES_H_
 
@@ -8,9 +9,9 @@
 
 namespace simulator {
 
-// Puts what lies from `offset` on into the buffer, at most `size` bytes, and returns how many; 0
-// only at the file's end. Called on any thread, under the lock of Files: it asks nothing of the
-// server.
+// Copies the bytes from `offset` on into the buffer, at most `size`, and returns their number,
+// which is 0 only at the end of the file. Called on any thread with the lock of Files held, so that
+// the function must not call the server.
 using MakeBytes = std::function<size_t(uint64_t offset, char* buffer, size_t size)>;
 
 }  // namespace simulator

@@ -15,7 +15,8 @@ namespace simulator {
 
 struct Descriptor;
 
-// Who has a node open for its contents, and what all of them let others do.
+// The numbers of handles that access a node's contents, and of those that share each kind of
+// access.
 struct Sharing {
   int holders = 0;
   int readers = 0;
@@ -26,30 +27,32 @@ struct Sharing {
   int share_deleting = 0;
 };
 
-// Guarded by the lock of Files. Whoever builds a tree before it is added to Files sets the name,
-// the attributes and what he wants of the rest, and keys children by NameKey (AddChild does).
+// Guarded by the lock of Files. Code that builds a tree before it is added to Files sets the name,
+// the attributes and any further members, and uses NameKey for the keys of children, as AddChild
+// does.
 struct Node {
-  std::string name;  // as it was made; empty for a root
+  std::string name;  // as it was created; empty for a root
   DWORD attributes = FILE_ATTRIBUTE_ARCHIVE;
-  std::string bytes;     // of a file
-  MakeBytes make_bytes;  // makes them in place of `bytes`; such a file can only be read
-  // Null only before the node is in a Files, which then makes the one that the parent lets inherit.
-  // Nodes share one that is the same.
+  std::string bytes;     // for a file
+  MakeBytes make_bytes;  // generates the bytes in place of `bytes`; such a file is read-only
+  // Null only until the node is added to a Files object, which then assigns the descriptor
+  // inherited from the parent. Nodes with equal descriptors may share one object.
   std::shared_ptr<const Descriptor> security;
-  // The buffer of a reparse point as it was set, see junction.h; empty when the node is none.
-  // FILE_ATTRIBUTE_REPARSE_POINT goes with it: MakeReparsePoint sets both.
+  // The buffer of a reparse point as it was set, see junction.h; empty if the node is not a reparse
+  // point. FILE_ATTRIBUTE_REPARSE_POINT is set if and only if this is not empty: MakeReparsePoint
+  // sets both.
   std::string reparse_data;
-  std::map<std::string, std::shared_ptr<Node>> children;  // of a folder, by NameKey
+  std::map<std::string, std::shared_ptr<Node>> children;  // for a folder, by NameKey
   Sharing sharing;
 
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-  // Null when there is none.
+  // Returns null if there is no such child.
   std::shared_ptr<Node> Child(std::string_view child) const;
-  // What lies at that path behind this folder, "Data\a.txt"; null when nothing does. Junctions are
-  // not followed.
+  // Returns the node at a path below this folder, such as "Data\a.txt", or null if it does not
+  // exist. Junctions are not followed.
   const Node* Find(std::string_view path) const;
-  // Makes one, without a descriptor; there is none of that name yet.
+  // Creates a child without a descriptor. A child of that name must not exist.
   std::shared_ptr<Node> AddChild(std::string_view child, DWORD child_attributes);
 
   void MakeReparsePoint(std::string buffer);

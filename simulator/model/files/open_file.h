@@ -1,4 +1,4 @@
-// A file that is open: bytes as they lie on the disk.
+// An open file, read and written as unchanged bytes.
 #ifndef SIMULATOR_MODEL_FILES_OPEN_FILE_H_
 #define SIMULATOR_MODEL_FILES_OPEN_FILE_H_
 
@@ -14,8 +14,8 @@
 
 namespace simulator {
 
-// Holds the file until it goes; stays usable when the volume has lost its letter. Made by Files.
-// Functions that can fail return a system error code. Thread-safe.
+// Keeps the file open until destroyed. It remains usable after the volume has lost its letter.
+// Created by Files. Functions that can fail return a system error code. Thread-safe.
 class OpenFile {
  public:
   OpenFile(std::shared_ptr<FileSystem::Shared> shared, std::shared_ptr<Volume> volume,
@@ -24,20 +24,20 @@ class OpenFile {
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
 
-  // The path it was opened by.
+  // The path by which the file was opened.
   const std::string& Path() const { return path_; }
 
-  // Reads at most `size` bytes from the position; none at the end of the file.
+  // Reads at most `size` bytes from the current position; reads none at the end of the file.
   DWORD Read(char* buffer, size_t size, size_t* read);
 
-  // Writes at the position, or at the end when it was opened to append. What fits is written
-  // before ERROR_DISK_FULL.
+  // Writes at the current position, or at the end of the file if it was opened to append. Before it
+  // returns ERROR_DISK_FULL, it writes as many bytes as fit.
   DWORD Write(std::string_view bytes, size_t* written);
 
-  // Moves the position back over the byte just read.
+  // Moves the position back by the byte just read.
   void StepBack();
 
-  // Cuts the file's last byte when it is `byte`.
+  // Removes the last byte of the file if it is `byte`.
   void DropLast(char byte);
 
  private:

@@ -1,4 +1,4 @@
-// What a handle to a file or folder stands for.
+// The object that a handle to a file or folder refers to.
 #ifndef SIMULATOR_MODEL_FILES_OPEN_NODE_H_
 #define SIMULATOR_MODEL_FILES_OPEN_NODE_H_
 
@@ -24,7 +24,7 @@ class OpenNode : public Object {
 
   const Volume& On() const { return *volume_; }
   Node& Held() const { return hold_->Held(); }    // guarded by the lock of Files
-  ACCESS_MASK Access() const { return access_; }  // what was granted, without generic rights
+  ACCESS_MASK Access() const { return access_; }  // the granted rights, without generic ones
 
  private:
   const std::shared_ptr<Volume> volume_;

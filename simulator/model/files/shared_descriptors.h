@@ -1,4 +1,4 @@
-// Descriptors that nodes get from their parents, one object for all that get the same.
+// Descriptors that nodes inherit from their parents. Equal inherited descriptors share one object.
 #ifndef SIMULATOR_MODEL_FILES_SHARED_DESCRIPTORS_H_
 #define SIMULATOR_MODEL_FILES_SHARED_DESCRIPTORS_H_
 
@@ -17,24 +17,25 @@ class SharedDescriptors {
  public:
   using Shared = std::shared_ptr<const Descriptor>;
 
-  // `creator` makes all nodes; it outlives this.
+  // `creator` is the creator of all nodes; it must outlive this object.
   explicit SharedDescriptors(const Identity& creator);
 
-  // Of a volume's root as Windows formats NTFS.
+  // Returns the descriptor that Windows assigns to the root of a new NTFS volume.
   const Shared& OfRoot() const { return root_; }
 
-  // Of a new file or folder.
+  // Returns the descriptor of a new file or folder.
   Shared Below(const Shared& parent, bool is_folder);
 
-  // Gives `node` and all below it what they lack: `missing` or what their parents let inherit.
+  // Assigns a descriptor to `node` and to every node below it that has none: `missing` to `node`
+  // itself, and to the others what their parents let inherit.
   void Complete(Node& node, const Shared& missing);
 
  private:
-  using Children = std::array<Shared, 2>;  // a file's and a folder's; null when not yet asked for
+  using Children = std::array<Shared, 2>;  // a file's and a folder's; null until first requested
 
   const Identity& creator_;
   const Shared root_;
-  std::map<Shared, Children> children_;  // by the parent's, which lives on in it
+  std::map<Shared, Children> children_;  // by the parent's, which this keeps alive
 };
 
 }  // namespace simulator

@@ -15,20 +15,21 @@ namespace simulator {
 
 enum class Translation { kText, kBinary };
 
-// Text mode reads CR LF as LF, keeps every other CR, and takes Ctrl-Z (0x1A) as the end of the file
-// for good. It writes each LF as CR LF, also one that follows a CR. Functions return a system error
-// code. One thread at a time.
+// Text mode reads CR LF as LF, keeps every other CR, and treats the first Ctrl-Z (0x1A) as the end
+// of the file. It writes each LF as CR LF, even after a CR. Functions return a system error code.
+// Not thread-safe.
 class TextFile {
  public:
-  // A text file open for reading and writing loses a final Ctrl-Z.
+  // If a text file is opened for reading and writing, a final Ctrl-Z is removed from it.
   TextFile(std::shared_ptr<OpenFile> file, Translation translation, bool reads_and_writes);
 
   const std::string& Path() const { return file_->Path(); }
 
-  // Reads at most `size` characters, at least one unless the file ends here.
+  // Reads at most `size` characters, and at least one except at the end of the file.
   DWORD Read(char* buffer, size_t size, size_t* read);
 
-  // `written` counts the caller's characters, not the bytes that they became.
+  // `written` is the number of the caller's characters written, not the number of bytes after
+  // translation.
   DWORD Write(std::string_view text, size_t* written);
 
  private:

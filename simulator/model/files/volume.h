@@ -12,17 +12,18 @@ namespace simulator {
 
 struct Node;  // a file or folder, see node.h
 
-// Its letter, if it has one, is kept by Files. What the program writes and deletes counts against
-// `free`; what tests put there does not.
+// A volume. Files stores its drive letter, if it has one. Writes and deletions by the program
+// change `free`; those by tests do not.
 struct Volume {
   std::string label;
   std::string file_system = "NTFS";
   uint64_t size = 0;                  // bytes
   uint64_t free = UINT64_C(1) << 40;  // bytes that can still be written
   UINT drive_type = DRIVE_FIXED;
-  std::shared_ptr<Node> root;  // made when it is added to Files
+  std::shared_ptr<Node> root;  // created when the volume is added to Files
 
-  // Descriptors and reparse points are NTFS's alone.
+  // Returns true if the volume supports descriptors and reparse points, as only NTFS does;
+  // otherwise returns false.
   bool KeepsNtfsData() const { return file_system == "NTFS"; }
 };
 

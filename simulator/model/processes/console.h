@@ -1,4 +1,4 @@
-// The console and the debugger that listen to the simulated process.
+// The console and the debugger of the simulated process.
 #ifndef SIMULATOR_MODEL_PROCESSES_CONSOLE_H_
 #define SIMULATOR_MODEL_PROCESSES_CONSOLE_H_
 
@@ -11,7 +11,7 @@
 
 namespace simulator {
 
-// Text printed while one set of attributes was in force; 7 is grey on black.
+// Text printed with one set of attributes; 7 is grey on black.
 struct ConsoleSpan {
   WORD attributes;
   std::string text;
@@ -24,8 +24,8 @@ class Console {
   void SetAttributes(WORD attributes);
   WORD Attributes() const;
 
-  // Neighbouring spans of the same attributes are one. Text as the program printed it, without
-  // the runtime's translation of line ends.
+  // Adjacent spans have different attributes. The text is as the program printed it, without the
+  // runtime's translation of line ends.
   std::vector<ConsoleSpan> Spans() const;
   std::string Text() const;
 

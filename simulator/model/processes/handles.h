@@ -12,31 +12,33 @@
 
 namespace simulator {
 
-// What a handle stands for. An object lives as long as a handle, here or in a child, holds it.
+// The object that a handle refers to. It exists as long as a handle of this process or of a child
+// refers to it.
 class Object {
  public:
   virtual ~Object() = default;
-  // "pipe read end", "process": for leak reports.
+  // Returns the kind of object for leak reports: "pipe read end", "process".
   virtual std::string Kind() const = 0;
 };
 
-// Thread-safe. Values are never used twice, so a stale handle is always seen as one.
+// Thread-safe. Handle values are never reused, so that the use of a closed handle is always
+// detected.
 class Handles {
  public:
   HANDLE Insert(std::shared_ptr<Object> object, bool inheritable);
 
-  // Null when the handle is not open or stands for another kind of object.
+  // Returns null if the handle is not open or refers to an object of another kind.
   template <typename Kind>
   std::shared_ptr<Kind> Find(HANDLE handle) const {
     return std::dynamic_pointer_cast<Kind>(FindObject(handle));
   }
 
-  // False when the handle is not open.
+  // Returns false if the handle is not open; otherwise closes it and returns true.
   bool Close(HANDLE handle);
   void CloseAll();
 
   std::vector<std::shared_ptr<Object>> Inheritable() const;
-  // The kinds of all open handles, in the order of their opening.
+  // Returns the kinds of all open handles, in the order in which they were opened.
   std::vector<std::string> OpenKinds() const;
 
  private:

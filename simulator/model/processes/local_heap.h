@@ -1,4 +1,4 @@
-// The platform heap: blocks that calls hand out and the program gives back by LocalFree.
+// The local heap: blocks that functions allocate and the program frees with LocalFree.
 #ifndef SIMULATOR_MODEL_PROCESSES_LOCAL_HEAP_H_
 #define SIMULATOR_MODEL_PROCESSES_LOCAL_HEAP_H_
 
@@ -6,13 +6,14 @@
 
 namespace simulator {
 
-// The heap belongs to the process, not to a server: blocks may outlive theirs. Thread-safe.
+// The heap belongs to the process, not to a server; blocks may outlive the server on which they
+// were allocated. Thread-safe.
 void* AllocateLocal(size_t size);  // zeroed
 
-// False for what is no live block.
+// Returns false if `block` is not an allocated block; otherwise frees it and returns true.
 bool FreeLocal(void* block);
 
-// Blocks not yet given back.
+// Returns the number of blocks not yet freed.
 int LiveLocalBlocks();
 
 }  // namespace simulator

@@ -13,37 +13,39 @@ namespace simulator {
 
 class Server;
 
-// The program's own file in memory: the instance that its entry point gets.
+// The module handle of the program, which its entry point receives as the instance.
 inline HINSTANCE ProgramModule() { return reinterpret_cast<HINSTANCE>(UINT_PTR{0x1'4000'0000}); }
 
-// Stands from the start, so that tests may call without a run. Once it has ended, every numbered
-// call fails with ERROR_PROCESS_ABORTED, EIO in the C runtime, changes nothing and is not kept, and
-// what the program prints is lost; who waits in a call returns. So the threads of the program come
-// to their ends, and the server stays as it was. Handles stay open to be looked at.
+// The process exists from the start, so that tests may call functions without a run. Once it has
+// ended, every numbered call fails with ERROR_PROCESS_ABORTED, or EIO in the C runtime; it changes
+// nothing and is not recorded. Output of the program is discarded, and every waiting call returns.
+// This way the threads of the program come to their ends, and the server remains unchanged. Handles
+// stay open for inspection.
 class OwnProcess {
  public:
   explicit OwnProcess(Server& server) : server_(server) {}
 
-  // Runs the program's entry point on the calling thread until it returns or calls ExitProcess, and
-  // ends the process: its threads have ended then, and its children, which Windows would leave
-  // running, are terminated. Returns the exit code. A further run is that of a new process: no
-  // handle open, no thread's language set, privileges as at first.
+  // Runs the program's entry point on the calling thread until it returns or calls ExitProcess,
+  // then ends the process and returns the exit code. By then all threads have ended and the
+  // children have been terminated, although Windows would leave children running. A further run is
+  // that of a new process: no handle is open, no thread has a language set, and privileges are as
+  // at first.
   int Run(const std::function<int()>& entry);
 
-  // For ExitProcess, on the thread of the entry point only. Leaves by an exception of its own:
-  // destructors run that Windows would leave out, and what they call fails.
+  // For ExitProcess, only on the thread of the entry point. Leaves by throwing an internal
+  // exception: destructors run that do not run on Windows, and the calls that they make fail.
   [[noreturn]] void Exit(UINT exit_code);
 
-  // Ends the process where it stands, as somebody who kills it or a power cut would; any thread of
-  // the program. Returns to it, and Run returns once all of them have come to their ends:
-  // GetMessage on the thread of the entry point, where the program would ask for ever, is left for
-  // it.
+  // Ends the process at its current point, as termination by another process or a power failure
+  // does. Called on any thread of the program; returns to the caller. Run returns once all threads
+  // have ended. GetMessage on the thread of the entry point, which the program would otherwise call
+  // endlessly, leaves the entry point.
   void BreakOff();
-  // Goes back to Run from the thread of the entry point when the process was broken off.
+  // Returns to Run if the process was broken off and the calling thread is that of the entry point.
   void LeaveWhenBrokenOff();
 
   bool HasEnded() const { return end_.stop_requested(); }
-  // Requested at the end: for calls that wait.
+  // The token that is requested at the end of the process, for calls that wait.
   std::stop_token Ending() const { return end_.get_token(); }
 
  private:
@@ -53,7 +55,7 @@ class OwnProcess {
   Server& server_;
   std::stop_source end_;
   std::atomic<bool> broken_off_ = false;
-  std::thread::id runner_;  // of the entry point while it runs
+  std::thread::id runner_;  // the thread of the entry point while it runs
 };
 
 }  // namespace simulator

@@ -1,7 +1,7 @@
-// Anonymous pipes: 4,096 bytes between a writer and a reader.
+// Anonymous pipes with a buffer of 4,096 bytes.
 //
-// An end is closed when the last reference to its object goes, be it the program's handle or the
-// copy that a child inherited.
+// An end is closed when the last reference to its object is released. References are handles of the
+// program and those that a child inherited.
 #ifndef SIMULATOR_MODEL_PROCESSES_PIPE_H_
 #define SIMULATOR_MODEL_PROCESSES_PIPE_H_
 
@@ -18,7 +18,7 @@
 
 namespace simulator {
 
-class Pipe;  // what lies between the ends; defined in pipe.cpp
+class Pipe;  // the buffer that both ends share; defined in pipe.cpp
 
 class PipeReadEnd : public Object {
  public:
@@ -26,9 +26,10 @@ class PipeReadEnd : public Object {
   ~PipeReadEnd() override;
   std::string Kind() const override { return "pipe read end"; }
 
-  // Waits for bytes and takes up to `size` (at least 1) of them, across the bounds of writes; none
-  // when a write of zero bytes comes next. ERROR_BROKEN_PIPE once the write end is closed and
-  // everything is read, ERROR_PROCESS_ABORTED when `stop` is requested while this waits.
+  // Waits for bytes and reads up to `size` (at least 1) of them, across the boundaries of writes.
+  // Reads none if the next write is one of zero bytes. Returns ERROR_BROKEN_PIPE if the write end
+  // is closed and all bytes have been read, or ERROR_PROCESS_ABORTED if `stop` is requested during
+  // the wait.
   DWORD Read(char* buffer, size_t size, size_t* count, const std::stop_token& stop = {});
 
  private:
@@ -41,8 +42,8 @@ class PipeWriteEnd : public Object {
   ~PipeWriteEnd() override;
   std::string Kind() const override { return "pipe write end"; }
 
-  // Returns when all bytes have found room. ERROR_NO_DATA when the read end is closed already,
-  // ERROR_BROKEN_PIPE when it is closed, or `stop` is requested, while this waits for room.
+  // Waits until all bytes are in the buffer. Returns ERROR_NO_DATA if the read end is already
+  // closed, or ERROR_BROKEN_PIPE if it is closed, or `stop` is requested, during the wait.
   DWORD Write(std::string_view bytes, const std::stop_token& stop = {});
 
  private:

@@ -1,14 +1,15 @@
-// Whose code a thread runs: the platform's or the program's.
+// Whether a thread runs code of the platform or of the program.
 #ifndef SIMULATOR_MODEL_PROCESSES_PLATFORM_SCOPE_H_
 #define SIMULATOR_MODEL_PROCESSES_PLATFORM_SCOPE_H_
 
 namespace simulator {
 
-// Whether the calling thread is within a call of the platform, and not back in a dialog procedure
-// of the program's. Calls that only read what is there do not count.
+// Returns true if the calling thread is within a call of the platform and not in a dialog procedure
+// of the program; otherwise returns false. Calls that only read existing state are not taken into
+// account.
 bool IsInPlatformCall();
 
-// Says so of the calling thread as long as it lives.
+// Sets the result of IsInPlatformCall for the calling thread until destroyed.
 class PlatformScope {
  public:
   explicit PlatformScope(bool is_in_call = true);

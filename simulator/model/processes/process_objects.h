@@ -1,4 +1,4 @@
-// What the handles of processes and threads stand for.
+// The objects that handles of processes and threads refer to.
 #ifndef SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
 #define SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
 
@@ -22,7 +22,7 @@ class ProcessObject : public Object {
   const std::shared_ptr<ChildProcess> child_;
 };
 
-// Of the program or of a child.
+// A thread of the program or of a child.
 class ThreadObject : public Object {
  public:
   std::string Kind() const override { return "thread"; }

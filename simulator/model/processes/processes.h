@@ -22,19 +22,19 @@ class PipeWriteEnd;
 class Server;
 class ThreadGroup;
 
-// A program: runs on a thread of its own, writes through the child process it is given and returns
-// the exit code. It ends soon after `child.Terminated()` has become true.
+// A program. It runs on a thread of its own, writes through the child process that it receives, and
+// returns the exit code. It has to end soon after `child.Terminated()` returns true.
 using Program = std::function<DWORD(Server& server, ChildProcess& child)>;
 
-// What a child gets from who starts it.
+// The parameters of a child process.
 struct ChildStart {
   std::string program;  // its path or name
   std::string command_line;
   std::vector<std::shared_ptr<Object>> inherited;  // all inheritable handles
-  // The standard handles; null when there is none that can be written to.
+  // The standard handles; null if there is none that can be written to.
   std::shared_ptr<PipeWriteEnd> output;
   std::shared_ptr<PipeWriteEnd> error;
-  // STARTUPINFO's, as the child's GetStartupInfo gives them back.
+  // Members of STARTUPINFO, as the child's GetStartupInfo returns them.
   DWORD flags = 0;
   WORD show_window = 0;
 };
@@ -42,31 +42,33 @@ struct ChildStart {
 // A running child. Thread-safe.
 class ChildProcess {
  public:
-  // The inside, as its program sees it.
+  // Functions for the child's own program.
 
   const std::string& CommandLine() const { return command_line_; }
-  // Split at blanks as the C runtime splits it, quotation marks removed; [0] is the program.
+  // Returns the command line split as the C runtime does it, without quotation marks; [0] is the
+  // program.
   std::vector<std::string> Arguments() const;
   DWORD StartFlags() const { return start_flags_; }
   WORD ShowWindow() const { return show_window_; }
 
-  // One write each; they block while the pipe is full. Without effect once the handle is closed,
-  // its reader is gone, or the child is terminated.
+  // Each call is one write, which waits while the pipe is full. Has no effect if the handle is
+  // closed, its reader is closed, or the child is terminated.
   void WriteOutput(std::string_view bytes);
   void WriteError(std::string_view bytes);
 
-  // Drops every inherited handle, as a program that closes them itself; the child runs on.
+  // Closes every inherited handle, as a program may do itself. The child continues to run.
   void CloseHandles();
 
-  // Returns when somebody has terminated the child.
+  // Waits until the child has been terminated.
   void WaitUntilTerminated();
   bool Terminated() const { return stop_.stop_requested(); }
 
-  // The outside, as who holds its handle sees it.
+  // Functions for the owner of the child's handle.
 
   DWORD ProcessId() const { return process_id_; }
   DWORD ExitCode() const;  // STILL_ACTIVE while it runs
-  // Its handles are dropped at once. ERROR_ACCESS_DENIED when it has ended already.
+  // Terminates the child and closes its handles at once. Returns ERROR_ACCESS_DENIED if the child
+  // has already ended.
   DWORD Terminate(DWORD exit_code);
 
  private:
@@ -74,8 +76,9 @@ class ChildProcess {
 
   ChildProcess(ChildStart start, DWORD process_id);
   void Write(const std::shared_ptr<PipeWriteEnd>& standard, std::string_view bytes);
-  // The exit code is there before the handles go: who saw the end of the output finds it. False
-  // when the child has one already.
+  // Sets the exit code before it closes the handles, so that a reader that has seen the end of the
+  // output can read the exit code. Returns false if the child already has an exit code; otherwise
+  // returns true.
   bool End(DWORD exit_code);
 
   const std::string command_line_;
@@ -94,22 +97,23 @@ class ChildProcess {
 class Processes {
  public:
   explicit Processes(Server& server);
-  ~Processes();  // terminates what still runs and waits for it
+  ~Processes();  // terminates the children that still run and waits for them
 
-  // Makes `name` (no folder, no ".exe"; case does not matter) known in the search path. Replaces
-  // what had that name.
+  // Adds `name` (without folder and ".exe", in any case) to the search path. Replaces an existing
+  // program of that name.
   void Install(std::string_view name, Program program);
   void Uninstall(std::string_view name);
 
-  // Null when no such program is installed; folder, ".exe" and case do not matter.
+  // Starts a program, whose folder, ".exe" and case are ignored. Returns null if it is not
+  // installed.
   std::shared_ptr<ChildProcess> Start(ChildStart start);
 
-  // Command lines of all children started, in order.
+  // Returns the command lines of all children started, in order.
   std::vector<std::string> Started() const;
 
-  // Terminates what runs and, as soon as it starts, what starts from now on.
+  // Terminates all running children, and from now on every new child as soon as it starts.
   void TerminateAll();
-  // Lets children start again as ever.
+  // From now on, new children are no longer terminated.
   void Reopen();
 
   // Waits until every child has ended.

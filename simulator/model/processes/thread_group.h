@@ -1,4 +1,4 @@
-// Threads that are waited for together.
+// A group of threads that can be waited for together.
 #ifndef SIMULATOR_MODEL_PROCESSES_THREAD_GROUP_H_
 #define SIMULATOR_MODEL_PROCESSES_THREAD_GROUP_H_
 
@@ -17,7 +17,7 @@ class ThreadGroup {
 
   void Start(std::function<void()> work);
 
-  // Returns when no thread works any more. Not to be called from one of them.
+  // Waits until all threads have finished their work. Must not be called on one of these threads.
   void WaitForAll();
 
  private:

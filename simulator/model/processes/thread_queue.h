@@ -1,4 +1,4 @@
-// The messages that wait for one thread.
+// The message queue of one thread.
 #ifndef SIMULATOR_MODEL_PROCESSES_THREAD_QUEUE_H_
 #define SIMULATOR_MODEL_PROCESSES_THREAD_QUEUE_H_
 
@@ -14,31 +14,33 @@
 
 namespace simulator {
 
-// The calling thread's number. Unlike a thread's id none is used twice.
+// Returns the calling thread's number. Unlike a thread id, a number is never reused.
 uint64_t ThisThread();
 
 inline constexpr size_t kLongestQueue = 10'000;
 
-// Times are the clock's, in milliseconds.
+// Times are those of the simulated clock, in milliseconds.
 class ThreadQueue {
  public:
-  // False once kLongestQueue messages wait.
+  // Returns false if kLongestQueue messages already wait; otherwise adds the message and returns
+  // true.
   bool Post(const MSG& message);
-  // In the place of an earlier one that has not been taken.
+  // Replaces an earlier WM_QUIT that has not been retrieved.
   void Quit(int exit_code) { quit_ = exit_code; }
 
-  // In the place of the timer of that window and id.
+  // Replaces the timer of that window and id, if there is one.
   void SetTimer(HWND window, UINT_PTR id, UINT milliseconds, int64_t now);
   bool KillTimer(HWND window, UINT_PTR id);
 
-  // The window's timers and messages go. Returns the messages.
+  // Removes the timers and messages of a window. Returns the messages.
   std::vector<MSG> Forget(HWND window);
-  // All timers and messages go, WM_QUIT as well. Returns those that were posted.
+  // Removes all timers and messages, including WM_QUIT. Returns the posted messages.
   std::vector<MSG> Clear();
 
   std::optional<MSG> TakePosted();
   std::optional<MSG> TakeQuit();
-  // Of the timers that are due the one that has been for longest. What it missed meanwhile is lost.
+  // Returns the message of the timer that has been due for longest. Further periods of that timer
+  // that have passed in the meantime are skipped.
   std::optional<MSG> TakeTimer(int64_t now);
 
   bool HasPosted() const { return !posted_.empty(); }

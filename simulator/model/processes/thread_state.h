@@ -1,4 +1,4 @@
-// What the system keeps for each thread of the simulated process.
+// The state that the system keeps for each thread of the simulated process.
 #ifndef SIMULATOR_MODEL_PROCESSES_THREAD_STATE_H_
 #define SIMULATOR_MODEL_PROCESSES_THREAD_STATE_H_
 
@@ -11,7 +11,7 @@ namespace simulator {
 struct ThreadState {
   std::optional<LANGID> ui_language;
   std::optional<LANGID> locale;
-  int com_uses = 0;  // CoInitialize less CoUninitialize
+  int com_uses = 0;  // CoInitialize calls minus CoUninitialize calls
 };
 
 }  // namespace simulator

@@ -17,25 +17,25 @@ namespace simulator {
 
 class Object;
 
-// Thread-safe. The end waits for every thread started.
+// Thread-safe. The destructor waits for every thread started.
 class Threads {
  public:
   Threads() { ForgetStates(); }
 
-  // The object of the new thread, for a handle.
+  // Starts a thread and returns its object, for a handle.
   std::shared_ptr<Object> Start(LPTHREAD_START_ROUTINE routine, LPVOID parameter);
   void WaitForAll() { threads_.WaitForAll(); }
 
-  // That of the calling thread, the program's own or another.
+  // Returns the state of the calling thread, whether or not the program created it.
   ThreadState& State() const;
-  void ForgetStates();  // those of all threads
+  void ForgetStates();  // resets the state of every thread
 
   CriticalSections& critical_sections() { return critical_sections_; }
-  // Critical sections initialised and not yet deleted.
+  // Returns the number of critical sections initialized and not yet deleted.
   int LiveCriticalSections() const { return critical_sections_.Live(); }
 
  private:
-  std::atomic<uint64_t> states_;  // of which the states are; no two of all servers are the same
+  std::atomic<uint64_t> states_;  // identifies the current states; unique over all servers
   CriticalSections critical_sections_;
   ThreadGroup threads_;
 };

@@ -1,4 +1,4 @@
-// Whose accounts a server knows.
+// The account domains of a server.
 #ifndef SIMULATOR_MODEL_SECURITY_ACCOUNT_DOMAINS_H_
 #define SIMULATOR_MODEL_SECURITY_ACCOUNT_DOMAINS_H_
 
@@ -8,10 +8,11 @@
 
 namespace simulator {
 
-// What the aliases of a server's own accounts ("LA") and of its domain ("DA") stand for.
+// The domains to which SDDL aliases refer: those of the server's own accounts ("LA") and those of
+// the server's domain ("DA").
 struct AccountDomains {
   Sid machine;                // S-1-5-21-x-y-z
-  std::optional<Sid> domain;  // of a server that has joined one
+  std::optional<Sid> domain;  // if the server has joined one
 };
 
 }  // namespace simulator

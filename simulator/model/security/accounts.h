@@ -1,4 +1,4 @@
-// The accounts that every server has, by the names that it shows.
+// Look-up by name of the accounts that every server has.
 #ifndef SIMULATOR_MODEL_SECURITY_ACCOUNTS_H_
 #define SIMULATOR_MODEL_SECURITY_ACCOUNTS_H_
 
@@ -20,10 +20,11 @@ struct Account {
   std::string domain;  // as the server shows it: "BUILTIN", "VORDEFINIERT"; empty for Everyone
 };
 
-// A name as the server's language has it, whatever its case, alone or behind its domain:
-// "Administrators", "BUILTIN\Administrators". A name in another language is none. All names are
-// known in English and German, the one of the Administrators in other languages that have their
-// own; whatever is not known is taken for the English name, which many languages keep.
+// Looks up a name in the server's language, in any case, with or without its domain:
+// "Administrators", "BUILTIN\Administrators". A name in another language is not found. English and
+// German names are known for all accounts. The name of Administrators is also known in several
+// other languages in which it differs. For all other names, the English name is used, which many
+// languages keep.
 std::optional<Account> FindAccount(std::string_view name, const System& system,
                                    const AccountDomains& domains);
 

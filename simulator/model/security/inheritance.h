@@ -1,4 +1,4 @@
-// What children get from their parents: the kernel's rules. Pure.
+// Inheritance of descriptors by the kernel's rules. Functions without side effects.
 // https://learn.microsoft.com/windows/win32/secauthz/ace-inheritance-rules
 #ifndef SIMULATOR_MODEL_SECURITY_INHERITANCE_H_
 #define SIMULATOR_MODEL_SECURITY_INHERITANCE_H_
@@ -9,22 +9,23 @@
 
 namespace simulator {
 
-// What a new file or folder gets below `parent`: owner and group from the identity, the lists from
-// what the parent lets inherit. They are marked as inherited when the parent's own list is marked
-// so (SE_DACL_AUTO_INHERITED), as NTFS does it. Without any inherited entry the DACL is what an
-// administrator's token has: full access for the owner and the system.
+// Returns the descriptor of a new file or folder below `parent`. Owner and group are those of
+// `creator`; the lists are inherited from the parent. As on NTFS, a list is marked as automatically
+// inherited if the parent's own list is (SE_DACL_AUTO_INHERITED). Without any inherited ACE, the
+// DACL is the default DACL of an administrator's token: full access for the owner and the system.
 Descriptor InheritedDescriptor(const Descriptor& parent, bool is_folder, const Identity& creator);
 
-// Makes the inherited entries of a list that is not protected anew from `parent`. Explicit entries
-// stand first, in their order; inherited ones of CREATOR OWNER and CREATOR GROUP speak to those of
-// `own`, where no entry of theirs says as much already. A null list stays null.
+// Replaces the inherited ACEs of a list that is not protected by those that `parent` lets inherit.
+// Explicit ACEs come first, in their order. Inherited ACEs for CREATOR OWNER and CREATOR GROUP
+// apply to the owner and group of `own`, unless an earlier inherited ACE already specifies the same
+// for them. A NULL list remains NULL.
 void Reinherit(const ListKind& kind, const Descriptor& parent, bool is_folder, Descriptor* own);
 
-// `own` with both lists made anew so.
+// Returns `own` after Reinherit of both lists.
 Descriptor Reinherited(const Descriptor& own, const Descriptor& parent, bool is_folder);
 
-// Marks as inherited those entries of a list from before automatic inheritance that are the same as
-// what `parent` lets inherit.
+// If a list does not use automatic inheritance yet, marks as inherited those ACEs that are equal to
+// ACEs that `parent` lets inherit.
 void MarkInherited(const ListKind& kind, const Descriptor& parent, bool is_folder, Descriptor* own);
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// What tells the two access control lists of a descriptor apart.
+// The properties by which the two access control lists of a descriptor differ.
 #ifndef SIMULATOR_MODEL_SECURITY_LIST_KIND_H_
 #define SIMULATOR_MODEL_SECURITY_LIST_KIND_H_
 
@@ -19,7 +19,7 @@ struct ListKind {
   SECURITY_DESCRIPTOR_CONTROL inherit_req;
   SECURITY_DESCRIPTOR_CONTROL auto_inherited;
   SECURITY_DESCRIPTOR_CONTROL is_protected;
-  // Bits that ask for a change.
+  // Bits that request a change.
   SECURITY_INFORMATION set;
   SECURITY_INFORMATION protect;
   SECURITY_INFORMATION unprotect;

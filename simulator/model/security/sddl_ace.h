@@ -1,4 +1,4 @@
-// Entries of access control lists as text.
+// ACEs as text.
 #ifndef SIMULATOR_MODEL_SECURITY_SDDL_ACE_H_
 #define SIMULATOR_MODEL_SECURITY_SDDL_ACE_H_
 
@@ -12,7 +12,8 @@
 
 namespace simulator {
 
-// Takes "(A;OICI;FA;;;BA)". A system error code: that of TakeSid, or ERROR_INVALID_ACL.
+// Reads an ACE such as "(A;OICI;FA;;;BA)". Returns ERROR_SUCCESS, the error code of TakeSid, or
+// ERROR_INVALID_ACL.
 DWORD TakeAce(SddlCursor& text, const AccountDomains& domains, Ace* ace);
 
 std::string AceText(const Ace& ace, const AccountDomains& domains);

@@ -1,4 +1,4 @@
-// Reading a descriptor's text from left to right. Letters have no case.
+// Reads a descriptor's text from left to right. Comparisons ignore the case of letters.
 #ifndef SIMULATOR_MODEL_SECURITY_SDDL_CURSOR_H_
 #define SIMULATOR_MODEL_SECURITY_SDDL_CURSOR_H_
 
@@ -34,7 +34,7 @@ class SddlCursor {
     return taken;
   }
 
-  // Takes the word when it comes next.
+  // Returns true and removes the word if it comes next; otherwise returns false.
   bool Take(std::string_view word) {
     if (!IsNext(word)) return false;
     rest_.remove_prefix(word.size());

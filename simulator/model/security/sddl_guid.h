@@ -1,4 +1,4 @@
-// The object types of entries as text.
+// The object types of ACEs as text.
 #ifndef SIMULATOR_MODEL_SECURITY_SDDL_GUID_H_
 #define SIMULATOR_MODEL_SECURITY_SDDL_GUID_H_
 
@@ -10,8 +10,8 @@
 
 namespace simulator {
 
-// Takes "bf967aba-0de6-11d0-a285-00aa003049e2", or nothing at all before the next separator. False
-// for what is neither.
+// Reads "bf967aba-0de6-11d0-a285-00aa003049e2", or an empty field before the next separator.
+// Returns false if the text is neither.
 bool TakeGuid(SddlCursor& text, std::optional<Guid>* guid);
 
 std::string GuidText(const std::optional<Guid>& guid);  // empty for none

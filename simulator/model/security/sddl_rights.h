@@ -1,4 +1,4 @@
-// The access rights of an entry as text.
+// The access rights of an ACE as text.
 #ifndef SIMULATOR_MODEL_SECURITY_SDDL_RIGHTS_H_
 #define SIMULATOR_MODEL_SECURITY_SDDL_RIGHTS_H_
 
@@ -10,11 +10,11 @@
 
 namespace simulator {
 
-// Takes names and numbers in the notation of C ("FRSD", "0x1301bf"), or nothing at all; a number
-// that is too large means all rights. False at a number without digits.
+// Reads names and numbers in C notation ("FRSD", "0x1301bf"), or an empty field. A number that is
+// too large means all rights. Returns false if a number has no digits.
 bool TakeRights(SddlCursor& text, ACCESS_MASK* mask);
 
-// A name that stands for exactly this mask, names for each of its bits, or a hexadecimal number.
+// Returns the name of exactly this mask, the names of each of its bits, or a hexadecimal number.
 std::string RightsText(BYTE ace_type, ACCESS_MASK mask);
 
 }  // namespace simulator

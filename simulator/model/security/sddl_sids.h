@@ -12,11 +12,11 @@
 
 namespace simulator {
 
-// Takes an alias or the S-1- form. ERROR_NONE_MAPPED for an alias of a domain on a server that has
-// joined none, ERROR_INVALID_SID for everything else that is no SID.
+// Reads an alias or the S-1- form. Returns ERROR_NONE_MAPPED for an alias of a domain if the server
+// has not joined one, or ERROR_INVALID_SID for other text that is not a SID.
 DWORD TakeSid(SddlCursor& text, const AccountDomains& domains, Sid* sid);
 
-// The alias when there is one.
+// Returns the alias if there is one; otherwise returns the S-1- form.
 std::string ShortSidText(const Sid& sid, const AccountDomains& domains);
 
 }  // namespace simulator

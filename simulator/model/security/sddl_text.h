@@ -15,19 +15,19 @@ struct AccountDomains;
 struct Descriptor;
 struct Sid;
 
-// A system error code; `descriptor` is set when it is ERROR_SUCCESS.
+// Returns a system error code. `descriptor` is set if it is ERROR_SUCCESS.
 DWORD ParseSddl(std::string_view text, const AccountDomains& domains, Descriptor* descriptor);
 
 inline constexpr SECURITY_INFORMATION kAllParts =
     OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION |
     SACL_SECURITY_INFORMATION;
 
-// The parts that `information` asks for and the descriptor has, as Windows prints them: "O:", "G:",
-// "D:", "S:" in that order, aliases and named rights where there are any.
+// Returns the parts that `information` requests and the descriptor has, as Windows prints them:
+// "O:", "G:", "D:", "S:" in that order, with aliases and named rights where they exist.
 std::string SddlText(const Descriptor& descriptor, const AccountDomains& domains,
                      SECURITY_INFORMATION information = kAllParts);
 
-// "BA" or "S-1-5-32-544". Nothing for what is no SID.
+// Reads "BA" or "S-1-5-32-544". Returns nothing if the text is not a SID.
 std::optional<Sid> ParseSid(std::string_view text, const AccountDomains& domains);
 std::string SidText(const Sid& sid);  // always in the S-1- form
 

@@ -1,4 +1,4 @@
-// The access token of the simulated process, and whom it speaks for.
+// The access token of the simulated process, and its identity.
 #ifndef SIMULATOR_MODEL_SECURITY_SECURITY_H_
 #define SIMULATOR_MODEL_SECURITY_SECURITY_H_
 
@@ -16,9 +16,9 @@ struct AccountDomains;
 struct Identity;
 struct Sid;
 
-// Privileges by name, whatever its case; granting, revoking or asking for one that Windows does not
-// have aborts. Thread-safe. At first the token holds what an elevated administrator's holds, with
-// only SeChangeNotifyPrivilege enabled.
+// Privileges are identified by name, in any case. Granting, revoking or querying a privilege that
+// does not exist on Windows aborts. At first the token has the privileges of an elevated
+// administrator, of which only SeChangeNotifyPrivilege is enabled. Thread-safe.
 class Security {
  public:
   Security();
@@ -27,21 +27,21 @@ class Security {
   Security& operator=(const Security&) = delete;
 
   void Grant(std::string_view privilege);
-  void Revoke(std::string_view privilege);  // the token does not hold it at all any more
+  void Revoke(std::string_view privilege);  // removes it from the token
   bool Enabled(std::string_view privilege) const;
 
-  // For the calls of the program. LUIDs are those that Windows gives the names: 17 is
-  // SeBackupPrivilege.
+  // For the functions that the program calls. LUIDs are those of Windows: 17 is SeBackupPrivilege.
   static std::optional<LUID> Lookup(std::string_view privilege);
-  // False when the token does not hold it.
+  // Returns false if the token does not hold the privilege.
   bool SetEnabled(LUID privilege, bool enabled);
-  // But for SeChangeNotifyPrivilege: the token of a new process.
+  // Disables all privileges except SeChangeNotifyPrivilege, as in the token of a new process.
   void DisableAll();
 
-  // The server's own Administrator, elevated. Neither changes while the program runs.
+  // The identity is that of the server's own Administrator, elevated. Neither of the two changes
+  // while the program runs.
   const Identity& identity() const;
   const AccountDomains& domains() const;
-  // Without this the server is in no domain.
+  // Makes the server a member of a domain. At first it is not a member of any.
   void JoinDomain(const Sid& domain);
 
  private:

@@ -8,8 +8,8 @@
 
 namespace simulator {
 
-// What SetNamedSecurityInfo sets. Only the parts that `information` names count, and no control
-// word; a list that is not there is a null one.
+// The parameters of SetNamedSecurityInfo. Only the parts that `information` names are used; control
+// flags are ignored. A missing list is a NULL list.
 struct SecurityChange {
   SECURITY_INFORMATION information = 0;
   Descriptor parts;

@@ -1,4 +1,4 @@
-// Access control lists that are set, as the file system stores them.
+// Access control lists as the file system stores them when they are set.
 #ifndef SIMULATOR_MODEL_SECURITY_STORED_LIST_H_
 #define SIMULATOR_MODEL_SECURITY_STORED_LIST_H_
 
@@ -11,10 +11,11 @@
 
 namespace simulator {
 
-// Puts `list`, null when there is none, into the descriptor of a file or folder: generic rights as
-// those of a file, a folder's inheritable entry with generic rights as two, one for the folder and
-// one for what is below. `information` may protect the list or end that; else it stays as it was.
-// What was set is marked as automatically inherited.
+// Stores `list`, or a NULL list if it has no value, in the descriptor of a file or folder. Generic
+// rights are replaced by those of a file. An inheritable ACE of a folder that has generic rights
+// becomes two, one for the folder and one for the objects below it. `information` may set or clear
+// the protection of the list; otherwise the protection is unchanged. The stored list is marked as
+// automatically inherited.
 void StoreList(const ListKind& kind, SECURITY_INFORMATION information,
                const std::optional<Acl>& list, bool is_folder, Descriptor* descriptor);
 

@@ -1,4 +1,4 @@
-// What the handle of an access token stands for.
+// The object that a handle to an access token refers to.
 #ifndef SIMULATOR_MODEL_SECURITY_TOKEN_H_
 #define SIMULATOR_MODEL_SECURITY_TOKEN_H_
 
@@ -10,12 +10,12 @@
 
 namespace simulator {
 
-// That of the simulated process.
+// The access token of the simulated process.
 class Token : public Object {
  public:
   explicit Token(DWORD access) : access_(access) {}
   std::string Kind() const override { return "token"; }
-  DWORD Access() const { return access_; }  // what it was opened for
+  DWORD Access() const { return access_; }  // the access that it was opened with
 
  private:
   const DWORD access_;

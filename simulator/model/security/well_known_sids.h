@@ -10,7 +10,7 @@ namespace simulator {
 inline const Sid kEveryone{1, {0}};
 inline const Sid kLocal{2, {0}};
 inline const Sid kConsoleLogon{2, {1}};
-// Of these two an entry speaks to what will inherit it.
+// An ACE for one of these two applies to objects that inherit it.
 inline const Sid kCreatorOwner{3, {0}};
 inline const Sid kCreatorGroup{3, {1}};
 inline const Sid kOwnerRights{3, {4}};

@@ -1,4 +1,4 @@
-// The boot configuration store, inspected and edited through the system's own tools.
+// Inspection and changes of the BCD store with bcdedit and bcdboot.
 #include "common/locations.h"
 #include "common/win/platform_cache.h"
 #include "common/win/win_util.h"
@@ -11,6 +11,7 @@ bool WinUtil::FindPlatform(BootOperation operation, bool& has_boot_tools) {
     platform = kPlatformUnknown;
     return false;
   }
+  // Oddity: platform name, see docs/oddities.md.
   has_boot_tools = platform != platform_names_[0];
   return true;
 }
@@ -62,6 +63,7 @@ bool WinUtil::ImportBCDBoot(const std::string& path) {
 
 bool WinUtil::DeleteBCDBootOSLoader(const std::string& identifier) {
   DWORD code = 0;
+  // Oddity: deletion without a switch, see docs/oddities.md.
   const bool is_done = EditBootStore(BootOperation::kDelete, "/delete " + identifier, code);
   if (code != 0) {
     logger_->Error("WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier.c_str(),
@@ -74,7 +76,8 @@ bool WinUtil::RemakeBCDBoot(const std::string& locale) {
   bool has_boot_tools = false;
   if (!FindPlatform(BootOperation::kRemake, has_boot_tools)) return false;
   if (!has_boot_tools) return true;
-  // A drive that is not known leaves the colon alone: the tool then refuses and is not half told.
+  // If the system drive is unknown, the path has only the colon and bcdboot fails.
+  // Oddity: boot files on the system drive, see docs/oddities.md.
   const int letter = GetSystemDriveLetter();
   const std::string drive = (letter != 0 ? std::string(1, static_cast<char>(letter)) : "") + ":";
   std::string output;

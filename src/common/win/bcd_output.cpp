@@ -11,7 +11,7 @@ constexpr std::string_view kLocale = "locale";
 constexpr std::string_view kDisplayOrder = "displayorder";
 constexpr std::string_view kToolsDisplayOrder = "toolsdisplayorder";
 
-// The lines that are not empty, without the blanks around them.
+// Returns the lines that are not empty, without leading and trailing spaces.
 std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> pieces;
   Split(text, kLineEnd, pieces);
@@ -23,13 +23,14 @@ std::vector<std::string> Lines(std::string_view text) {
   return lines;
 }
 
-// Takes the locales, one after the other.
+// Evaluates the locales of the listing in their order.
 class Locales {
  public:
   Locales(std::string_view default_locale, BCDBootInfo& info)
       : default_locale_(default_locale), info_(info) {}
 
   void Take(const std::string& value) {
+    // Oddity: last locale wins, see docs/oddities.md.
     if (is_first_) info_.RawLocale = value;
     is_first_ = false;
     if (value.empty()) return;
@@ -59,6 +60,7 @@ std::string GetValueAfterKey(std::string_view line, std::string_view key) {
 
 std::string ParseBootConfiguration(std::string_view text, std::string_view default_locale,
                                    BCDBootInfo& info) {
+  // Oddity: positions in the boot listing, see docs/oddities.md.
   Locales locales(default_locale, info);
   for (const std::string& line : Lines(text)) {
     if (line.starts_with(kDefault)) {
@@ -71,7 +73,8 @@ std::string ParseBootConfiguration(std::string_view text, std::string_view defau
   if (info.DefaultId.empty()) return LackOf(kDefault);
   if (info.Locale.empty()) return LackOf(kLocale);
 
-  // The first one wherever it stands, be it the end of "toolsdisplayorder".
+  // The first occurrence anywhere in the text; it can be the end of "toolsdisplayorder".
+  // Oddity: positions in the boot listing, see docs/oddities.md.
   const size_t begin = text.find(kDisplayOrder);
   if (begin == std::string_view::npos) return LackOf(kDisplayOrder);
   const std::string_view section = text.substr(begin + kDisplayOrder.size());

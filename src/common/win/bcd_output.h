@@ -1,5 +1,5 @@
-// What bcdedit prints about the boot configuration store. Whatever the language its keywords are
-// English, except the headings and "identifier". Any text of any length may come in. Pure.
+// Parser for the output of bcdedit. In every language of Windows its keywords are English, except
+// the headings and "identifier". Accepts any text of any length. Pure.
 #ifndef COMMON_WIN_BCD_OUTPUT_H_
 #define COMMON_WIN_BCD_OUTPUT_H_
 
@@ -9,22 +9,22 @@
 
 namespace common::win {
 
-// Texts are as they were printed, without the blanks around them.
+// Texts are as printed, without leading and trailing spaces.
 struct BCDBootInfo {
-  std::string RawLocale;                  // of the first entry that has one: the boot manager's
-  std::string Locale;                     // for a rebuild: the last one that is not "en-us" in any
-                                          // case, else the default locale
-  std::string DefaultId;                  // the default entry
-  std::vector<std::string> DisplayOrder;  // the entries that the boot manager offers, in order
+  std::string RawLocale;                  // the first locale: that of the boot manager
+  std::string Locale;                     // for a rebuild: the last locale other than "en-us" in
+                                          // any case, else the default locale
+  std::string DefaultId;                  // the default boot entry
+  std::vector<std::string> DisplayOrder;  // the boot entries that are displayed, in order
 };
 
-// What stands behind the first `key`, without the blanks around it; empty when there is no key. An
-// empty key stands before the whole line.
+// Returns the text after the first `key`, without leading and trailing spaces; empty if the line
+// does not contain `key`. An empty key returns the whole line.
 std::string GetValueAfterKey(std::string_view line, std::string_view key);
 
-// Reads the listing into `info`, which comes in empty, and checks that it can be relied on: every
-// fact is there, and the default entry is among those displayed. Returns what to log when it is
-// not, with what was read until then in `info`; else empty text. `default_locale` is "en-us".
+// Reads the listing into `info`, which must be empty, and checks that every field is present and
+// that the default entry is displayed. Returns an empty text on success, otherwise the message to
+// log; `info` then contains the fields read so far. `default_locale` is "en-us".
 std::string ParseBootConfiguration(std::string_view text, std::string_view default_locale,
                                    BCDBootInfo& info);
 

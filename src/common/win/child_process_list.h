@@ -1,4 +1,4 @@
-// The child tools that this process has started.
+// The child processes that this process has started.
 #ifndef COMMON_WIN_CHILD_PROCESS_LIST_H_
 #define COMMON_WIN_CHILD_PROCESS_LIST_H_
 
@@ -8,9 +8,9 @@
 
 namespace common::win {
 
-// Process handles in the order in which the children were started. Nothing is ever taken out: a
-// handle stays listed after it has been closed. One thread appends; any other may read meanwhile,
-// without a lock, and sees a beginning of the list.
+// Process handles in the order in which the processes were started. No entry is ever removed, not
+// even when its handle is closed. One thread appends. Other threads may read at the same time
+// without a lock; they see all entries up to some point.
 class ChildProcessList {
  public:
   ChildProcessList() = default;
@@ -18,7 +18,7 @@ class ChildProcessList {
   ChildProcessList(const ChildProcessList&) = delete;
   ChildProcessList& operator=(const ChildProcessList&) = delete;
 
-  // The list of this process.
+  // Returns the list of this process.
   static ChildProcessList& Instance();
 
   void Append(HANDLE process);
@@ -37,7 +37,7 @@ class ChildProcessList {
   };
 
   std::atomic<Node*> first_ = nullptr;
-  std::atomic<Node*>* end_ = &first_;  // the appending thread's alone
+  std::atomic<Node*>* end_ = &first_;  // used by the appending thread only
 };
 
 }  // namespace common::win

@@ -1,4 +1,4 @@
-// Command execution: a tool's exit code and everything it wrote.
+// Command execution: the exit code and the output of a tool.
 #include <utility>
 
 #include "common/errors.h"
@@ -9,18 +9,19 @@
 namespace common::win {
 namespace {
 
-// A failure never looks like a tool's success.
+// Oddity: code 0xFFFFFFFF, see docs/oddities.md.
 DWORD NonZero(DWORD error) { return error != 0 ? error : static_cast<DWORD>(-1); }
 
-// Everything that comes out of the pipe, up to its end.
+// Reads the pipe to its end.
 std::string ReadAll(HANDLE pipe) {
   std::array<char, 1024> buffer{};
   constexpr DWORD kRequest = 1023;
   std::string text;
   DWORD count = 0;
-  // A read of 0 bytes is a tool's empty write, not the end.
+  // A read of 0 bytes is an empty write by the tool, not the end of the output.
   while (::ReadFile(pipe, buffer.data(), kRequest, &count, nullptr)) {
     buffer.at(count) = '\0';
+    // Oddity: output after a zero byte, see docs/oddities.md.
     text.append(buffer.data());
   }
   return text;
@@ -33,6 +34,7 @@ bool WinUtil::CreateProgressNoWait(logger::Logger& logger, const std::string& ap
                                    HANDLE& process, HANDLE& thread) {
   logger.Debug("WinUtil::CreateProgressNoWait: %s", command_line.c_str());
 
+  // Oddity: start of a tool, see docs/oddities.md.
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESHOWWINDOW;
@@ -82,21 +84,26 @@ DWORD WinUtil::ExecCommandWithResults(const std::string& application,
     const DWORD error = ::GetLastError();
     logger_->Error("WinUtil::ExecCommandWithResults Create Progress Failed: %s",
                    GetLastErrorText(error).c_str());
-    read_end.release();  // both ends stay open
+    // Oddity: pipe ends left open, see docs/oddities.md.
+    read_end.release();
     write_end.release();
     return NonZero(error);
   }
   const UniqueHandle thread(thread_handle);
   const UniqueHandle process(process_handle);
+  // Oddity: closed child handles, see docs/oddities.md.
   ChildProcessList::Instance().Append(process.get());
 
-  // The read end reports the end of the output once no other write end is open.
+  // The read end reports the end of the output when no other write end is open.
   write_end.reset();
+  // Oddity: end of output, see docs/oddities.md.
   std::string captured = ReadAll(read_end.get());
   read_end.reset();
 
   DWORD exit_code = 0;
   if (::GetExitCodeProcess(process.get(), &exit_code)) {
+    // Oddity: wording of messages, see docs/oddities.md.
+    // Oddity: negative codes, see docs/oddities.md.
     logger_->Debug("WinUtil::ExecCommandWithResult Get Exit Code Successed: code=%d",
                    static_cast<int>(exit_code));
     output = std::move(captured);
@@ -104,6 +111,7 @@ DWORD WinUtil::ExecCommandWithResults(const std::string& application,
     const DWORD error = ::GetLastError();
     logger_->Error("WinUtil::ExecCommandWithResult Get Exit Code Failed: %s",
                    GetLastErrorText(error).c_str());
+    // Oddity: unknown exit code, see docs/oddities.md.
     exit_code = 0;
   }
   return exit_code;

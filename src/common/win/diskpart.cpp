@@ -8,7 +8,7 @@
 namespace common::win {
 namespace {
 
-// An operation is one script: its first step is its only one.
+// Every operation is one script, which has one step.
 constexpr int kStep = 1;
 
 std::string SelectDisk(uint32_t disk) { return "sel disk " + ToDecimal(disk) + "\r\n"; }
@@ -22,9 +22,9 @@ std::string SelectPartition(uint32_t disk, bool second_partition) {
 std::string WinUtil::CreateScriptFile(const std::string& operation, const std::string& script) {
   const std::string folder = base_folder_.empty() ? GetTempDir() : JoinDir(base_folder_, "bin");
   std::string path = JoinPath(folder, operation + ".script." + ToDecimal(kStep));
-  // The file is in text mode: each "\r\n" of a script becomes CR CR LF on disk, which diskpart
-  // takes.
+  // Oddity: script files, see docs/oddities.md.
   if (CreateAndWriteFile(path, script)) return path;
+  // Oddity: wording of messages, see docs/oddities.md.
   logger_->ErrorOut("WinUtil::RunScript Create %s  Step%d Failed.", operation.c_str(), kStep);
   return {};
 }
@@ -33,9 +33,10 @@ DWORD WinUtil::RunScript(const std::string& operation, const std::string& script
                          std::string& output) {
   const std::string path = CreateScriptFile(operation, script);
   if (path.empty()) return 1;
-  // The path stands without quotation marks.
+  // Oddity: script files, see docs/oddities.md.
   const DWORD code = ExecCommandWithResults("", "diskpart /s " + path, output);
   if (code != 0) {
+    // Oddity: wording of messages, see docs/oddities.md.
     logger_->ErrorOut("WinUtil::RunScript Run %s  Step%d Failed, code=%d", operation.c_str(), kStep,
                       static_cast<int>(code));
   }
@@ -84,6 +85,7 @@ bool WinUtil::AssignDiskLetter(uint32_t disk, bool second_partition, char& lette
     return false;
   }
   bool has_volume = false;
+  // Oddity: first letter of a disk, see docs/oddities.md.
   return GetDiskpartVolumeInfo(disk, letter, has_volume);
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kGigabytes = "GB";
 
-// Cuts the next line off the front of `text`.
+// Returns the next line and removes it from `text`.
 std::string_view TakeLine(std::string_view& text) {
   constexpr std::string_view kLineEnd = "\r\n";
   const size_t end = text.find(kLineEnd);
@@ -20,7 +20,7 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-// How many pieces Split gives at single blanks, the empty ones counted.
+// Returns the number of pieces, including empty ones, that Split gives at single spaces.
 size_t CountPieces(std::string_view line) {
   const auto blanks = static_cast<size_t>(std::count(line.begin(), line.end(), ' '));
   return !line.empty() && line.back() != ' ' ? blanks + 1 : blanks;
@@ -37,8 +37,9 @@ std::vector<std::string_view> Words(std::string_view line) {
   return words;
 }
 
-// The words of a line that names a size in GB and has at least `min_pieces` pieces and four words;
-// else none.
+// Returns the words of a line that contains a size in GB and has at least `min_pieces` pieces and
+// four words; empty for any other line.
+// Oddity: sizes in GB, see docs/oddities.md.
 std::vector<std::string_view> WordsOfGigabyteLine(std::string_view line, size_t min_pieces) {
   if (line.find(kGigabytes) == std::string_view::npos || CountPieces(line) < min_pieces) return {};
   std::vector<std::string_view> words = Words(line);
@@ -46,8 +47,8 @@ std::vector<std::string_view> WordsOfGigabyteLine(std::string_view line, size_t 
   return words;
 }
 
-// "Volume 2 D Data NTFS Partition 100 GB Healthy": a number in second place and one before the last
-// "GB".
+// "Volume 2 D Data NTFS Partition 100 GB Healthy": the second word and the word before the last
+// "GB" are numbers.
 bool IsVolume(const std::vector<std::string_view>& words) {
   const auto unit = std::find(words.rbegin(), words.rend(), kGigabytes);
   if (unit == words.rend() || std::next(unit) == words.rend()) return false;
@@ -77,7 +78,10 @@ void ParseDiskDetail(std::string_view text, char& letter, bool& has_volume) {
     if (words.empty() || !IsVolume(words)) continue;
     has_volume = true;
     const std::string third = ToLowerAscii(words[2]);
+    // Oddity: one-letter label, see docs/oddities.md.
+    // Oddity: drives A and B, see docs/oddities.md.
     if (third.size() == 1 && third[0] >= 'c' && third[0] <= 'z') {
+      // Oddity: first letter of a disk, see docs/oddities.md.
       letter = third[0];
       return;
     }

@@ -1,5 +1,5 @@
-// What diskpart prints, read by the columns of its English output. Any text of any length may come
-// in; lines that do not fit are passed over. Pure.
+// Parser for the output of diskpart, by the columns of its English output. Accepts any text of any
+// length; skips lines of another form. Pure.
 #ifndef COMMON_WIN_DISKPART_OUTPUT_H_
 #define COMMON_WIN_DISKPART_OUTPUT_H_
 
@@ -9,21 +9,21 @@
 
 namespace common::win {
 
-// One disk as diskpart shows it.
+// One disk as listed by diskpart.
 struct DiskpartInfo {
   int32_t DiskNumber = 0;
   int32_t SizeGB = 0;
-  char Letter = 0;         // the first drive letter on the disk, "c" to "z"; 0 when there is none
-  bool HasVolume = false;  // at least one volume whose size is given in GB
+  char Letter = 0;         // the first drive letter on the disk, "c" to "z"; 0 if there is none
+  bool HasVolume = false;  // at least one volume is listed in GB
 };
 
-// The disks of `list disk` in their order, number and size alone. A disk whose size is given in
-// another unit than GB, with no "GB" on its line, is not among them.
+// Returns the disks of `list disk` in their order, with number and size only. A disk whose line
+// does not contain "GB" is omitted.
 std::vector<DiskpartInfo> ParseDiskList(std::string_view text);
 
-// The volumes of `detail disk`: whether one has a size in GB, and the letter of the first such one
-// that has a letter, 0 when none has. A letterless volume whose label is one letter long is taken
-// to have that letter.
+// Evaluates the volumes of `detail disk` that are listed in GB: `has_volume` is true if there is
+// one; `letter` is the drive letter of the first one that has a drive letter, otherwise 0. If a
+// volume has no drive letter and its label is one letter, the label is read as its drive letter.
 void ParseDiskDetail(std::string_view text, char& letter, bool& has_volume);
 
 }  // namespace common::win

@@ -1,4 +1,4 @@
-// The platform's name as the operations on the boot configuration store remember it.
+// The platform name cached by the operations on the BCD store.
 #ifndef COMMON_WIN_PLATFORM_CACHE_H_
 #define COMMON_WIN_PLATFORM_CACHE_H_
 
@@ -8,11 +8,11 @@ namespace common::win {
 
 enum class BootOperation { kInspect, kExport, kImport, kDelete, kRemake };
 
-// Before the platform is known.
+// The value until the platform is known.
 inline constexpr char kPlatformUnknown[] = "-1";
 
-// Each operation has a name of its own, kPlatformUnknown at first, for the life of the process. The
-// restore worker's thread; nobody but tests makes one unknown again.
+// Returns the platform name of one operation: kPlatformUnknown at first, then kept until the
+// process ends. Used on the restore worker's thread. Only tests reset it.
 std::string& CachedPlatform(BootOperation operation);
 
 }  // namespace common::win

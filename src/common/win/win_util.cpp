@@ -21,6 +21,7 @@ bool WinUtil::GetOSPlatform(std::string& name) {
                       GetLastErrorText(error).c_str());
     return false;
   }
+  // Oddity: platform name, see docs/oddities.md.
   const DWORD major = version.dwMajorVersion;
   if (major < 6) {
     name = platform_names_[0];

@@ -1,4 +1,5 @@
-// The machine of the tools as Windows programs: what stands in the state moves real drive letters.
+// The machine on which the tools run as Windows programs. Changes to the state also change real
+// drive letters.
 #ifndef WINE_PROGRAMS_SYSTEM_TOOL_PREFIX_MACHINE_H_
 #define WINE_PROGRAMS_SYSTEM_TOOL_PREFIX_MACHINE_H_
 
@@ -11,8 +12,8 @@
 
 namespace simulator {
 
-// Letters are drives of Wine, defined and removed through its mount manager, which every running
-// process sees at once. A drive that cannot be changed ends the process.
+// Letters are Wine drives, defined and removed through Wine's mount manager, so that every running
+// process sees changes at once. If a drive cannot be changed, the process ends.
 class PrefixMachine : public Machine {
  public:
   explicit PrefixMachine(MachineState& state) : state_(state) {}
