@@ -1,4 +1,4 @@
-// Texts of security descriptors as they are met on servers.
+// Typical security descriptors of servers as text.
 #ifndef TESTS_SUPPORT_SDDL_TEXTS_H_
 #define TESTS_SUPPORT_SDDL_TEXTS_H_
 
@@ -12,8 +12,8 @@ namespace tests {
 struct SddlSample {
   const char* about;
   const char* text;
-  const char* printed = nullptr;          // as Windows prints it, when that is another text
-  const char* wine_difference = nullptr;  // why Wine cannot judge it
+  const char* printed = nullptr;          // as Windows prints it, if different
+  const char* wine_difference = nullptr;  // why Wine gives no valid result
 
   const char* Printed() const { return printed != nullptr ? printed : text; }
 };
@@ -209,7 +209,7 @@ inline constexpr auto kSddlTexts = std::to_array<SddlSample>({
      "O:BAG:SYD:(A;;0x1200a9;;;BU)(A;;0x1301bf;;;AU)"},
     {"no right", "O:BAG:SYD:(A;;;;;BU)"},
 
-    // Parts and blanks.
+    // Parts and spaces.
     {"parts in another order", "D:(A;;FA;;;BA)G:SYO:BA", "O:BAG:SYD:(A;;FA;;;BA)"},
     {"blanks before fields", " O:BA G:SY D: (A; ;FA; ; ; BA)", "O:BAG:SYD:(A;;FA;;;BA)"},
     {"flags in another order", "D:AIP(A;CIOIIDIO;FA;;;BA)", "D:PAI(A;OICIIOID;FA;;;BA)"},
@@ -250,8 +250,7 @@ inline constexpr auto kSddlTexts = std::to_array<SddlSample>({
 
     // Conditions and attributes.
     {"a claim against a resource's attribute",
-     "O:BAG:SYD:(XA;OICI;0x1301bf;;;AU;(@User.Department==@Resource.Department_MS))",
-     "O:BAG:SYD:(XA;OICI;0x1301bf;;;AU;(@USER.Department == @RESOURCE.Department_MS))",
+     "O:BAG:SYD:(XA;OICI;0x1301bf;;;AU;(@USER.Department == @RESOURCE.Department_MS))", nullptr,
      wine::kEntryTypes},
     {"groups together with a claim",
      "O:BAG:SYD:(XA;;FA;;;AU;((Member_of {SID(BA), SID(BO)}) && (@DEVICE.Bitlocker == 1)))",
@@ -259,19 +258,16 @@ inline constexpr auto kSddlTexts = std::to_array<SddlSample>({
     {"one of two values, denied",
      "O:BAG:SYD:(XD;;FA;;;WD;(!(@USER.Title Any_of {\"PM\", \"VP\"})))(A;;FA;;;BA)", nullptr,
      wine::kEntryTypes},
-    {"a condition audited", "S:(XU;SA;FA;;;WD;(@USER.Clearance >= 0x1F))",
-     "S:(XU;SA;FA;;;WD;(@USER.Clearance >= 0x1f))", wine::kEntryTypes},
+    {"a condition audited", "S:(XU;SA;FA;;;WD;(@USER.Clearance >= 0x1f))", nullptr,
+     wine::kEntryTypes},
     {"a classified file",
      "O:BAG:SYD:AI(A;ID;FA;;;BA)S:AI(RA;ID;;;;WD;(\"Impact_MS\",TI,0x10000,3000))", nullptr,
      wine::kEntryTypes},
     {"attributes of every type",
-     "S:(RA;;;;;WD;(\"A\",TS,0,\"HR\",\"Legal\"))(RA;;;;;WD;(\"B\",TU,0x0,7))"
-     "(RA;;;;;WD;(\"C\",TB,0x0,1))(RA;;;;;WD;(\"D\",TD,0x0,BA))(RA;;;;;WD;(\"E\",TX,0x0,#01ff))"
-     "(RA;;;;;WD;(\"F\",TI,0x0,-1))",
      "S:(RA;;;;;WD;(\"A\",TS,0x0,\"HR\",\"Legal\"))(RA;;;;;WD;(\"B\",TU,0x0,7))"
      "(RA;;;;;WD;(\"C\",TB,0x0,1))(RA;;;;;WD;(\"D\",TD,0x0,BA))(RA;;;;;WD;(\"E\",TX,0x0,#01ff))"
      "(RA;;;;;WD;(\"F\",TI,0x0,-1))",
-     wine::kEntryTypes},
+     nullptr, wine::kEntryTypes},
     {"a central access policy",
      "O:BAG:SYD:(A;;FA;;;BA)S:AI(SP;OICI;;;;S-1-17-1442530252-1178042555-1247349694-2318402534)",
      nullptr, wine::kEntryTypes},

@@ -1,4 +1,4 @@
-// Security descriptors as values: what the binary forms hold, without their layout.
+// Security descriptors as values: the contents of the binary forms, without their layout.
 #ifndef SIMULATOR_MODEL_SECURITY_DESCRIPTOR_H_
 #define SIMULATOR_MODEL_SECURITY_DESCRIPTOR_H_
 
@@ -22,17 +22,17 @@ struct Sid {
   auto operator<=>(const Sid&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
-// As it lies in memory: the first three groups little-endian.
+// As in memory: the first three groups are little-endian.
 using Guid = std::array<BYTE, 16>;
 
 struct Ace {
   BYTE type = ACCESS_ALLOWED_ACE_TYPE;
   BYTE flags = 0;
   ACCESS_MASK mask = 0;
-  std::optional<Guid> object_type;  // these two of object ACEs only
+  std::optional<Guid> object_type;  // these two for object ACEs only
   std::optional<Guid> inherited_object_type;
   Sid sid;
-  std::string data;  // what follows the SID: a condition, a resource attribute; padded to DWORDs
+  std::string data;  // data after the SID: a condition or resource attribute; padded to DWORDs
 
   bool operator==(const Ace&) const = default;
 };
@@ -45,8 +45,9 @@ struct Acl {
 };
 
 struct Descriptor {
-  // SE_ flags but for SE_SELF_RELATIVE. With SE_DACL_PRESENT and no `dacl` the list is null, which
-  // grants everything; likewise for the SACL.
+  // SE_ flags except SE_SELF_RELATIVE. If SE_DACL_PRESENT is set and `dacl` has no value, the
+  // descriptor has a NULL DACL, which grants all access. SE_SACL_PRESENT and `sacl` represent a
+  // NULL SACL in the same way.
   SECURITY_DESCRIPTOR_CONTROL control = 0;
   std::optional<Sid> owner;
   std::optional<Sid> group;
@@ -56,16 +57,16 @@ struct Descriptor {
   bool operator==(const Descriptor&) const = default;
 };
 
-// Whether an entry of that type may have object types.
+// Returns true if an ACE of that type may have object types; otherwise returns false.
 bool IsObjectAce(BYTE type);
 
-// The bytes that the list takes; the layout has no room for more than kLargestAcl.
+// Returns the size of the list in bytes. The layout limits it to kLargestAcl.
 size_t AclSize(const Acl& acl);
 inline constexpr size_t kLargestAcl = 0xFFFF;
 
-// The layouts of SID, ACL and SECURITY_DESCRIPTOR_RELATIVE. Reading gives nothing for what is not
-// well-formed (entries of compound and of unknown types among it), and never reads behind the bytes
-// given; what lies behind the SID or the list is not looked at.
+// Write and read the layouts of SID, ACL and SECURITY_DESCRIPTOR_RELATIVE. Reading returns nothing
+// if the bytes are not well-formed, which includes compound ACEs and ACEs of unknown types. It
+// never reads past the end of the given bytes. Bytes after the SID or the list are ignored.
 std::string SidBytes(const Sid& sid);
 std::optional<Sid> ReadSid(std::string_view bytes);
 std::string AclBytes(const Acl& acl);

@@ -7,8 +7,6 @@
 
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/security/account_domains.h"
-#include "simulator/model/security/sddl_attribute.h"
-#include "simulator/model/security/sddl_condition.h"
 #include "simulator/model/security/sddl_guid.h"
 #include "simulator/model/security/sddl_rights.h"
 #include "simulator/model/security/sddl_sids.h"
@@ -50,9 +48,12 @@ constexpr auto kFlags = std::to_array<Name>({
     {"FA", FAILED_ACCESS_ACE_FLAG},
 });
 
-bool HasCondition(BYTE type) {
+// Whether a text in parentheses follows the SID: a condition, or the resource attribute. It is not
+// evaluated and not taken apart.
+bool HasData(BYTE type) {
   return type == ACCESS_ALLOWED_CALLBACK_ACE_TYPE || type == ACCESS_DENIED_CALLBACK_ACE_TYPE ||
-         type == ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE || type == SYSTEM_AUDIT_CALLBACK_ACE_TYPE;
+         type == ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE ||
+         type == SYSTEM_AUDIT_CALLBACK_ACE_TYPE || type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE;
 }
 
 // The blanks before a field count for nothing, those behind it are wrong.
@@ -82,27 +83,40 @@ void TakeFlags(SddlCursor& text, BYTE* flags) {
   }
 }
 
-// What follows the SID of a conditional entry or of a resource attribute.
-bool TakeData(SddlCursor& text, const AccountDomains& domains, Ace* ace) {
-  const bool is_attribute = ace->type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE;
-  if (!is_attribute && !HasCondition(ace->type)) return true;
+// Takes a parenthesis and all up to the one that closes it; nothing if none does. Those between
+// quotation marks do not count.
+std::string_view TakeBracketed(SddlCursor& text) {
+  int depth = 0;
+  bool is_quoted = false;
+  const std::string_view rest = text.rest();
+  for (size_t i = 0; i < rest.size(); ++i) {
+    if (rest[i] == '"') is_quoted = !is_quoted;
+    if (!is_quoted && rest[i] == '(') ++depth;
+    if (!is_quoted && rest[i] == ')') --depth;
+    if (depth == 0) return text.Take(rest.front() == '(' ? i + 1 : 0);
+  }
+  return {};
+}
+
+// Kept as it came, with the zeros that fill the last DWORD up.
+bool TakeData(SddlCursor& text, Ace* ace) {
+  if (!HasData(ace->type)) return true;
   if (!TakeSeparator(text)) return false;
-  const std::optional<std::string> data =
-      is_attribute ? TakeAttribute(text, domains) : TakeCondition(text, domains);
-  if (!data) return false;
-  ace->data = *data;
-  ace->data.resize((ace->data.size() + 3) / 4 * 4);
+  ace->data = TakeBracketed(text);
+  if (ace->data.empty()) return false;
+  ace->data.resize((ace->data.size() + sizeof(DWORD) - 1) / sizeof(DWORD) * sizeof(DWORD));
   text.SkipBlanks();
   return true;
 }
 
-std::string DataText(const Ace& ace, const AccountDomains& domains) {
-  const bool is_attribute = ace.type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE;
-  if (!is_attribute && !HasCondition(ace.type)) return "";
-  const std::optional<std::string> text =
-      is_attribute ? AttributeText(ace.data, domains) : ConditionText(ace.data, domains);
-  if (!text) Unsupported("the data of an entry of type " + std::to_string(ace.type));
-  return ";" + *text;
+std::string DataText(const Ace& ace) {
+  if (!HasData(ace.type)) return "";
+  const std::string text = ace.data.substr(0, ace.data.find_last_not_of('\0') + 1);
+  SddlCursor cursor(text);
+  if (TakeBracketed(cursor).empty() || !cursor.AtEnd()) {
+    Unsupported("the data of an entry of type " + std::to_string(ace.type));
+  }
+  return ";" + text;
 }
 
 }  // namespace
@@ -124,7 +138,7 @@ DWORD TakeAce(SddlCursor& text, const AccountDomains& domains, Ace* ace) {
   const DWORD error = TakeSid(text, domains, &ace->sid);
   if (error != ERROR_SUCCESS) return error;
   text.SkipBlanks();
-  return TakeData(text, domains, ace) && text.Take(")") ? ERROR_SUCCESS : ERROR_INVALID_ACL;
+  return TakeData(text, ace) && text.Take(")") ? ERROR_SUCCESS : ERROR_INVALID_ACL;
 }
 
 std::string AceText(const Ace& ace, const AccountDomains& domains) {
@@ -137,7 +151,7 @@ std::string AceText(const Ace& ace, const AccountDomains& domains) {
   }
   return "(" + std::string(type->text) + ";" + flags + ";" + RightsText(ace.type, ace.mask) + ";" +
          GuidText(ace.object_type) + ";" + GuidText(ace.inherited_object_type) + ";" +
-         ShortSidText(ace.sid, domains) + DataText(ace, domains) + ")";
+         ShortSidText(ace.sid, domains) + DataText(ace) + ")";
 }
 
 }  // namespace simulator
