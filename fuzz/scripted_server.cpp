@@ -15,7 +15,7 @@
 #include "simulator/model/common/clock.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/processes/processes.h"
-#include "support/process_simulated.h"
+#include "support/process.h"
 
 namespace fuzz {
 namespace {
@@ -122,14 +122,6 @@ simulator::Intention IntentionOf(const Section& section) {
   return {wish == "later" ? simulator::Wish::kLater : simulator::Wish::kRestart, 0};
 }
 
-void StartProcess() {
-  tests::ForgetProcess();
-  // The list of a process only grows; a new process has a new one.
-  auto& children = common::win::ChildProcessList::Instance();
-  std::destroy_at(&children);
-  std::construct_at(&children);
-}
-
 bool IsLogPath(std::string_view path) { return path.ends_with(".log"); }
 
 // "[2024-03-05 08:07:06] [Info]  ".
@@ -150,7 +142,6 @@ bool StartsAsALine(std::string_view text) {
 }  // namespace
 
 ScriptedServer::ScriptedServer(std::string_view script) {
-  StartProcess();
   scenario_.disks = {DiskOf('C', 'C'), DiskOf('E', 'D'), DiskOf('D', 'E')};
   const std::vector<Section> sections = SectionsOf(script);
   for (const Section& section : sections) Describe(section, scenario_);
@@ -173,10 +164,7 @@ ScriptedServer::ScriptedServer(std::string_view script) {
   });
 }
 
-ScriptedServer::~ScriptedServer() {
-  server_.files().Watch(nullptr);
-  StartProcess();
-}
+ScriptedServer::~ScriptedServer() { server_.files().Watch(nullptr); }
 
 bool ScriptedServer::Fails(std::string_view name) const {
   return std::any_of(scenario_.faults.begin(), scenario_.faults.end(),

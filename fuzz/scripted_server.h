@@ -24,6 +24,7 @@
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/user.h"
 #include "simulator/model/server.h"
+#include "support/process.h"
 
 namespace fuzz {
 
@@ -46,6 +47,7 @@ class ScriptedServer {
   void ExpectWellFormedLog();
 
  private:
+  const tests::NewProcess process_;
   simulator::Server server_;
   simulator::Scenario scenario_;
   simulator::Intention intention_;

@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "rehearsal/command.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
 #include "rehearsal/options.h"
@@ -37,34 +38,9 @@
 #include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
 #include "ui/resource.h"
-#include "wine/drive/rehearse_windows.h"
 
 namespace simulator {
 namespace {
-
-constexpr int kSuccess = 0;
-constexpr int kRunFailed = 1;
-constexpr int kWrongUsage = 2;
-
-std::vector<std::filesystem::path> ShippedScenarios() {
-  std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(VANTORO_SCENARIO_DIR)) {
-    if (entry.path().extension() == ".json") files.push_back(entry.path());
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-std::filesystem::path ScenarioFile(const std::string& name) {
-  if (name.ends_with(".json") || name.find('/') != std::string::npos) return name;
-  return std::filesystem::path(VANTORO_SCENARIO_DIR) / (name + ".json");
-}
-
-void List() {
-  for (const std::filesystem::path& file : ShippedScenarios()) {
-    std::cout << file.stem().string() << "\n    " << ReadScenario(file).title << "\n";
-  }
-}
 
 // A terminal that is large enough to draw in; its size may be unknown.
 Screen::Kind KindOfScreen() {
@@ -189,10 +165,11 @@ int ExitStatus(Outcome outcome, Server& server, const User& user) {
   return kRunFailed;
 }
 
-int Rehearse(const Options& options) {
-  Scenario scenario = ReadScenario(ScenarioFile(options.scenario));
-  if (options.language) scenario.language = *options.language;
-  if (options.windows) return RehearseUnderWine(scenario, options) ? kSuccess : kRunFailed;
+int Rehearse(const Scenario& scenario, const Options& options) {
+  if (options.windows) {
+    std::cerr << "rehearse: --windows is for ./run, which starts rehearse_under_wine then\n";
+    return kWrongUsage;
+  }
   Server server;
   const Screen::Kind kind = KindOfScreen();
   const std::vector<SourceVolume> sources =
@@ -219,37 +196,7 @@ int Rehearse(const Options& options) {
   return ExitStatus(outcome, server, user);
 }
 
-int Main(const std::vector<std::string>& arguments) {
-  Options options;
-  const std::string wrong = ParseArguments(arguments, options);
-  if (!wrong.empty()) {
-    std::cerr << "rehearse: " << wrong << "; --help tells the usage\n";
-    return kWrongUsage;
-  }
-  try {
-    if (options.help) {
-      std::cout << kHelp;
-    } else if (options.list) {
-      List();
-    } else {
-      return Rehearse(options);
-    }
-  } catch (const ScenarioError& error) {
-    std::cerr << "rehearse: " << error.what() << "\n";
-    return kWrongUsage;
-  } catch (const std::filesystem::filesystem_error& error) {
-    std::cerr << "rehearse: " << error.path1().string() << ": " << error.code().message() << "\n";
-    return kWrongUsage;
-  } catch (const std::exception& error) {
-    std::cerr << "rehearse: " << error.what() << "\n";
-    return kRunFailed;
-  }
-  return kSuccess;
-}
-
 }  // namespace
 }  // namespace simulator
 
-int main(int argc, char** argv) {
-  return simulator::Main(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
-}
+int main(int argc, char** argv) { return simulator::RunCommand(argc, argv, simulator::Rehearse); }

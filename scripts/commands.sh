@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Sourced by the commands at the root: the Debian packages that each of them needs, their
-# installation, and the build.
+# Sourced by the commands in the root folder and by scripts. Defines the Debian packages that they need,
+# and functions that install packages and build.
 
-program_packages='g++ cmake ninja-build nlohmann-json3-dev'
+program_packages='g++ cmake ninja-build nlohmann-json3-dev binutils-mingw-w64-x86-64'
 test_packages='libgtest-dev clang libclang-rt-14-dev'
 windows_packages='g++-mingw-w64-x86-64-posix googletest wine wine64 wine64-preloader xvfb xauth locales imagemagick zip'
 bench_packages='libbenchmark-dev valgrind acl'
@@ -10,7 +10,7 @@ coverage_packages='gcovr'
 static_packages='clang-tidy cppcheck'
 font_packages='fonts-wine fonts-wqy-microhei'  # for pictures
 
-# Prints those of its arguments that are not installed.
+# Prints the packages among its arguments that are not installed.
 missing_packages() {
   local package
   for package in "$@"; do
@@ -19,7 +19,8 @@ missing_packages() {
   done
 }
 
-# Installs what is missing of its arguments. When that cannot be done, says so and returns 2.
+# Installs the packages among its arguments that are missing. If that fails, prints an error and returns
+# 2.
 need_packages() {
   local missing
   missing=$(missing_packages "$@")
@@ -30,7 +31,7 @@ need_packages() {
     return 2
   fi
   printf 'Installing %s\n' "${missing% }"
-  # A fresh system has no list of packages yet, an old one may have one that is out of date.
+  # A new system has no package list yet; on an old one it may be out of date.
   # shellcheck disable=SC2086
   if ! install_now $missing && ! { apt-get update -qq >/dev/null 2>&1 && install_now $missing; }; then
     printf 'apt-get could not install: %s\n' "${missing% }" >&2
@@ -42,8 +43,8 @@ install_now() {
   DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null 2>&1
 }
 
-# Builds targets of a preset; all of them when none is named. Says so only when there is something to
-# do, and shows the compiler's words when it fails.
+# Builds targets of a preset, or all targets if none is given. Prints a message only if there is
+# something to build, and the output of the build if it fails.
 build() {
   local preset=$1 folder=build/$1
   local log=$folder/build.log
@@ -60,7 +61,7 @@ build() {
   fi
 }
 
-# Reads ninja's lines. Says once that something is built; on a terminal it counts.
+# Reads the output of ninja. Prints one message if something is built; on a terminal, shows a counter.
 show_progress() {
   local line said=no
   while IFS= read -r line; do

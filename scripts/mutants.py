@@ -1,4 +1,4 @@
-"""The places of src/ that scripts/mutate can break, and how."""
+"""Finds the places of src/ that scripts/mutate can change, and their mutants."""
 import re
 from pathlib import Path
 from typing import NamedTuple
@@ -10,12 +10,12 @@ class Mutant(NamedTuple):
     file: str  # 'src/acl/acl_util.cpp'
     line: int  # 1 is the first
     rule: str
-    before: str  # the line as it is; two when they change places
+    before: str  # the original line; two lines if they are swapped
     after: str
 
 
 def classify(text):
-    """One letter for each character: what it belongs to. Quotation marks are code."""
+    """Returns the kind of each character, as one letter. Quotation marks are code."""
     kinds = []
     i = 0
     while i < len(text):
@@ -41,8 +41,8 @@ def classify(text):
 
 
 def lines_that_count(lines):
-    """The numbers of the lines that are no preprocessing and not for Windows alone."""
-    blocks = []  # for each #if that is open: whether its lines are for Windows alone
+    """Yields the numbers of the lines that are not preprocessor lines and not for Windows only."""
+    blocks = []  # one entry per open #if: whether its lines are for Windows only
     continues = False
     for number, line in enumerate(lines):
         directive = re.match(r'\s*#\s*(\w+)(.*)', line)
@@ -64,7 +64,7 @@ NO_PLACE = re.compile(r'\s*(static_assert|using|namespace|template|friend|typede
                       r'COMMON_PRINTF_FORMAT)\b|.*\boperator\b|.*\)( const)?( noexcept)? = 0;')
 COMPARISONS = {'==': '!=', '!=': '==', '<': '<=', '<=': '<', '>': '>=', '>=': '>'}
 LOGIC = {'&&': '||', '||': '&&'}
-# What is changed by its own text alone: rule, what is looked for, what takes its place.
+# Changes that depend on the matched text only: rule, pattern, replacement.
 IN_LINE = [
     ('comparison', r'(?<= )(==|!=|<=|>=|<|>)(?= |$)', lambda m: COMPARISONS[m[0]]),
     ('logic', r'(?<= )(&&|\|\|)(?= |$)', lambda m: LOGIC[m[0]]),
@@ -87,10 +87,10 @@ def following(number):
 
 
 def another_letter(text, kinds):
-    """The text of a line with a letter of each literal changed, one after the other."""
+    """Yields the line once per literal, with one letter of that literal changed."""
     for literal in re.finditer(r't+|h+', kinds):
         content = text[literal.start():literal.end()]
-        # Neither in an escape nor in a conversion.
+        # Letters of escape sequences and conversion specifications are not changed.
         taken = re.sub(r'\\.|%[-+ #0-9.*]*(ll)?[a-zA-Z%]', lambda m: '\0' * len(m[0]), content)
         found = re.search(r'[A-Za-z]', taken)
         if found:
@@ -100,13 +100,13 @@ def another_letter(text, kinds):
 
 
 def is_statement(code):
-    """Whether a line is one statement that is no declaration."""
+    """Returns whether a line is one complete statement and not a declaration."""
     return (STATEMENT.fullmatch(code) and not KEYWORD.match(code)
             and code.count('(') == code.count(')') and code.count('{') == code.count('}'))
 
 
 def are_independent(code, other):
-    """Whether two statements are assignments that do not see each other."""
+    """Returns whether two statements are assignments that do not use each other's variables."""
     without_calls = r'\s*([\w.:>-]+) = ((?:[^()]|sizeof\([^()]*\))*);'
     first, second = re.fullmatch(without_calls, code), re.fullmatch(without_calls, other)
     return first and second and first[1] not in other and second[1] not in code
@@ -137,7 +137,7 @@ def mutants_of_line(file, number, lines, codes, kinds):
 
 
 def places(root, file):
-    """For each line that can be broken the list of its mutants."""
+    """Yields a list of mutants for each line that can be changed."""
     text = (Path(root) / file).read_text(encoding='utf-8')
     kinds = classify(text)
     codes = ''.join(c if kind == CODE or c == '\n' else '\0' if kind in (TEXT, CHARACTER) else ' '
@@ -150,7 +150,7 @@ def places(root, file):
     for number in lines_that_count(lines):
         if NO_PLACE.match(codes[number]):
             continue
-        # Different changes may give the same line.
+        # Different changes may result in the same line.
         found = {m.after: m for m in mutants_of_line(file, number, lines, codes, kind_lines)
                  if m.after != m.before}
         if found:
@@ -158,11 +158,11 @@ def places(root, file):
 
 
 def spread(lines, count):
-    """So many mutants, evenly over the lines, and over the changes of a line by turns."""
+    """Chooses `count` mutants, evenly over the lines, and in turn over the changes of each line."""
     count = min(count, sum(map(len, lines)))
     chosen, rounds = [], 0
     while len(chosen) < count:
-        # Every line once, before any has its turn again.
+        # One mutant of every line before a second one of any line.
         left = [line[(index + rounds) % len(line)] for index, line in enumerate(lines)
                 if rounds < len(line)]
         wanted = min(count - len(chosen), len(left))

@@ -11,6 +11,7 @@
 #include "fuzz/targets.h"
 #include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
+#include "support/process.h"
 
 namespace fuzz {
 namespace {
@@ -28,7 +29,7 @@ Outcome Restore(std::string_view list, bool continue_on_error) {
   server.files().Write("C:\\Data\\a.txt", "x");
   server.files().MakeJunction("C:\\Link", "C:\\Data");
   server.files().Write("C:\\acl.dat", std::string(list));
-  acl::ACLUtil::privileges_enabled = false;
+  const tests::NewProcess process;
   Outcome outcome;
   {
     acl::ACLUtil engine;
@@ -41,7 +42,6 @@ Outcome Restore(std::string_view list, bool continue_on_error) {
     engine.SetAdminSid(std::move(administrators));
     outcome.result = engine.RestoreFromFile(true, 1, {0.0, 100.0});
   }
-  acl::ACLUtil::privileges_enabled = false;
   outcome.report = server.files().Read("C:\\report.txt").value_or("");
   Expect(server.OpenHandles().empty(), "no handle is left");
   return outcome;

@@ -12,7 +12,7 @@
 #include "simulator/model/desktop/shutdown.h"
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
 
 namespace fuzz {
 namespace {

@@ -71,7 +71,7 @@ std::wstring SubstituteName(const std::wstring& target) {
 int32_t RestoreJunctions(const std::string& /*volume_root*/,
                          const std::string& junction_file_path) {
   // Oddity: junction failures, see docs/oddities.md.
-  return RestoreJunctionsFromFile(common::NarrowToWide(junction_file_path), L"");
+  return RestoreJunctionsFromFile(common::NarrowToWide(junction_file_path), {});
 }
 
 int32_t RestoreJunctionsFromFile(const std::wstring& list_path, const std::wstring& report_path) {

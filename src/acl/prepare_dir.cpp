@@ -6,6 +6,7 @@
 #include "acl/junctions.h"
 #include "common/files.h"
 #include "common/numbers.h"
+#include "common/product.h"
 #include "restore/backup_info.h"
 #include "restore/messages.h"
 
@@ -65,7 +66,8 @@ int32_t RestoreVolumeAcls(logger::Logger& logger, double& progress, double share
 
 int32_t RestorePrepareDir(logger::Logger& logger, double& progress, double share,
                           const std::string& volume_root, const std::string& prepare_dir) {
-  const std::string folder = prepare_dir.empty() ? volume_root + "vantoro_prepare\\" : prepare_dir;
+  const std::string folder =
+      prepare_dir.empty() ? volume_root + common::kPrepareFolder + "\\" : prepare_dir;
   if (!common::Exists(folder)) {
     // Oddity: missing prepare folder, see docs/oddities.md.
     // Oddity: wording of messages, see docs/oddities.md.

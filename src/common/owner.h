@@ -80,6 +80,16 @@ struct FileTraits {
 };
 using UniqueFile = Unique<FileTraits>;
 
+// References to COM objects.
+template <typename Interface>
+struct ComTraits {
+  using Value = Interface*;
+  static Value Empty() { return nullptr; }
+  static void GiveBack(Value object) { object->Release(); }
+};
+template <typename Interface>
+using UniqueCom = Unique<ComTraits<Interface>>;
+
 }  // namespace common
 
 #endif  // COMMON_OWNER_H_

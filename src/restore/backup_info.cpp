@@ -8,6 +8,7 @@
 
 #include "common/file_stream.h"
 #include "common/paths.h"
+#include "common/product.h"
 #include "common/strings.h"
 
 namespace restore {
@@ -15,7 +16,7 @@ namespace restore {
 bool ReadBackupInfoLine(logger::Logger& logger, char drive_letter, int line_number,
                         std::string& line) {
   const std::string root = std::string(1, drive_letter) + ":\\";
-  const std::string path = common::JoinPath(root, "vantoro_prepare\\backup_info");
+  const std::string path = common::JoinPath(root + common::kPrepareFolder, "backup_info");
   // Oddity: missing backup_info, see docs/oddities.md.
   if (::PathFileExistsA(path.c_str()) != TRUE) {
     logger.Warn("ReadBackupInfoLine Backup Info File doesn't Exist.");

@@ -26,6 +26,10 @@ void SetDialog(HWND dialog) { the_dialog = dialog; }
 
 HWND GetDialog() { return the_dialog; }
 
+void PostState(HWND dialog, RestoreState state, LPARAM result) {
+  ::PostMessageW(dialog, WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
+}
+
 void ReportProgress(double percent) {
   const HWND dialog = GetDialog();
   if (dialog == nullptr) return;

@@ -41,6 +41,9 @@ struct LogLine {
 void SetDialog(HWND dialog);
 HWND GetDialog();
 
+// Posts WM_RESTORE_STATE. Any thread.
+void PostState(HWND dialog, RestoreState state, LPARAM result);
+
 // Posts the progress. Any thread. A record that cannot be posted is freed.
 void ReportProgress(double percent);
 

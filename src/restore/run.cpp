@@ -28,10 +28,6 @@ struct RestoreTotals {
   int32_t Finished() const { return total - errors; }
 };
 
-void PostState(HWND dialog, RestoreState state, LPARAM result) {
-  ::PostMessageW(dialog, WM_RESTORE_STATE, static_cast<WPARAM>(state), result);
-}
-
 // Returns the roots of all fixed volumes from c: upward, in the order of their drive letters.
 std::vector<std::string> FixedVolumes() {
   std::vector<std::string> roots;

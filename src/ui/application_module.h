@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "ui/message_loop.h"
+#include "ui/process_state.h"
 
 namespace ui {
 
@@ -13,7 +14,10 @@ class ApplicationModule {
  public:
   // `resources` is the module that dialogs and icons are loaded from.
   void Init(HINSTANCE resources) { resources_ = resources; }
-  void Term() { *this = ApplicationModule(); }
+  void Term() {
+    resources_ = nullptr;
+    message_loop_ = nullptr;
+  }
 
   HINSTANCE resources() const { return resources_; }
 
@@ -22,9 +26,13 @@ class ApplicationModule {
   void RemoveMessageLoop() { message_loop_ = nullptr; }
   MessageLoop* message_loop() const { return message_loop_; }
 
+  // Kept for the life of the module, which is that of the process.
+  ProcessState& state() { return state_; }
+
  private:
   HINSTANCE resources_ = nullptr;
   MessageLoop* message_loop_ = nullptr;
+  ProcessState state_;
 };
 
 }  // namespace ui

@@ -9,7 +9,6 @@
 #include "restore/messages.h"
 #include "restore/run.h"
 #include "thread/b_thread.h"
-#include "ui/process_state.h"
 #include "ui/progress_title.h"
 #include "ui/restart.h"
 #include "ui/show_message.h"
@@ -122,16 +121,15 @@ void MainWindow::StartRestore() {
     static_cast<void>(start.release());  // owned by the thread
   } else {
     logger_->Error("Vantoro Restore Thread Start Failed.");
-    ::PostMessageW(window(), restore::WM_RESTORE_STATE,
-                   static_cast<WPARAM>(restore::RestoreState::kEnded), 1);
+    restore::PostState(window(), restore::RestoreState::kEnded, 1);
   }
 }
 
 void MainWindow::OnRunStarted() {
   is_running_ = 1;
   ::SendMessageW(progress_bar_, PBM_SETSTATE, PBST_NORMAL, 0);
-  if (ProcessState::Instance().HasTaskBarProgress() && !task_bar_) {
-    task_bar_ = std::make_unique<ProgressTaskBarHelper>(window());
+  if (module_.state().HasTaskBarProgress() && !task_bar_) {
+    task_bar_ = std::make_unique<ProgressTaskBarHelper>(window(), module_.state());
     if (!task_bar_->Initialize()) task_bar_.reset();
   }
   if (task_bar_) task_bar_->SetState(TBPF_NORMAL);
@@ -162,7 +160,7 @@ void MainWindow::OnProgress(WPARAM kind, LPARAM posted) {
   }
   if (kind == static_cast<WPARAM>(restore::RestoreProgress::kPercent)) {
     // Oddity: stage in the title, see docs/oddities.md.
-    SetProgress(ProcessState::Instance().ProgressStage(),
+    SetProgress(module_.state().ProgressStage(),
                 reinterpret_cast<const restore::ProgressRecord*>(posted)->percent);
   }
   restore::ReleasePosted(kind, posted);
@@ -181,7 +179,7 @@ void MainWindow::OnTimer(WPARAM timer) {
     UpdateTitle();
   }
   if (timer == kIconTimer) {
-    const int32_t icon = NextIcon(ProcessState::Instance().icon_index());
+    const int32_t icon = NextIcon(module_.state().icon_index());
     ShowIcon(turning_icons_.at(static_cast<size_t>(icon)));
   }
 }

@@ -3,18 +3,16 @@
 #define UI_PROCESS_STATE_H_
 
 #include <cstdint>
-#include <mutex>
 #include <optional>
 #include <string>
 
+#include "locker/b_locker.h"
 #include "ui/progress_title.h"
 
 namespace ui {
 
 class ProcessState {
  public:
-  static ProcessState& Instance();
-
   // The stage shown with progress reports, string table entry 117. Loaded by the first call, in the
   // language of the calling thread. Any thread.
   std::string ProgressStage();
@@ -25,11 +23,8 @@ class ProcessState {
   // The index of the icon to show next. The dialog's thread only.
   int32_t& icon_index() { return icon_index_; }
 
-  // Resets the state to that of a new process. For tests.
-  void Forget();
-
  private:
-  std::mutex mutex_;
+  locker::BLocker locker_;
   std::optional<std::string> progress_stage_;
   std::optional<bool> has_task_bar_progress_;
   int32_t icon_index_ = kFirstIcon;

@@ -9,16 +9,20 @@
 
 #include <cstdint>
 
+#include "common/owner.h"
+#include "ui/process_state.h"
+
 namespace ui {
 
 // Used on the dialog's thread, on which COM is initialized.
 // https://learn.microsoft.com/windows/win32/api/shobjidl_core/nn-shobjidl_core-itaskbarlist3
 class ProgressTaskBarHelper {
  public:
-  explicit ProgressTaskBarHelper(HWND window) : window_(window) {}
+  // `state` outlives the helper.
+  ProgressTaskBarHelper(HWND window, ProcessState& state) : window_(window), state_(state) {}
   ProgressTaskBarHelper(const ProgressTaskBarHelper&) = delete;
   ProgressTaskBarHelper& operator=(const ProgressTaskBarHelper&) = delete;
-  virtual ~ProgressTaskBarHelper();
+  virtual ~ProgressTaskBarHelper() = default;
 
   // Returns false if the taskbar does not show progress. Until it has returned true, the other
   // functions do nothing.
@@ -29,8 +33,8 @@ class ProgressTaskBarHelper {
 
  private:
   const HWND window_;
-  bool is_initialized_ = false;
-  ITaskbarList3* task_bar_ = nullptr;
+  ProcessState& state_;
+  common::UniqueCom<ITaskbarList3> task_bar_;  // empty until Initialize has returned true
 };
 
 }  // namespace ui

@@ -11,6 +11,7 @@
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/security.h"
+#include "support/process.h"
 #include "support/sddl_texts.h"
 #include "support/simulated_acl_engine.h"
 #include "support/test_names.h"
@@ -155,7 +156,7 @@ TEST_P(RoundTrip, GivesTheSourcesDescriptorBack) {
 
   // The second time changes nothing.
   for (int time = 1; time <= 2; ++time) {
-    ACLUtil::privileges_enabled = false;  // as in a process of its own
+    tests::ForgetProcess();
     EXPECT_EQ(Restore(LineOf(path, 0, text)), kRestored);
     EXPECT_EQ(Report(), report);
     EXPECT_EQ(SddlOf(path), expected);

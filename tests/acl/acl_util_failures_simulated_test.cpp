@@ -7,6 +7,7 @@
 
 #include "acl/acl_util.h"
 #include "simulator/model/server.h"
+#include "support/process.h"
 #include "support/progress_simulated.h"
 #include "support/simulated_acl_engine.h"
 
@@ -213,7 +214,7 @@ TEST_F(ACLUtilFailure, OfTheSecondWriteForWantOfAccessIsPassedOver) {
 // Whatever fails, the run ends with a result that it has, and leaves nothing.
 TEST(ACLUtilFailures, OfAnyCallLeaveNothingBehind) {
   for (int number = 1;; ++number) {
-    ACLUtil::privileges_enabled = false;
+    const tests::NewProcess process;
     const int blocks = simulator::LiveLocalBlocks();
     simulator::Server server;
     for (const std::string path : {"C:\\a", "C:\\b", "C:\\c"}) server.files().Write(path, "");
@@ -243,7 +244,6 @@ TEST(ACLUtilFailures, OfAnyCallLeaveNothingBehind) {
       break;
     }
   }
-  ACLUtil::privileges_enabled = false;
 }
 
 // Progress.

@@ -11,6 +11,7 @@
 #include "simulator/model/common/clock.h"
 #include "simulator/model/server.h"
 #include "support/descriptors_simulated.h"
+#include "support/process.h"
 #include "support/progress_simulated.h"
 #include "support/simulated_events.h"
 #include "support/test_names.h"
@@ -23,11 +24,7 @@ using Percents = std::vector<double>;
 
 class RestorePrepareDirTest : public testing::Test {
  protected:
-  RestorePrepareDirTest() {
-    ACLUtil::privileges_enabled = false;
-    server_.files().MountEmpty('D');
-  }
-  ~RestorePrepareDirTest() override { ACLUtil::privileges_enabled = false; }
+  RestorePrepareDirTest() { server_.files().MountEmpty('D'); }
 
   // On volume D, whose root has no other files.
   void Prepare(const std::string& acl_count = "1") {
@@ -42,6 +39,7 @@ class RestorePrepareDirTest : public testing::Test {
     return RestorePrepareDir(logger_, progress_, 10.0, root, prepare_dir);
   }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   tests::ProgressDialog dialog_{server_};
   tests::EventLogger logger_{server_};

@@ -7,7 +7,7 @@
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/server.h"
 #include "support/descriptors_simulated.h"
-#include "support/process_simulated.h"
+#include "support/process.h"
 #include "support/whole_run_simulated.h"
 
 namespace restore {

@@ -15,7 +15,8 @@
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/server_tools.h"
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
+#include "support/process.h"
 
 namespace fault_sweep {
 namespace {

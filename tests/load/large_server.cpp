@@ -16,7 +16,6 @@
 #include "simulator/model/processes/processes.h"
 #include "simulator/server_tools.h"
 #include "support/descriptors_simulated.h"
-#include "support/process_simulated.h"
 
 namespace load {
 namespace {
@@ -46,7 +45,6 @@ simulator::MakeBytes Repeated(const std::string& block, uint64_t times, const st
 }  // namespace
 
 LargeServer::LargeServer(int volumes, uint64_t rounds) : rounds_(rounds) {
-  tests::ForgetProcess();
   server_.processes().Install("diskpart", simulator::DiskpartProgram());
   for (int volume = 0; volume < volumes; ++volume) AddVolume(volume);
   server_.calls().KeepTrace(false);
@@ -57,8 +55,6 @@ LargeServer::LargeServer(int volumes, uint64_t rounds) : rounds_(rounds) {
   constexpr uint64_t kLinesPerReport = 1000;
   percents_.reserve(static_cast<size_t>(volumes) * (LinesOfVolume() / kLinesPerReport + 10));
 }
-
-LargeServer::~LargeServer() { tests::ForgetProcess(); }
 
 void LargeServer::AddVolume(int volume) {
   constexpr uint64_t kGigabyte = uint64_t{1} << 30;

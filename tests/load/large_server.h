@@ -12,6 +12,7 @@
 #include "simulator/model/desktop/desktop.h"
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
+#include "support/process.h"
 
 namespace load {
 
@@ -23,7 +24,6 @@ class LargeServer {
 
   // Volumes C, D and so on. A list has `rounds` times kFiles lines and the last one.
   LargeServer(int volumes, uint64_t rounds);
-  ~LargeServer();
   LargeServer(const LargeServer&) = delete;
   LargeServer& operator=(const LargeServer&) = delete;
 
@@ -43,6 +43,7 @@ class LargeServer {
   void AddVolume(int volume);
   void TakePosts();
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   const tests::BootTools boot_tools_{server_};
   const uint64_t rounds_;

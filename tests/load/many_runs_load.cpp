@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "common/win/child_process_list.h"
 #include "load/load_size.h"
 #include "load/memory_use.h"
 #include "rehearsal/description/scenario.h"
@@ -20,18 +19,13 @@
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
+#include "support/process.h"
 
 namespace load {
 namespace {
 
 int Runs() { return Size(20, 1000, 1000); }
-
-size_t Children() {
-  size_t count = 0;
-  common::win::ChildProcessList::Instance().ForEach([&](HANDLE) { ++count; });
-  return count;
-}
 
 // What a run left open on the server that it ran on.
 struct Left {
@@ -49,13 +43,12 @@ struct Kept {
   size_t heap_blocks;
   size_t malloc_bytes;
   size_t threads;
-  size_t children;  // in the list that only grows
   int local_blocks;
 };
 
 // The whole program on a server of its own, which goes again.
 Left RunProgram(const simulator::Scenario& scenario) {
-  tests::ForgetProcess();
+  const tests::NewProcess process;
   simulator::Server server;
   simulator::Build(scenario, server);
   const int exit_code = server.own_process().Run(
@@ -68,8 +61,7 @@ Left RunProgram(const simulator::Scenario& scenario) {
 }
 
 Kept Measure() {
-  return {HeapBlocksInUse(), MallocInUse(), ThreadCount(), Children(),
-          simulator::LiveLocalBlocks()};
+  return {HeapBlocksInUse(), MallocInUse(), ThreadCount(), simulator::LiveLocalBlocks()};
 }
 
 class ManyRuns : public testing::Test {
@@ -84,7 +76,6 @@ class ManyRuns : public testing::Test {
       if (std::find(left_.begin(), left_.end(), left) == left_.end()) left_.push_back(left);
     }
     after_ = Measure();
-    tests::ForgetProcess();
   }
 
   static inline std::vector<Left> left_;  // each that is different from the others
@@ -100,18 +91,12 @@ TEST_F(ManyRuns, AllRestoreTheServer) {
 
 TEST_F(ManyRuns, AllLeaveTheSameOpen) { EXPECT_EQ(left_.size(), 1U); }
 
-TEST_F(ManyRuns, KeepNothingInTheProcessButTheListOfChildren) {
+TEST_F(ManyRuns, KeepNothingInTheProcess) {
   EXPECT_EQ(after_.threads, before_.threads);
   EXPECT_EQ(after_.local_blocks, before_.local_blocks);
-  EXPECT_GT(after_.children, before_.children);
-  // An entry is one block.
-  EXPECT_LE(Growth(before_.heap_blocks, after_.heap_blocks),
-            after_.children - before_.children + 10);
-  // An entry's block takes 32 bytes. What a thread keeps for its next blocks may differ.
-  if (!kIsSanitized) {
-    EXPECT_LE(Growth(before_.malloc_bytes, after_.malloc_bytes),
-              32 * (after_.children - before_.children) + kMebibyte);
-  }
+  EXPECT_LE(Growth(before_.heap_blocks, after_.heap_blocks), 10U);
+  // What a thread keeps for its next blocks may differ.
+  if (!kIsSanitized) EXPECT_LE(Growth(before_.malloc_bytes, after_.malloc_bytes), kMebibyte);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "simulator/model/server.h"
 #include "simulator/server_tools.h"
 #include "support/boot_tools_simulated.h"
+#include "support/process.h"
 #include "support/recording_logger.h"
 
 namespace restore {
@@ -49,6 +50,7 @@ class RestoreBCDBootTest : public testing::Test {
     return started;
   }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   tests::BootTools tools_{server_};
   tests::RecordingLogger logger_;

@@ -12,6 +12,7 @@
 #include "restore/messages.h"
 #include "simulator/model/desktop/desktop.h"
 #include "simulator/model/server.h"
+#include "support/process.h"
 
 namespace restore {
 namespace {
@@ -22,7 +23,6 @@ class PostedToTheDialog : public testing::Test {
  protected:
   PostedToTheDialog() { SetDialog(window_); }
   ~PostedToTheDialog() override {
-    SetDialog(nullptr);
     while (const auto message = server_.desktop().Take(window_)) {
       ReleasePosted(message->wparam, message->lparam);
     }
@@ -40,6 +40,7 @@ class PostedToTheDialog : public testing::Test {
     return std::unique_ptr<LogLine>(reinterpret_cast<LogLine*>(posted->lparam));
   }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   const HWND window_ = server_.desktop().CreateWindow();
 };

@@ -7,14 +7,14 @@
 #include <type_traits>
 
 #include "support/host.h"
+#include "support/process.h"
 
 namespace restore {
 namespace {
 
 class RunMessages : public tests::HostTest {
  protected:
-  RunMessages() { SetDialog(nullptr); }
-  ~RunMessages() override { SetDialog(nullptr); }
+  const tests::NewProcess process_;
 };
 
 TEST_F(RunMessages, HaveTheNumbersOfTheDesign) {

@@ -14,6 +14,7 @@
 #include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
+#include "support/process.h"
 #include "support/progress_simulated.h"
 #include "support/simulated_diskpart.h"
 #include "support/simulated_events.h"
@@ -27,9 +28,6 @@ using Lines = std::vector<std::string>;
 // A server without a disk that the disk tool lists, whose boot configuration is in order.
 class RestoreWorkerTest : public testing::Test {
  protected:
-  RestoreWorkerTest() { acl::ACLUtil::privileges_enabled = false; }
-  ~RestoreWorkerTest() override { acl::ACLUtil::privileges_enabled = false; }
-
   int32_t Run(const std::string& volume_root = "") {
     return RestoreWorker(logger_, window_, volume_root, "");
   }
@@ -43,6 +41,7 @@ class RestoreWorkerTest : public testing::Test {
   // The totals line; the last in every run that has one.
   std::string LastLine() const { return logger_.Lines().back(); }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   const HWND window_ = server_.desktop().CreateWindow();
   tests::EventLogger logger_{server_};

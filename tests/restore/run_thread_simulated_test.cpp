@@ -16,6 +16,7 @@
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
+#include "support/process.h"
 #include "support/simulated_events.h"
 #include "support/test_names.h"
 
@@ -52,6 +53,7 @@ class RestoreThread : public testing::Test {
     return posted;
   }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   const HWND window_ = server_.desktop().CreateWindow();
   tests::BootTools boot_tools_{server_};

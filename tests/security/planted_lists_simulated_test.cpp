@@ -16,6 +16,7 @@
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
 #include "support/descriptors_simulated.h"
+#include "support/process.h"
 #include "support/simulated_diskpart.h"
 #include "support/whole_run_simulated.h"
 
@@ -32,7 +33,6 @@ constexpr char kScript[] =
 class PlantedLists : public testing::Test {
  protected:
   PlantedLists() {
-    acl::ACLUtil::privileges_enabled = false;
     server_.files().MountEmpty('D');
     server_.files().Write(kVictim, "program");
     tests::Secure(server_, kVictim, kVictimSddl);
@@ -40,7 +40,6 @@ class PlantedLists : public testing::Test {
     Plant("juncbackup_d.dat", "");
     Plant("aclbackup_d.dat", "");
   }
-  ~PlantedLists() override { acl::ACLUtil::privileges_enabled = false; }
 
   void Plant(const std::string& name, const std::string& content) {
     server_.files().Write(std::string(kPrepare) + "\\" + name, content);
@@ -63,6 +62,7 @@ class PlantedLists : public testing::Test {
   }
   std::string SddlOf(const std::string& path) { return tests::SddlOf(server_, path); }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   tests::BootTools boot_tools_{server_};
   tests::ScriptedDiskpart diskpart_{server_, [](const std::string& commands) {

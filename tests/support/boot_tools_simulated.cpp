@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "support/boot_tools_simulated.h"
 
 #include "simulator/model/processes/processes.h"
@@ -6,7 +5,6 @@
 namespace tests {
 
 BootTools::BootTools(simulator::Server& server) {
-  ForgetPlatforms();
   List(
       "default  {current}\r\nlocale  en-US\r\ndisplayorder  {current}\r\n"
       "toolsdisplayorder  {memdiag}\r\n");
@@ -22,4 +20,3 @@ BootTools::BootTools(simulator::Server& server) {
 }
 
 }  // namespace tests
-#endif

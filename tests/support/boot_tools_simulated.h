@@ -7,7 +7,6 @@
 #include <string>
 
 #include "simulator/model/server.h"
-#include "support/process_simulated.h"
 
 namespace tests {
 
@@ -16,7 +15,6 @@ namespace tests {
 class BootTools {
  public:
   explicit BootTools(simulator::Server& server);
-  ~BootTools() { ForgetPlatforms(); }
   BootTools(const BootTools&) = delete;
   BootTools& operator=(const BootTools&) = delete;
 

@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include <string>
 #include <vector>
 
@@ -24,4 +23,3 @@ DWORD RunCommand(simulator::Server&, simulator::ChildProcess& child) {
 void InstallChildCommands() { simulator::Server::Current().processes().Install("cmd", RunCommand); }
 
 }  // namespace tests
-#endif

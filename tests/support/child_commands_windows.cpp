@@ -1,4 +1,3 @@
-#ifdef _WIN32
 #include "support/child_commands.h"
 
 namespace tests {
@@ -6,4 +5,3 @@ namespace tests {
 void InstallChildCommands() {}
 
 }  // namespace tests
-#endif

@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "support/descriptors_simulated.h"
 
 #include <gtest/gtest.h>
@@ -27,4 +26,3 @@ void Secure(simulator::Server& server, const std::string& path, const std::strin
 }
 
 }  // namespace tests
-#endif

@@ -1,4 +1,3 @@
-#ifdef _WIN32
 #include "support/dialog_windows.h"
 
 #include <commctrl.h>
@@ -9,7 +8,7 @@
 
 #include "common/win/child_process_list.h"
 #include "support/hang.h"
-#include "ui/process_state.h"
+#include "support/process.h"
 #include "ui/show_message.h"
 
 namespace tests {
@@ -103,8 +102,7 @@ WindowsDialogTest::WindowsDialogTest() {
   static_cast<void>(::CoInitialize(nullptr));
   const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES | ICC_COOL_CLASSES};
   ::InitCommonControlsEx(&classes);
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
+  ForgetProcess();
   ui::SetResourceModule(::GetModuleHandleW(nullptr));
   module_.Init(::GetModuleHandleW(nullptr));
   module_.AddMessageLoop(&loop_);
@@ -115,8 +113,7 @@ WindowsDialogTest::WindowsDialogTest() {
 WindowsDialogTest::~WindowsDialogTest() {
   if (window_ != nullptr) EndRun();
   ::KillTimer(nullptr, person_);
-  restore::SetDialog(nullptr);
-  ui::ProcessState::Instance().Forget();
+  ForgetProcess();
   ::CoUninitialize();
   current_ = nullptr;
 }
@@ -189,4 +186,3 @@ void WindowsDialogTest::EndRun() {
 }
 
 }  // namespace tests
-#endif

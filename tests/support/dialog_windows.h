@@ -1,8 +1,7 @@
-// The program's dialog on the desktop of a real Windows, with somebody before the screen. Its run
-// is held in its first tool.
+// The program's dialog on the desktop of a real Windows, with a simulated user. The run is held in
+// its first tool.
 #ifndef TESTS_SUPPORT_DIALOG_WINDOWS_H_
 #define TESTS_SUPPORT_DIALOG_WINDOWS_H_
-#ifdef _WIN32
 
 #include <windows.h>
 
@@ -19,7 +18,7 @@
 
 namespace tests {
 
-// Puts the stand-in for bcdedit that does not end by itself first in the search path.
+// Puts a replacement for bcdedit that does not end by itself first in the search path.
 class HeldTools {
  public:
   HeldTools();
@@ -32,10 +31,11 @@ class HeldTools {
 struct MessageBoxSeen {
   std::wstring caption;
   std::wstring text;
-  std::vector<int> buttons;  // their ids, those of the templates' order
+  std::vector<int> buttons;  // ids of the visible buttons, in a fixed order
 };
 
-// The message box that `owner` waits for, null when there is none, and what is in it.
+// BoxOf returns the visible message box of `owner`, or null if there is none. Look returns the
+// contents of a box.
 HWND BoxOf(HWND owner);
 MessageBoxSeen Look(HWND box);
 
@@ -46,25 +46,27 @@ class WindowsDialogTest : public testing::Test {
   WindowsDialogTest();
   ~WindowsDialogTest() override;
 
-  // The dialog, its run started and held. Its timers are stopped unless they are to tick.
+  // Creates the dialog, with its run started and held. Its timers are stopped unless `ticking` is
+  // true.
   HWND Show(bool ticking = false);
 
   HWND Control(int id) const;
 
-  // What the person does with the boxes that come; without it they are cancelled.
+  // Sets the function that chooses the answer to each message box. Without it, boxes are cancelled.
   void AnswerBoxes(std::function<int(const MessageBoxSeen&)> answer) {
     answer_ = std::move(answer);
   }
   const std::vector<MessageBoxSeen>& Boxes() const { return boxes_; }
 
-  // Handles the thread's messages until it holds; fails the test if it hangs.
+  // Dispatches the thread's messages until `holds` returns true. Fails the test if this takes too
+  // long.
   void PumpUntil(const std::function<bool()>& holds);
-  // Handles those that are waiting.
+  // Dispatches the waiting messages.
   void Pump();
 
   void PostState(restore::RestoreState state, LPARAM result);
 
-  // WM_QUIT's code, once it came.
+  // Returns the exit code of WM_QUIT after it was received, otherwise nothing.
   const std::optional<int>& quit_code() const { return quit_code_; }
   bool had_timers() const;
 
@@ -91,5 +93,4 @@ class WindowsDialogTest : public testing::Test {
 
 }  // namespace tests
 
-#endif  // _WIN32
 #endif  // TESTS_SUPPORT_DIALOG_WINDOWS_H_

@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "simulator/model/server.h"
 #include "support/drive.h"
 
@@ -14,4 +13,3 @@ Drive::~Drive() {
 }
 
 }  // namespace tests
-#endif

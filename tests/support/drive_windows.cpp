@@ -1,4 +1,3 @@
-#ifdef _WIN32
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -24,4 +23,3 @@ Drive::~Drive() {
 }
 
 }  // namespace tests
-#endif

@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "simulator/model/server.h"
 #include "support/host.h"
 
@@ -31,4 +30,3 @@ bool HostTest::Exists(const std::string& path) {
 }
 
 }  // namespace tests
-#endif

@@ -1,4 +1,3 @@
-#ifdef _WIN32
 #include <windows.h>
 
 #include <filesystem>
@@ -40,4 +39,3 @@ void HostTest::MakeFolder(const std::string& path) { std::filesystem::create_dir
 bool HostTest::Exists(const std::string& path) { return std::filesystem::exists(path); }
 
 }  // namespace tests
-#endif

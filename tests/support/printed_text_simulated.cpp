@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "simulator/model/processes/console.h"
 #include "simulator/model/server.h"
 #include "support/printed_text.h"
@@ -15,4 +14,3 @@ std::string PrintedText::Take() {
 }
 
 }  // namespace tests
-#endif

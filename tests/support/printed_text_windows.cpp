@@ -1,4 +1,3 @@
-#ifdef _WIN32
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -22,4 +21,3 @@ std::string PrintedText::Take() {
 }
 
 }  // namespace tests
-#endif

@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "support/program_simulated.h"
 
 #include "simulator/model/desktop/com.h"
@@ -10,7 +9,6 @@
 namespace tests {
 
 ProgramTest::ProgramTest() {
-  ForgetProcess();
   server_.processes().Install(
       "diskpart", [](simulator::Server&, simulator::ChildProcess&) -> DWORD { return 0; });
 }
@@ -45,4 +43,3 @@ simulator::TaskbarProgress ProgramTest::TaskBar() const {
 }
 
 }  // namespace tests
-#endif

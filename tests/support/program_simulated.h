@@ -19,7 +19,8 @@
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
+#include "support/process.h"
 
 namespace simulator {
 struct ShownDialog;
@@ -32,10 +33,7 @@ namespace tests {
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest();
-  ~ProgramTest() override {
-    ReleaseLost(server_);
-    ForgetProcess();
-  }
+  ~ProgramTest() override { ReleaseLost(server_); }
 
   // Makes a tool wait until it is terminated, so that the run continues. RunWith waits until the
   // run has reached this tool.
@@ -90,6 +88,7 @@ class ProgramTest : public testing::Test {
   simulator::ShownDialog Dialog() const;
   simulator::TaskbarProgress TaskBar() const;
 
+  const NewProcess process_;
   bool is_to_be_held_ = false;
   std::atomic<bool> is_held_ = false;
   mutable simulator::Server server_;

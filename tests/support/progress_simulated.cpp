@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "support/progress_simulated.h"
 
 #include "restore/messages.h"
@@ -29,4 +28,3 @@ std::vector<double> ProgressDialog::Take() {
 }
 
 }  // namespace tests
-#endif

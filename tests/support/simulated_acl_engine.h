@@ -16,6 +16,7 @@
 #include "simulator/model/processes/local_heap.h"
 #include "simulator/model/server.h"
 #include "support/descriptors_simulated.h"
+#include "support/process.h"
 
 namespace tests {
 
@@ -24,9 +25,6 @@ namespace tests {
 class AclEngineTest : public testing::Test {
  protected:
   using Lines = std::vector<std::string>;
-
-  AclEngineTest() { acl::ACLUtil::privileges_enabled = false; }
-  ~AclEngineTest() override { acl::ACLUtil::privileges_enabled = false; }
 
   struct Options {
     bool restore_attributes = true;
@@ -81,6 +79,7 @@ class AclEngineTest : public testing::Test {
   static constexpr char kDetected[] =
       "Input file for restore operation: <C:\\acl.dat> detected as ANSI.";
 
+  const NewProcess process_;
   simulator::Server server_;
 };
 

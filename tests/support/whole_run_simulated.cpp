@@ -1,4 +1,3 @@
-#ifndef _WIN32
 #include "support/whole_run_simulated.h"
 
 #include <filesystem>
@@ -17,7 +16,6 @@
 #include "simulator/model/files/volume.h"
 #include "simulator/model/security/security.h"
 #include "support/descriptors_simulated.h"
-#include "support/process_simulated.h"
 
 namespace tests {
 
@@ -33,11 +31,9 @@ struct WholeRun::Parts {
   std::vector<simulator::JunctionState> junctions_before;
 };
 
-WholeRun::WholeRun(const std::string& name) : parts_(std::make_unique<Parts>(name, server_)) {
-  ForgetProcess();
-}
+WholeRun::WholeRun(const std::string& name) : parts_(std::make_unique<Parts>(name, server_)) {}
 
-WholeRun::~WholeRun() { ForgetProcess(); }
+WholeRun::~WholeRun() = default;
 
 const std::vector<simulator::SourceVolume>& WholeRun::sources() const { return parts_->sources; }
 
@@ -93,4 +89,3 @@ std::vector<std::string> WholeRun::WrongAttributes() {
 }
 
 }  // namespace tests
-#endif

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simulator/model/server.h"
+#include "support/process.h"
 
 namespace simulator {
 struct DescriptorOutcome;
@@ -43,6 +44,7 @@ class WholeRun {
  private:
   struct Parts;
 
+  const NewProcess process_;
   simulator::Server server_;
   const std::unique_ptr<Parts> parts_;
 };

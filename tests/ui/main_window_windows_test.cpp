@@ -1,5 +1,4 @@
 // The progress dialog on a real desktop.
-#ifdef _WIN32
 #include <windows.h>
 
 #include <commctrl.h>
@@ -261,7 +260,8 @@ TEST(RealRestart, IsScheduled) {
 }
 
 TEST_F(RealMainWindow, FindsTheTaskBar) {
-  ProgressTaskBarHelper task_bar(Show());
+  ProcessState state;
+  ProgressTaskBarHelper task_bar(Show(), state);
   EXPECT_TRUE(task_bar.Initialize());
   task_bar.SetState(TBPF_NORMAL);
   task_bar.SetValue(37, 100);
@@ -269,4 +269,3 @@ TEST_F(RealMainWindow, FindsTheTaskBar) {
 
 }  // namespace
 }  // namespace ui
-#endif

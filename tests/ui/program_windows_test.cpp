@@ -1,5 +1,4 @@
 // The program's own file, run, looked at and cancelled as a person would.
-#ifdef _WIN32
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -110,4 +109,3 @@ TEST(Program, IsCancelledWithItsTool) {
 
 }  // namespace
 }  // namespace ui
-#endif

@@ -1,6 +1,5 @@
 // The resources in the program's file: both languages of the dialog and of the texts, icons,
 // version.
-#ifdef _WIN32
 #include <windows.h>
 
 #include <commctrl.h>
@@ -244,4 +243,3 @@ TEST(ProgramResources, TellTheirTextsInBothLanguages) {
 
 }  // namespace
 }  // namespace ui
-#endif

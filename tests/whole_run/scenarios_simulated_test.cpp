@@ -15,7 +15,7 @@
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/security.h"
 #include "support/descriptors_simulated.h"
-#include "support/process_simulated.h"
+#include "support/process.h"
 #include "support/whole_run_simulated.h"
 
 namespace restore {

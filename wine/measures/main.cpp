@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "benchmarks/table.h"
 #include "rehearsal/description/prepare_folder.h"
-#include "table.h"
 #include "wine/drive/wine_server.h"
 #include "wine/measures/tool_calls.h"
 

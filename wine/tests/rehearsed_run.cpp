@@ -14,7 +14,8 @@
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
+#include "support/process.h"
 
 namespace tests {
 namespace {
@@ -76,7 +77,7 @@ std::string LogOf(simulator::Server& server, const std::string& program_folder) 
 }  // namespace
 
 RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOptions& options) {
-  ForgetProcess();
+  const NewProcess process;
   RehearsedRun run;
   simulator::Server server;
   server.system().program_path = options.program_folder + "\\vantoro_restore.exe";
@@ -107,7 +108,6 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
     run.dialog = std::make_shared<simulator::ShownDialog>(server.dialogs().All().back());
   }
   run.restart = server.shutdown().Scheduled();
-  ForgetProcess();
   return run;
 }
 

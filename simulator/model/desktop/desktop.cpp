@@ -7,7 +7,6 @@
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/desktop/dialog_template.h"
 #include "simulator/model/desktop/dialogs.h"
-#include "simulator/model/desktop/resource_script.h"
 #include "simulator/model/desktop/resources.h"
 #include "simulator/model/server.h"
 
@@ -26,15 +25,9 @@ const Resource* FindResource(const ResourceMap<Resource>& resources, LANGID lang
   return nullptr;
 }
 
-template <typename Resource>
-DWORD ErrorOfMissing(const ResourceMap<Resource>& resources) {
+template <typename Container>
+DWORD ErrorOfMissing(const Container& resources) {
   return resources.empty() ? ERROR_RESOURCE_TYPE_NOT_FOUND : ERROR_RESOURCE_NAME_NOT_FOUND;
-}
-
-// Read once: every server of the process starts with them.
-const Resources& ProgramResources() {
-  static const Resources resources = ReadResources(kResourceScript, kResourceNames);
-  return resources;
 }
 
 }  // namespace
@@ -42,9 +35,7 @@ const Resources& ProgramResources() {
 Desktop::Desktop(Clock& clock, const System& system)
     : system_(system),
       dialogs_(std::make_unique<Dialogs>(clock)),
-      resources_(std::make_unique<Resources>(ProgramResources())) {
-  if (!resources_->error.empty()) Unsupported("resource script: " + resources_->error);
-}
+      resources_(std::make_unique<Resources>(ProgramResources())) {}
 
 Desktop::~Desktop() = default;
 
@@ -112,7 +103,7 @@ void Desktop::SetDialog(LANGID language, UINT id, DialogTemplate dialog) {
 
 void Desktop::SetIcon(UINT id) {
   const std::lock_guard lock(mutex_);
-  resources_->icons[{kEnglish, id}];
+  resources_->icons.insert({kEnglish, id});
 }
 
 std::optional<std::string> Desktop::String(LANGID language, UINT id) const {
@@ -132,7 +123,7 @@ DWORD Desktop::FindDialog(LANGID language, UINT id, DialogTemplate* dialog) cons
 DWORD Desktop::FindIcon(UINT id) const {
   const std::lock_guard lock(mutex_);
   const bool is_there = std::any_of(resources_->icons.begin(), resources_->icons.end(),
-                                    [id](const auto& icon) { return icon.first.second == id; });
+                                    [id](const auto& icon) { return icon.second == id; });
   return is_there ? DWORD{ERROR_SUCCESS} : ErrorOfMissing(resources_->icons);
 }
 

@@ -1,10 +1,12 @@
-// The resources of a resource script.
+// The resources of a program, as the resource compiler writes them.
+// https://learn.microsoft.com/windows/win32/menurc/resource-file-formats
 #ifndef SIMULATOR_MODEL_DESKTOP_RESOURCES_H_
 #define SIMULATOR_MODEL_DESKTOP_RESOURCES_H_
 
 #include <windows.h>
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,21 +16,23 @@
 namespace simulator {
 
 // By language and number.
+using ResourceKey = std::pair<LANGID, UINT>;
 template <typename Resource>
-using ResourceMap = std::map<std::pair<LANGID, UINT>, Resource>;
+using ResourceMap = std::map<ResourceKey, Resource>;
 
 struct Resources {
-  ResourceMap<std::string> strings;  // UTF-8
+  ResourceMap<std::string> strings;  // UTF-8; an empty string is no resource
   ResourceMap<DialogTemplate> dialogs;
-  ResourceMap<std::string> icons;  // their files, as the script names them
-  std::string error;               // empty, or "line 12: what is wrong"
+  std::set<ResourceKey> icons;
 };
 
-// Reads what stands above in `script` and passes over every other resource. A number may be a name
-// with a line "#define NAME number" in `names`, or one of the SDK's. LANGUAGE lines count from
-// where they stand on; without one the language is 1033. Within texts "" is a quotation mark and
-// \n, \r, \t, \\ and \0 are what they are in C; other escapes and conditional lines are errors.
-Resources ReadResources(std::string_view script, std::string_view names);
+// Reads the strings, dialogs and icon groups of a compiled resource file (.res) and skips all other
+// types. Aborts if the bytes are malformed, and for names that are not numbers, dialogs other than
+// DIALOGEX, and dialogs or controls with a menu, a class, a help id or creation data of their own.
+Resources ReadResources(std::string_view bytes);
+
+// Those of the program.
+const Resources& ProgramResources();
 
 }  // namespace simulator
 

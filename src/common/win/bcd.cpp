@@ -5,21 +5,19 @@
 
 namespace common::win {
 
-bool WinUtil::FindPlatform(BootOperation operation, bool& has_boot_tools) {
+WinUtil::BootTools WinUtil::FindBootTools(BootOperation operation) {
   std::string& platform = CachedPlatform(operation);
   if (platform == kPlatformUnknown && !GetOSPlatform(platform)) {
     platform = kPlatformUnknown;
-    return false;
+    return BootTools::kUnknown;
   }
   // Oddity: platform name, see docs/oddities.md.
-  has_boot_tools = platform != platform_names_[0];
-  return true;
+  return platform == platform_names_[0] ? BootTools::kNone : BootTools::kPresent;
 }
 
 bool WinUtil::GetBCDBootInfo(BCDBootInfo& info) {
-  bool has_boot_tools = false;
-  if (!FindPlatform(BootOperation::kInspect, has_boot_tools)) return false;
-  if (!has_boot_tools) return true;
+  const BootTools tools = FindBootTools(BootOperation::kInspect);
+  if (tools != BootTools::kPresent) return tools == BootTools::kNone;
   std::string output;
   const DWORD code = ExecCommandWithResults("", "bcdedit", output);
   if (code != 0) {
@@ -32,61 +30,46 @@ bool WinUtil::GetBCDBootInfo(BCDBootInfo& info) {
   return false;
 }
 
-bool WinUtil::EditBootStore(BootOperation operation, const std::string& arguments, DWORD& code) {
-  code = 0;
-  bool has_boot_tools = false;
-  if (!FindPlatform(operation, has_boot_tools)) return false;
+bool WinUtil::RunBootTool(const std::string& command_line, const char* failure,
+                          const std::string& object) {
   std::string output;
-  if (has_boot_tools) code = ExecCommandWithResults("", "bcdedit " + arguments, output);
+  const DWORD code = ExecCommandWithResults("", command_line, output);
+  if (code != 0) logger_->Error(failure, object.c_str(), static_cast<int>(code));
   return code == 0;
 }
 
+bool WinUtil::EditBootStore(BootOperation operation, const std::string& arguments,
+                            const char* failure, const std::string& object) {
+  const BootTools tools = FindBootTools(operation);
+  if (tools != BootTools::kPresent) return tools == BootTools::kNone;
+  return RunBootTool("bcdedit " + arguments, failure, object);
+}
+
 bool WinUtil::ExportBCDBoot(const std::string& path) {
-  DWORD code = 0;
-  const bool is_done = EditBootStore(BootOperation::kExport, "/export \"" + path + "\"", code);
-  if (code != 0) {
-    logger_->Error("WinUtil::ExportBCDBoot export %s Failed, code=%d", path.c_str(),
-                   static_cast<int>(code));
-  }
-  return is_done;
+  return EditBootStore(BootOperation::kExport, "/export \"" + path + "\"",
+                       "WinUtil::ExportBCDBoot export %s Failed, code=%d", path);
 }
 
 bool WinUtil::ImportBCDBoot(const std::string& path) {
-  DWORD code = 0;
-  const bool is_done = EditBootStore(BootOperation::kImport, "/import \"" + path + "\"", code);
-  if (code != 0) {
-    logger_->Error("WinUtil::ImportBCDBoot import %s Failed, code=%d", path.c_str(),
-                   static_cast<int>(code));
-  }
-  return is_done;
+  return EditBootStore(BootOperation::kImport, "/import \"" + path + "\"",
+                       "WinUtil::ImportBCDBoot import %s Failed, code=%d", path);
 }
 
 bool WinUtil::DeleteBCDBootOSLoader(const std::string& identifier) {
-  DWORD code = 0;
   // Oddity: deletion without a switch, see docs/oddities.md.
-  const bool is_done = EditBootStore(BootOperation::kDelete, "/delete " + identifier, code);
-  if (code != 0) {
-    logger_->Error("WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier.c_str(),
-                   static_cast<int>(code));
-  }
-  return is_done;
+  return EditBootStore(BootOperation::kDelete, "/delete " + identifier,
+                       "WinUtil::DeleteBCDBootOSLoader delete %s Failed, code=%d", identifier);
 }
 
 bool WinUtil::RemakeBCDBoot(const std::string& locale) {
-  bool has_boot_tools = false;
-  if (!FindPlatform(BootOperation::kRemake, has_boot_tools)) return false;
-  if (!has_boot_tools) return true;
+  const BootTools tools = FindBootTools(BootOperation::kRemake);
+  if (tools != BootTools::kPresent) return tools == BootTools::kNone;
   // If the system drive is unknown, the path has only the colon and bcdboot fails.
   // Oddity: boot files on the system drive, see docs/oddities.md.
   const int letter = GetSystemDriveLetter();
   const std::string drive = (letter != 0 ? std::string(1, static_cast<char>(letter)) : "") + ":";
-  std::string output;
-  const DWORD code = ExecCommandWithResults(
-      "", "bcdboot " + drive + "\\Windows /s " + drive + " /l " + locale, output);
-  if (code == 0) return true;
-  logger_->Error("WinUtil::RemakeBCDBoot bcdboot %s %s Failed, code=%d", drive.c_str(),
-                 locale.c_str(), static_cast<int>(code));
-  return false;
+  return RunBootTool("bcdboot " + drive + "\\Windows /s " + drive + " /l " + locale,
+                     "WinUtil::RemakeBCDBoot bcdboot %s Failed, code=%d", drive + " " + locale);
 }
 
 }  // namespace common::win

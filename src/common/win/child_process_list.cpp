@@ -2,8 +2,9 @@
 
 namespace common::win {
 
-ChildProcessList::~ChildProcessList() {
-  for (Node* node = first_.load(); node != nullptr;) {
+void ChildProcessList::Forget() {
+  end_ = &first_;
+  for (Node* node = first_.exchange(nullptr); node != nullptr;) {
     Node* const next = node->next.load();
     delete node;
     node = next;

@@ -14,7 +14,7 @@ namespace common::win {
 class ChildProcessList {
  public:
   ChildProcessList() = default;
-  ~ChildProcessList();
+  ~ChildProcessList() { Forget(); }
   ChildProcessList(const ChildProcessList&) = delete;
   ChildProcessList& operator=(const ChildProcessList&) = delete;
 
@@ -22,6 +22,9 @@ class ChildProcessList {
   static ChildProcessList& Instance();
 
   void Append(HANDLE process);
+
+  // Empties the list. Not while another thread uses it. For tests.
+  void Forget();
 
   template <typename Visitor>
   void ForEach(Visitor visit) const {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "common/errors.h"
+#include "common/windows_version.h"
 
 namespace common::win {
 
@@ -14,8 +15,7 @@ void WinUtil::SetLogger(logger::Logger* logger) { logger_ = logger; }
 bool WinUtil::GetOSPlatform(std::string& name) {
   name.clear();
   OSVERSIONINFOEXA version{};
-  version.dwOSVersionInfoSize = sizeof(version);
-  if (!::GetVersionExA(reinterpret_cast<LPOSVERSIONINFOA>(&version))) {
+  if (!GetWindowsVersion(version)) {
     const DWORD error = ::GetLastError();
     logger_->ErrorOut("WinUtil::GetOSPlatform GetVersionExA Failed: %s",
                       GetLastErrorText(error).c_str());

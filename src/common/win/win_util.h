@@ -102,13 +102,21 @@ class WinUtil {
   [[nodiscard]] bool RemakeBCDBoot(const std::string& locale);
 
  private:
-  // Queries the platform once per process for each operation. Returns false if it is unknown.
-  [[nodiscard]] bool FindPlatform(BootOperation operation, bool& has_boot_tools);
+  enum class BootTools { kUnknown, kNone, kPresent };
 
-  // Runs bcdedit if the platform has it. Returns false with the code of the tool if it fails, and
-  // false with code 0 if the platform is unknown.
+  // Returns whether the platform has bcdedit and bcdboot. Queries the platform once per process for
+  // each operation.
+  BootTools FindBootTools(BootOperation operation);
+
+  // Runs bcdedit or bcdboot. If that fails, logs `failure`, a format string for `object` and the
+  // code, and returns false.
+  [[nodiscard]] bool RunBootTool(const std::string& command_line, const char* failure,
+                                 const std::string& object);
+
+  // Runs bcdedit, if the platform has it, as RunBootTool does. Returns false if the platform is
+  // unknown.
   [[nodiscard]] bool EditBootStore(BootOperation operation, const std::string& arguments,
-                                   DWORD& code);
+                                   const char* failure, const std::string& object);
 
   // Returns the path of the script file; empty if it cannot be written.
   std::string CreateScriptFile(const std::string& operation, const std::string& script);

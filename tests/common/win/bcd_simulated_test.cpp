@@ -12,6 +12,7 @@
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/boot_tools_simulated.h"
+#include "support/process.h"
 #include "support/recording_logger.h"
 
 namespace common::win {
@@ -35,6 +36,7 @@ class BootOperations : public testing::TestWithParam<Operation> {
 
   bool Run() { return GetParam().run(tools_); }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   tests::BootTools boot_tools_{server_};
   tests::RecordingLogger logger_;
@@ -140,6 +142,7 @@ class BootConfiguration : public testing::Test {
  protected:
   BootConfiguration() { tools_.SetLogger(&logger_); }
 
+  const tests::NewProcess process_;
   simulator::Server server_;
   tests::BootTools boot_tools_{server_};
   tests::RecordingLogger logger_;

@@ -1,5 +1,4 @@
 // Command execution against the command interpreter of a real Windows.
-#ifdef _WIN32
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -102,4 +101,3 @@ TEST_F(RealCommand, IsStartedWithoutWaiting) {
 
 }  // namespace
 }  // namespace common::win
-#endif

@@ -1,99 +1,227 @@
+// Compiled resources, written byte by byte as the format's documentation has them.
 #include <gtest/gtest.h>
 
-#include "simulator/model/desktop/resource_script.h"
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/model/common/byte_reader.h"
 #include "simulator/model/desktop/resources.h"
 
+namespace simulator {
 namespace {
 
-using simulator::ReadResources;
-using simulator::Resources;
+constexpr WORD kIsNumber = 0xFFFF;
+constexpr WORD kDialogType = 5;
+constexpr WORD kStringType = 6;
+constexpr WORD kIconGroupType = 14;
 
-using Strings = std::map<std::pair<LANGID, UINT>, std::string>;
+void Align(std::string& bytes) { bytes.resize((bytes.size() + 3) / 4 * 4); }
 
-Strings Read(std::string_view script) {
-  const Resources read = ReadResources(script, "#define IDS_A 7\n#define IDS_B 0x10\n");
-  EXPECT_EQ(read.error, "");
-  return read.strings;
+std::string Text(std::u16string_view text) {
+  std::string bytes;
+  for (const char16_t unit : text) AppendNumber<WORD>(unit, bytes);
+  AppendNumber<WORD>(0, bytes);
+  return bytes;
 }
 
-std::string ErrorOf(std::string_view script) {
-  return ReadResources(script, "#define IDS_A 7\n").error;
+std::string Resource(WORD type, WORD name, LANGID language, const std::string& data) {
+  std::string bytes;
+  AppendNumber(static_cast<DWORD>(data.size()), bytes);
+  AppendNumber<DWORD>(32, bytes);  // the header's own size
+  for (const WORD number : {kIsNumber, type, kIsNumber, name}) AppendNumber(number, bytes);
+  AppendNumber<DWORD>(0, bytes);
+  AppendNumber<WORD>(0x1030, bytes);  // movable, pure, discardable
+  AppendNumber(language, bytes);
+  AppendNumber<uint64_t>(0, bytes);
+  bytes += data;
+  Align(bytes);
+  return bytes;
 }
 
-TEST(ResourceStrings, ResolveNamesAndNumbers) {
-  EXPECT_EQ(Read("STRINGTABLE\nBEGIN\n IDS_A \"a\"\n IDS_B, \"b\"\n 3 \"c\"\nEND\n"),
-            (Strings{{{1033, 7}, "a"}, {{1033, 16}, "b"}, {{1033, 3}, "c"}}));
+// What every file begins with.
+std::string Empty() { return Resource(0, 0, 0, ""); }
+
+// Sixteen strings, empty but for those given.
+std::string Block(const std::map<size_t, std::u16string>& strings) {
+  std::string bytes;
+  for (size_t i = 0; i < 16; ++i) {
+    const auto found = strings.find(i);
+    const std::u16string text = found == strings.end() ? u"" : found->second;
+    AppendNumber(static_cast<WORD>(text.size()), bytes);
+    for (const char16_t unit : text) AppendNumber<WORD>(unit, bytes);
+  }
+  return bytes;
 }
 
-TEST(ResourceStrings, BelongToTheLanguageInForce) {
-  EXPECT_EQ(Read("LANGUAGE 0x09, 0x01\nSTRINGTABLE { 1 \"a\" }\n"
-                 "LANGUAGE 0x04, 0x02\nSTRINGTABLE { 1 \"b\" }\n"),
-            (Strings{{{1033, 1}, "a"}, {{2052, 1}, "b"}}));
+struct Control {
+  std::string window_class;
+  std::string data = std::string(2, '\0');
+  DWORD help = 0;
+};
+
+std::string Class(WORD number) {
+  std::string bytes;
+  AppendNumber(kIsNumber, bytes);
+  AppendNumber(number, bytes);
+  return bytes;
 }
 
-TEST(ResourceStrings, MayNameALanguageForOneTable) {
-  EXPECT_EQ(Read("STRINGTABLE DISCARDABLE LANGUAGE 4, 2 { 1 \"a\" } STRINGTABLE { 1 \"b\" }"),
-            (Strings{{{2052, 1}, "a"}, {{1033, 1}, "b"}}));
+struct Dialog {
+  WORD version = 1;
+  DWORD help = 0;
+  DWORD style = DS_SETFONT | WS_POPUP;
+  std::string menu = std::string(2, '\0');
+  std::string window_class = std::string(2, '\0');
+  std::vector<Control> controls;
+};
+
+void AppendPlace(std::string& bytes) {
+  for (const int number : {1, -2, 315, 119}) AppendNumber(static_cast<WORD>(number), bytes);
 }
 
-TEST(ResourceStrings, HoldQuotationMarksTwiceAndEscapes) {
-  EXPECT_EQ(Read(R"(STRINGTABLE { 1 "say ""x""" 2 "a\n\t\\b" 3 "" })"),
-            (Strings{{{1033, 1}, "say \"x\""}, {{1033, 2}, "a\n\t\\b"}, {{1033, 3}, ""}}));
+std::string DialogBytes(const Dialog& dialog) {
+  std::string bytes;
+  AppendNumber(dialog.version, bytes);
+  AppendNumber(kIsNumber, bytes);
+  AppendNumber(dialog.help, bytes);
+  AppendNumber<DWORD>(WS_EX_TOPMOST, bytes);
+  AppendNumber(dialog.style, bytes);
+  AppendNumber(static_cast<WORD>(dialog.controls.size()), bytes);
+  AppendPlace(bytes);
+  bytes += dialog.menu + dialog.window_class + Text(u"Title");
+  if ((dialog.style & DS_SETFONT) != 0) {
+    AppendNumber<WORD>(8, bytes);
+    AppendNumber<WORD>(400, bytes);
+    AppendNumber<BYTE>(1, bytes);  // italic
+    AppendNumber<BYTE>(2, bytes);  // the character set
+    bytes += Text(u"Face");
+  }
+  for (const Control& control : dialog.controls) {
+    Align(bytes);
+    AppendNumber(control.help, bytes);
+    AppendNumber<DWORD>(WS_EX_TOPMOST, bytes);
+    AppendNumber<DWORD>(WS_CHILD, bytes);
+    AppendPlace(bytes);
+    AppendNumber<DWORD>(0xFFFFFFFF, bytes);  // IDC_STATIC
+    bytes += control.window_class + Text(u"Text") + control.data;
+  }
+  return bytes;
 }
 
-TEST(ResourceStrings, StandBetweenComments) {
-  EXPECT_EQ(Read("// STRINGTABLE {\n/* \" */ STRINGTABLE { 1 \"a // b\" // c\n }"),
-            (Strings{{{1033, 1}, "a // b"}}));
+DialogTemplate Read(const Dialog& dialog) {
+  const Resources read = ReadResources(Resource(kDialogType, 101, 1033, DialogBytes(dialog)));
+  return read.dialogs.at({1033, 101});
 }
 
-TEST(ResourceStrings, AreFoundBetweenOtherResources) {
-  EXPECT_EQ(Read("\xEF\xBB\xBF#include \"ui/resource.h\"\n#pragma code_page(65001)\n"
-                 "1 24 \"tool.manifest\"\nIDR_TOOL RT_MANIFEST \"tool.manifest\"\n"
-                 "1 VERSIONINFO\nFILEVERSION 1,1,0,1\nFILEFLAGSMASK 0x3fL\n"
-                 "BEGIN\n BLOCK \"StringFileInfo\"\n BEGIN\n  VALUE \"END\", \"x\\0\"\n END\nEND\n"
-                 "stringtable begin 1 \"a\" end"),
-            (Strings{{{1033, 1}, "a"}}));
-}
-
-TEST(ResourceStrings, HoldAZeroWhereItIsEscaped) {
-  EXPECT_EQ(Read("STRINGTABLE { 1 \"a\\0b\" }"), (Strings{{{1033, 1}, std::string("a\0b", 3)}}));
-}
-
-TEST(ResourceIcons, AreTheirFiles) {
-  const Resources read = ReadResources(
-      "IDI_A ICON \"icons/a.ico\"\n5 icon DISCARDABLE \"b.ico\"\n"
-      "LANGUAGE 4, 2\n5 ICON \"c.ico\"",
-      "#define IDI_A 104");
-  EXPECT_EQ(read.error, "");
-  EXPECT_EQ(read.icons,
-            (Strings{{{1033, 104}, "icons/a.ico"}, {{1033, 5}, "b.ico"}, {{2052, 5}, "c.ico"}}));
-}
-
-TEST(ResourceIcons, NameTheLineOfWhatIsWrong) {
-  EXPECT_EQ(ErrorOf("\n7 ICON a.ico"), "line 2: expected a text");
-  EXPECT_EQ(ErrorOf("7 ICON \"a\"\nIDS_A ICON \"b\"\n"), "line 3: a second icon of the same id");
-}
-
-TEST(ResourceStrings, NameTheLineOfWhatIsWrong) {
-  EXPECT_EQ(ErrorOf("STRINGTABLE\n{\nIDS_Z \"a\"\n}"), "line 3: expected a number or a known name");
-  EXPECT_EQ(ErrorOf("STRINGTABLE {\nIDS_A 3\n}"), "line 2: expected a text");
-  EXPECT_EQ(ErrorOf("STRINGTABLE { 1 \"a\" }\nSTRINGTABLE { 1 \"b\" }"),
-            "line 2: a second text of the same id");
-  EXPECT_EQ(ErrorOf("STRINGTABLE { 1 \"a\n\" }"), "line 1: a text without an end");
-  EXPECT_EQ(ErrorOf("STRINGTABLE { 1 \"\\q\" }"), "line 1: an unknown escape");
-  EXPECT_EQ(ErrorOf("STRINGTABLE { 1 \"a\""), "line 1: a string table without an end");
-  EXPECT_EQ(ErrorOf("1 MENU {"), "line 1: a block without an end");
-  EXPECT_EQ(ErrorOf("LANGUAGE 9 1"), "line 1: expected a comma");
-  EXPECT_EQ(ErrorOf("\n#ifdef A"), "line 2: only #include and #pragma are honoured");
-}
-
-TEST(ResourceStrings, OfTheProgramAreReadable) {
-  const Resources read = ReadResources(simulator::kResourceScript, simulator::kResourceNames);
-  EXPECT_EQ(read.error, "");
-  for (const UINT id : {112u, 113u, 114u, 115u, 116u, 117u}) {
-    EXPECT_TRUE(read.strings.contains({1033, id})) << id;
-    EXPECT_TRUE(read.strings.contains({2052, id})) << id;
+TEST(CompiledResources, AreNoneInAnEmptyFile) {
+  for (const std::string& file : {std::string(), Empty()}) {
+    const Resources read = ReadResources(file);
+    EXPECT_TRUE(read.strings.empty());
+    EXPECT_TRUE(read.dialogs.empty());
+    EXPECT_TRUE(read.icons.empty());
   }
 }
 
+TEST(CompiledResources, HaveSixteenStringsABlock) {
+  const std::string file = Empty() +
+                           Resource(kStringType, 1, 1033, Block({{0, u"a"}, {15, u"bc"}})) +
+                           Resource(kStringType, 8, 1033, Block({{5, u"d"}})) +
+                           Resource(kStringType, 8, 2052, Block({{5, u"\u8FDB\U0001F600"}}));
+  EXPECT_EQ(ReadResources(file).strings,
+            (ResourceMap<std::string>{{{1033, 0}, "a"},
+                                      {{1033, 15}, "bc"},
+                                      {{1033, 117}, "d"},
+                                      {{2052, 117}, "\u8FDB\U0001F600"}}));
+}
+
+TEST(CompiledResources, NameTheGroupsOfIcons) {
+  constexpr WORD kIconType = 3;
+  const std::string file = Resource(kIconType, 1, 1033, "image") +
+                           Resource(kIconGroupType, 104, 0, "group") +
+                           Resource(kIconGroupType, 105, 2052, "");
+  EXPECT_EQ(ReadResources(file).icons, (std::set<ResourceKey>{{0, 104}, {2052, 105}}));
+}
+
+TEST(CompiledResources, HaveDialogsWithAFrameACaptionAndAFont) {
+  const DialogTemplate dialog = Read({});
+  EXPECT_EQ(dialog.style, DWORD{DS_SETFONT | WS_POPUP});
+  EXPECT_EQ(dialog.extended_style, DWORD{WS_EX_TOPMOST});
+  EXPECT_EQ(dialog.rectangle.x, 1);
+  EXPECT_EQ(dialog.rectangle.y, -2);
+  EXPECT_EQ(dialog.rectangle.width, 315);
+  EXPECT_EQ(dialog.rectangle.height, 119);
+  EXPECT_EQ(dialog.caption, "Title");
+  EXPECT_EQ(dialog.font.points, 8);
+  EXPECT_EQ(dialog.font.weight, 400);
+  EXPECT_TRUE(dialog.font.italic);
+  EXPECT_EQ(dialog.font.charset, 2);
+  EXPECT_EQ(dialog.font.face, "Face");
+}
+
+TEST(CompiledResources, HaveDialogsWithoutAFont) {
+  const DialogTemplate dialog =
+      Read({.style = WS_POPUP, .controls = {Control{.window_class = Class(0x81)}}});
+  EXPECT_EQ(dialog.font.face, "");
+  EXPECT_EQ(dialog.controls.at(0).window_class, "EDIT");
+}
+
+TEST(CompiledResources, HaveControlsInTheirOrder) {
+  const DialogTemplate dialog =
+      Read({.controls = {Control{.window_class = Class(0x80)}, Control{.window_class = Class(0x82)},
+                         Control{.window_class = Text(u"bar")}}});
+  ASSERT_EQ(dialog.controls.size(), 3U);
+  EXPECT_EQ(dialog.controls[0].window_class, "BUTTON");
+  EXPECT_EQ(dialog.controls[1].window_class, "STATIC");
+  EXPECT_EQ(dialog.controls[2].window_class, "bar");
+  for (const ControlTemplate& control : dialog.controls) {
+    EXPECT_EQ(control.id, 0xFFFF);
+    EXPECT_EQ(control.style, DWORD{WS_CHILD});
+    EXPECT_EQ(control.extended_style, DWORD{WS_EX_TOPMOST});
+    EXPECT_EQ(control.rectangle.y, -2);
+    EXPECT_EQ(control.text, "Text");
+  }
+}
+
+TEST(CompiledResourcesDeathTest, AreRefusedWhereTheyAreNotSupported) {
+  EXPECT_DEATH(Read({.version = 0}), "no DIALOGEX");
+  EXPECT_DEATH(Read({.help = 1}), "a help id");
+  EXPECT_DEATH(Read({.menu = Class(3)}), "a menu");
+  EXPECT_DEATH(Read({.window_class = Text(u"own")}), "a class");
+  EXPECT_DEATH(Read({.controls = {Control{.window_class = Class(0x83)}}}), "the class 131");
+  EXPECT_DEATH(Read({.controls = {Control{.window_class = Class(0x81), .help = 1}}}), "a help id");
+  EXPECT_DEATH(Read({.controls = {Control{.window_class = Class(0x81), .data = Text(u"\1")}}}),
+               "creation data");
+  EXPECT_DEATH(ReadResources(Text(u"1234")), "not well-formed|a text");
+}
+
+TEST(CompiledResourcesDeathTest, AreRefusedWhereTheyEndTooEarly) {
+  const std::string whole = Resource(
+      kDialogType, 101, 1033, DialogBytes({.controls = {Control{.window_class = Class(0x81)}}}));
+  const std::string data = whole.substr(32);
+  for (const size_t size : {size_t{4}, size_t{26}, size_t{40}, data.size() - 4}) {
+    EXPECT_DEATH(ReadResources(whole.substr(0, 32 + size)), "not well-formed") << size;
+    EXPECT_DEATH(ReadResources(Resource(kDialogType, 101, 1033, data.substr(0, size))),
+                 "not well-formed|no DIALOGEX")
+        << size;
+  }
+  EXPECT_DEATH(ReadResources(Resource(kStringType, 1, 1033, Block({}).substr(0, 30))),
+               "not well-formed");
+  EXPECT_DEATH(ReadResources(Empty().substr(0, 31)), "not well-formed");
+}
+
+TEST(CompiledResources, AreThoseOfTheProgram) {
+  const Resources& program = ProgramResources();
+  for (const LANGID language : {LANGID{1033}, LANGID{2052}}) {
+    EXPECT_EQ(program.dialogs.at({language, 101}).controls.size(), 4U);
+    for (UINT id = 112; id <= 117; ++id)
+      EXPECT_TRUE(program.strings.contains({language, id})) << id;
+  }
+  EXPECT_EQ(program.strings.size(), 12U);
+  EXPECT_EQ(program.icons.size(), 8U);
+}
+
 }  // namespace
+}  // namespace simulator

@@ -1,5 +1,6 @@
-#include "wine/drive/rehearse_windows.h"
-
+// Rehearses with the program of Windows, under Wine: shows the run and reports on the server as a
+// rehearsal in memory does. What the screen showed at the end lies as a picture beside the log.
+// Windows open on DISPLAY.
 #include <unistd.h>
 
 #include <filesystem>
@@ -9,6 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "rehearsal/command.h"
+#include "rehearsal/description/scenario.h"
+#include "rehearsal/options.h"
 #include "rehearsal/report/report_boot.h"
 #include "rehearsal/report/report_descriptors.h"
 #include "rehearsal/report/report_junctions.h"
@@ -151,9 +155,7 @@ void Report(const Scenario& scenario, const Options& options, const BootStore& b
   if (fs::exists(picture)) std::cout << "picture: " << picture.string() << "\n";
 }
 
-}  // namespace
-
-bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
+int RehearseUnderWine(const Scenario& scenario, const Options& options) {
   const fs::path folder = PrefixFolder("rehearsal");
   WatchedRun run;
   {
@@ -171,11 +173,16 @@ bool RehearseUnderWine(const Scenario& scenario, const Options& options) {
   }
   RemovePrefix(folder);
   // A run that succeeded asks about the restart.
-  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return true;
+  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return kSuccess;
   std::cout << std::flush;
   std::cerr << "rehearse: the run failed: "
             << (run.boxes.empty() ? "see the log" : run.boxes.back().text) << "\n";
-  return false;
+  return kRunFailed;
 }
 
+}  // namespace
 }  // namespace simulator
+
+int main(int argc, char** argv) {
+  return simulator::RunCommand(argc, argv, simulator::RehearseUnderWine);
+}

@@ -1,6 +1,6 @@
-#ifndef _WIN32
-#include "support/process_simulated.h"
+#include "support/lost_messages_simulated.h"
 
+#include "restore/messages.h"
 #include "simulator/model/desktop/dialogs.h"
 #include "simulator/model/server.h"
 
@@ -15,4 +15,3 @@ void ReleaseLost(simulator::Server& server) {
 }
 
 }  // namespace tests
-#endif
