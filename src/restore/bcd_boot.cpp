@@ -1,10 +1,11 @@
+#include "restore/bcd_boot.h"
+
 #include <algorithm>
 #include <string>
 
 #include "common/locations.h"
 #include "common/paths.h"
 #include "common/win/win_util.h"
-#include "restore/stages.h"
 
 namespace restore {
 namespace {

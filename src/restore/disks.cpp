@@ -1,3 +1,5 @@
+#include "restore/disks.h"
+
 #include <string>
 #include <vector>
 
@@ -5,7 +7,6 @@
 #include "common/locations.h"
 #include "common/win/win_util.h"
 #include "restore/backup_info.h"
-#include "restore/stages.h"
 
 namespace restore {
 namespace {

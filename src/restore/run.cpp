@@ -14,8 +14,9 @@
 #include "common/privileges.h"
 #include "common/product.h"
 #include "common/times.h"
+#include "restore/bcd_boot.h"
+#include "restore/disks.h"
 #include "restore/messages.h"
-#include "restore/stages.h"
 #include "ui/show_message.h"
 
 namespace restore {

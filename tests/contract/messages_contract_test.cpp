@@ -107,8 +107,6 @@ TEST_F(MessageContract, TheLastErrorIsWhatWasSetLast) {
   }
 }
 
-TEST_F(MessageContract, DebugOutputGoesNowhere) { ::OutputDebugStringA("text\n"); }
-
 struct ErrnoText {
   int error;
   std::string text;

@@ -86,11 +86,6 @@ TEST_F(ThreadContract, EveryThreadHasALastErrorOfItsOwn) {
   EXPECT_EQ(error.get(), DWORD{ERROR_DISK_FULL});
 }
 
-TEST_F(ThreadContract, SleepReturns) {
-  ::Sleep(0);
-  ::Sleep(1);
-}
-
 class CriticalSectionContract : public HostTest {
  protected:
   CriticalSectionContract() { ::InitializeCriticalSection(&section_); }

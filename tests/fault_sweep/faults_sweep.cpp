@@ -1,6 +1,7 @@
 // The program with one call of the platform failing, once or for good.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -102,9 +103,18 @@ TEST_P(FaultSweep, OfEveryCallThatFailsForGood) {
   RunFaults(GetParam(), "for_good", Lasting::kForGood);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSweep,
-                         testing::Values("default", "german_server", "letter_taken",
-                                         "boot_deletion_fails"),
+const std::array<std::string, 4> kScenarios = {"default", "german_server", "letter_taken",
+                                               "boot_deletion_fails"};
+
+TEST(FaultRules, FitEachACallOfTheRuns) {
+  std::vector<Reference> made;
+  for (const std::string& scenario : kScenarios) made.push_back(MakeReference(scenario));
+  std::vector<const Reference*> references;
+  for (const Reference& reference : made) references.push_back(&reference);
+  EXPECT_EQ(RulesWithoutACall(references), std::vector<std::string>{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSweep, testing::ValuesIn(kScenarios),
                          [](const auto& test) { return test.param; });
 
 }  // namespace

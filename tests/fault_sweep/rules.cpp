@@ -1,7 +1,8 @@
 #include "fault_sweep/rules.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
+#include <set>
 
 namespace fault_sweep {
 namespace {
@@ -16,7 +17,6 @@ constexpr std::string_view kPassedOver = "a line that fails is passed over";
 constexpr std::string_view kNoJunction = "a junction that cannot be made is no error";
 constexpr std::string_view kGivesBack = "only gives something back";
 constexpr std::string_view kEngineToken = "a privilege that cannot be had is done without";
-constexpr std::string_view kConsole = "the console's colour only";
 constexpr std::string_view kNoRestart = "the user can restart the server himself";
 constexpr std::string_view kTold = "Vantoro Restore Not Finished!";
 
@@ -26,15 +26,10 @@ constexpr Rule kWindowRules[] = {
     {"SetThreadUILanguage", kAny, kAny, kNothing, kSilent, "English is shown instead"},
     {"GetModuleHandleW", kAny, kAny, kRun, kBox, "Get Architecture Failed."},
     {"GetProcAddress", kAny, kAny, kRun, kBox, "Get Architecture Failed."},
-    {"CoInitialize", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"DefWindowProcW", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"InitCommonControlsEx", kAny, kAny, kNothing, kSilent, kProgressOnly},
     {"CreateDialogParamW", kAny, kAny, kRun, kWaits, "a program without a window has no early end"},
     {"SetWindowLongPtrW", kAny, "Vantoro Restore Finish", kNothing, kSilent, kGivesBack},
     {"SetWindowLongPtrW", kAny, kAny, kNothing, kWaits, "the dialog does not find its object"},
     {"PostMessageW", ", 1126, 2, ", kAny, kNothing, kWaits, "nobody tells the dialog of the end"},
-    {"PostMessageW", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"PostMessageA", kAny, kAny, kNothing, kSilent, kProgressOnly},
     {"GetMessageW", kAny, kAny, kNothing, kSilent, "a message that cannot be taken is none"},
     {"CreateThread", kAny, kAny, kRun, kLine, "Vantoro Restore Thread Start Failed."},
     {"GetVersionExA", kAny, "Vantoro Restore Begin", kNothing, kSilent, "without the task bar"},
@@ -44,39 +39,46 @@ constexpr Rule kWindowRules[] = {
     {"OpenProcessToken", kAny, "Vantoro Restore Fin", kNothing, kSilent, kNoRestart},
     {"AdjustTokenPrivileges", kAny, "Vantoro Restore Fin", kNothing, kSilent, kNoRestart},
     {"LoadStringW", kAny, kAny, kNothing, kSilent, kNoRestart},
-    {"LoadStringA", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"LoadIconW", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"GetDlgItem", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"GetDlgCtrlID", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"GetParent", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"GetWindowRect", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"GetStockObject", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SetTextColor", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SetBkMode", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SystemParametersInfoW", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SetWindowPos", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SetWindowTextA", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"ShowWindow", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SendMessageW", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"SetTimer", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"KillTimer", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"CoCreateInstance", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"ITaskbarList3::SetProgressState", kAny, kAny, kNothing, kSilent, kProgressOnly},
-    {"ITaskbarList3::SetProgressValue", kAny, kAny, kNothing, kSilent, kProgressOnly},
     {"DestroyWindow", kAny, kAny, kNothing, kSilent, "the process ends at once"},
     {"TerminateProcess", kAny, kAny, kNothing, kSilent, "the tools have ended long since"},
 };
 
-// The log and the console.
+// They only show something: a failure is silent and leaves nothing undone.
+constexpr std::string_view kDisplayCalls[] = {"CoCreateInstance",
+                                              "CoInitialize",
+                                              "DefWindowProcW",
+                                              "GetConsoleScreenBufferInfo",
+                                              "GetDlgCtrlID",
+                                              "GetDlgItem",
+                                              "GetParent",
+                                              "GetStdHandle",
+                                              "GetStockObject",
+                                              "GetWindowRect",
+                                              "ITaskbarList3::SetProgressState",
+                                              "ITaskbarList3::SetProgressValue",
+                                              "InitCommonControlsEx",
+                                              "KillTimer",
+                                              "LoadIconW",
+                                              "LoadStringA",
+                                              "PostMessageA",
+                                              "PostMessageW",
+                                              "SendMessageW",
+                                              "SetBkMode",
+                                              "SetConsoleTextAttribute",
+                                              "SetTextColor",
+                                              "SetTimer",
+                                              "SetWindowPos",
+                                              "SetWindowTextA",
+                                              "ShowWindow",
+                                              "SystemParametersInfoW"};
+constexpr Rule kDisplay = {"", kAny, kAny, kNothing, kSilent, kProgressOnly};
+
+// The log.
 constexpr Rule kLogRules[] = {
     {"_access", "\\Logs\\", kAny, kNothing, kLost, "the lines until the folder is seen"},
     {"_mkdir", "\\Logs\\", kAny, kNothing, kLost, "the lines until the folder can be made"},
     {"_open", "\\Logs\\", kAny, kNothing, kLost, "the lines until the file can be opened"},
     {"_write", "\\Logs\\", kAny, kNothing, kLost, "that line and all behind it"},
-    {"_close", "\\Logs\\", kAny, kNothing, kLost, "nothing: every line was flushed"},
-    {"GetStdHandle", kAny, kAny, kNothing, kSilent, kConsole},
-    {"GetConsoleScreenBufferInfo", kAny, kAny, kNothing, kSilent, kConsole},
-    {"SetConsoleTextAttribute", kAny, kAny, kNothing, kSilent, kConsole},
 };
 
 // The privileges, the tools, the boot store and the drive letters.
@@ -95,8 +97,6 @@ constexpr Rule kStageRules[] = {
     {"_open", ".script.", kAny, kStages, kLine, "WinUtil::RunScript Create "},
     {"_write", ".script.", kAny, kStages, kSilent, "what the runtime has taken counts as written"},
     {"_close", ".script.", kAny, kNothing, kSilent, kGivesBack},
-    {"PathFileExistsA", "backup_info", "acl restore", kNothing, kLine,
-     "ReadBackupInfoLine Backup Info File doesn't Exist."},
     {"PathFileExistsA", "backup_info", "junction restore", kNothing, kLine,
      "ReadBackupInfoLine Backup Info File doesn't Exist."},
     {"_open", "backup_info", "junction restore", kNothing, kLine,
@@ -112,7 +112,6 @@ constexpr Rule kStageRules[] = {
 // The volumes and the end of the run.
 constexpr Rule kVolumeRules[] = {
     {"_access", "vantoro_prepare", kAny, kVolumes, kLine, "Not Exsit, Skip..."},
-    {"_access", ":\\\", 0", "Vantoro Restore Begin", kVolumes, kSilent, "takes it for no volume"},
     {"_access", ":\\\", 0", kAny, kStages, kSilent, "takes the letter for free"},
     {"GetDriveTypeA", kAny, kAny, kVolumes, kSilent, "takes it for no fixed volume"},
     {"_open", "juncbackup", kAny, kVolumes, kLine, "junction restore failed, code=-1"},
@@ -131,7 +130,6 @@ constexpr Rule kVolumeRules[] = {
     {"GetFullPathNameW", kAny, kAny, kObjects, kSilent, kNoJunction},
     {"CreateFileW", kAny, kAny, kObjects, kSilent, kNoJunction},
     {"DeviceIoControl", kAny, kAny, kObjects, kSilent, kNoJunction},
-    {"RemoveDirectoryA", kAny, kAny, kObjects, kSilent, kNoJunction},
     {"OpenProcessToken", kAny, kAny, kObjects, kSilent, kEngineToken},
     {"LookupPrivilegeValueA", kAny, kAny, kObjects, kSilent, kEngineToken},
     {"AdjustTokenPrivileges", kAny, kAny, kObjects, kSilent, kEngineToken},
@@ -170,7 +168,6 @@ constexpr Rule kWriteEnd = {"",       kAny,   kAny,
 
 constexpr Rule kEndOfRun = {"",       kAny,   kAny,
                             kNothing, kWaits, "the dialog does not learn of the end"};
-constexpr Rule kOtherMessage = {"", kAny, kAny, kNothing, kSilent, kProgressOnly};
 constexpr Rule kEveryMessage = {"",       kAny,   kAny,
                                 kNothing, kWaits, "a loop that gets no message waits for one"};
 
@@ -207,12 +204,16 @@ const Rule* RuleOf(const Reference& reference, int number) {
   }
   if (call.name == "GetWindowLongPtrW") {
     const bool is_end = previous == "PostMessageW" && call.phase.find("Begin") == std::string::npos;
-    return is_end ? &kEndOfRun : &kOtherMessage;
+    return is_end ? &kEndOfRun : &kDisplay;
   }
   if (call.name == "GetModuleFileNameA" || call.name == "PathRemoveFileSpecA") {
     return RuleOfFolder(call);
   }
   if (const Rule* const rule = FirstOf(kWindowRules, call)) return rule;
+  if (std::find(std::begin(kDisplayCalls), std::end(kDisplayCalls), call.name) !=
+      std::end(kDisplayCalls)) {
+    return &kDisplay;
+  }
   if (const Rule* const rule = FirstOf(kLogRules, call)) return rule;
   if (const Rule* const rule = FirstOf(kStageRules, call)) return rule;
   return FirstOf(kVolumeRules, call);
@@ -232,6 +233,33 @@ LastingRule LastingRuleOf(const Reference& reference, int number) {
     if (rule->said == kWaits) lasting.waits = rule;
   }
   return lasting;
+}
+
+std::vector<std::string> RulesWithoutACall(const std::vector<const Reference*>& references) {
+  std::set<const Rule*> used;
+  std::set<std::string_view> names;
+  for (const Reference* reference : references) {
+    for (int number = 1; number <= static_cast<int>(reference->calls.size()); ++number) {
+      used.insert(RuleOf(*reference, number));
+      names.insert(reference->Call(number).name);
+    }
+  }
+  std::vector<std::string> unused;
+  const auto look = [&](const auto& rules) {
+    for (const Rule& rule : rules) {
+      if (used.contains(&rule)) continue;
+      unused.push_back(std::string(rule.call) + " " + std::string(rule.argument) + " " +
+                       std::string(rule.phase));
+    }
+  };
+  look(kWindowRules);
+  look(kLogRules);
+  look(kStageRules);
+  look(kVolumeRules);
+  for (const std::string_view name : kDisplayCalls) {
+    if (!names.contains(name)) unused.emplace_back(name);
+  }
+  return unused;
 }
 
 }  // namespace fault_sweep

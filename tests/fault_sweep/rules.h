@@ -40,6 +40,9 @@ struct Rule {
 // The first one that fits the call. None when nobody has thought of such a call.
 const Rule* RuleOf(const Reference& reference, int number);
 
+// The rules that fit no call of these runs.
+std::vector<std::string> RulesWithoutACall(const std::vector<const Reference*>& references);
+
 // Of that call and all later ones of its name.
 struct LastingRule {
   Undone undone = Undone::kNothing;  // the worst

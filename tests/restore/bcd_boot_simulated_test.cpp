@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "restore/stages.h"
+#include "restore/bcd_boot.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/processes/processes.h"

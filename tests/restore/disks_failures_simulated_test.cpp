@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "common/win/child_process_list.h"
-#include "restore/stages.h"
+#include "restore/disks.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "support/recording_logger.h"

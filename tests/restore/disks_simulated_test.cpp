@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "restore/stages.h"
+#include "restore/disks.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"

@@ -39,15 +39,6 @@ TEST_F(RunMessages, GoToTheDialogThatWasSet) {
   EXPECT_EQ(GetDialog(), window);
 }
 
-TEST_F(RunMessages, AreFreedByTheirReceiver) {
-  // A leak or a double free shows under AddressSanitizer.
-  ReleasePosted(0, reinterpret_cast<LPARAM>(new LogLine{}));
-  ReleasePosted(2, reinterpret_cast<LPARAM>(
-                       new ProgressRecord{"a text that does not fit into the string itself", 1.0}));
-  ReleasePosted(0, 0);
-  ReleasePosted(2, 0);
-}
-
 TEST_F(RunMessages, OfOtherKindsAreLeftAlone) {
   const auto untouched = std::make_unique<ProgressRecord>(ProgressRecord{"stage", 2.0});
   for (const WPARAM kind : {WPARAM{1}, WPARAM{3}, WPARAM{4}, static_cast<WPARAM>(-1)}) {

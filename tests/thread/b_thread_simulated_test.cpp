@@ -61,18 +61,25 @@ TEST(BThread, StartsAfterAStartThatFailed) {
 
 TEST(BThread, MayGoBeforeItsThreadEnds) {
   simulator::Server server;
-  std::atomic<bool> may_end = false;
+  struct Work {
+    std::atomic<bool> may_end = false;
+    std::atomic<bool> has_ended = false;
+  } work;
   {
     BThread thread;
     ASSERT_TRUE(thread.Start(
-        [](void* flag) {
-          while (!*static_cast<std::atomic<bool>*>(flag)) ::Sleep(1);
+        [](void* argument) {
+          Work& shared = *static_cast<Work*>(argument);
+          while (!shared.may_end) ::Sleep(1);
+          shared.has_ended = true;
           return 0u;
         },
-        &may_end));
+        &work));
+    EXPECT_FALSE(work.has_ended);
   }
-  may_end = true;
+  work.may_end = true;
   server.threads().WaitForAll();
+  EXPECT_TRUE(work.has_ended);
 }
 
 TEST(BThread, LeavesItsHandleOpen) {

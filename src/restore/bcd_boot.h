@@ -1,12 +1,13 @@
-// The stages of the restore run. Each runs on the restore worker's thread, logs its steps, and
-// continues after a failure where it can.
-#ifndef RESTORE_STAGES_H_
-#define RESTORE_STAGES_H_
+// The boot configuration stage of the restore run.
+#ifndef RESTORE_BCD_BOOT_H_
+#define RESTORE_BCD_BOOT_H_
 
 #include "logger/logger.h"
 
 namespace restore {
 
+// Runs on the restore worker's thread, logs its steps, and continues after a failure where it can.
+//
 // Deletes the boot entries that the boot manager displays besides its default entry, and rebuilds
 // the boot files if the last listed locale other than the default "en-us" is not the boot
 // manager's: en-GB, for example, leads to a rebuild. Before a change, exports the BCD store to the
@@ -15,11 +16,6 @@ namespace restore {
 // exported. A failed rebuild is logged and does not change the result.
 [[nodiscard]] bool RestoreBCDBoot(logger::Logger& logger);
 
-// Assigns every data volume the drive letter that it had on the source server, according to its
-// backup information. Returns true if every step succeeded. Nothing is undone on failure. A drive
-// letter that is correct is never removed: another volume that claims it gets a free one.
-[[nodiscard]] bool RestoreDisks(logger::Logger& logger);
-
 }  // namespace restore
 
-#endif  // RESTORE_STAGES_H_
+#endif  // RESTORE_BCD_BOOT_H_
