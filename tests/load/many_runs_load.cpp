@@ -96,7 +96,9 @@ TEST_F(ManyRuns, KeepNothingInTheProcess) {
   EXPECT_EQ(after_.local_blocks, before_.local_blocks);
   EXPECT_LE(Growth(before_.heap_blocks, after_.heap_blocks), 10U);
   // What a thread keeps for its next blocks may differ.
-  if (!kIsSanitized) EXPECT_LE(Growth(before_.malloc_bytes, after_.malloc_bytes), kMebibyte);
+  if (!kIsSanitized) {
+    EXPECT_LE(Growth(before_.malloc_bytes, after_.malloc_bytes), kMebibyte);
+  }
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ struct Dialog {
   DWORD style = DS_SETFONT | WS_POPUP;
   std::string menu = std::string(2, '\0');
   std::string window_class = std::string(2, '\0');
-  std::vector<Control> controls;
+  std::vector<Control> controls = {};
 };
 
 void AppendPlace(std::string& bytes) {
