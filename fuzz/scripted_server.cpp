@@ -11,7 +11,6 @@
 #include "fuzz/script.h"
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/boot/boot_store.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/common/clock.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/processes/processes.h"

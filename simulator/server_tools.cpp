@@ -11,10 +11,8 @@
 #include "simulator/model/files/volume.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/tools/bcdboot.h"
-#include "simulator/tools/bcdedit.h"
-#include "simulator/tools/diskpart.h"
 #include "simulator/tools/machine.h"
+#include "simulator/tools/tools.h"
 
 namespace simulator {
 namespace {

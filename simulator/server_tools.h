@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "simulator/model/processes/processes.h"
-#include "simulator/tools/tool_result.h"
+#include "simulator/tools/tools.h"
 
 namespace simulator {
 

@@ -5,7 +5,6 @@
 #include "common/strings.h"
 #include "fuzz/expect.h"
 #include "fuzz/targets.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 

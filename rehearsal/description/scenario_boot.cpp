@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/model/boot/windows_boot.h"
+#include "simulator/model/boot/boot_store.h"
 
 namespace simulator {
 namespace {

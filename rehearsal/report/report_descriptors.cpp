@@ -6,7 +6,6 @@
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 

@@ -14,15 +14,14 @@
 #include "simulator/model/security/security.h"
 
 using simulator::Call;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid, LPDWORD sid_size,
                                LPSTR domain_name, LPDWORD domain_name_size, PSID_NAME_USE use) {
-  if (system_name != nullptr) UnsupportedCall("LookupAccountNameA: a system name");
-  if (account_name == nullptr || *account_name == '\0')
-    UnsupportedCall("LookupAccountNameA: no name");
+  if (system_name != nullptr) Unsupported("LookupAccountNameA: a system name");
+  if (account_name == nullptr || *account_name == '\0') Unsupported("LookupAccountNameA: no name");
   if (sid_size == nullptr || domain_name_size == nullptr || use == nullptr) {
-    UnsupportedCall("LookupAccountNameA: nowhere to put a size or the use");
+    Unsupported("LookupAccountNameA: nowhere to put a size or the use");
   }
   const Call call("LookupAccountNameA", account_name, *sid_size, *domain_name_size);
   if (call.fails()) return FALSE;
@@ -37,7 +36,7 @@ BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid
   // What is needed counts the terminator, what has been written does not.
   *domain_name_size = fits ? length : length + 1;
   if (!fits) return call.Done(ERROR_INSUFFICIENT_BUFFER);
-  if (sid == nullptr || domain_name == nullptr) UnsupportedCall("LookupAccountNameA: no buffer");
+  if (sid == nullptr || domain_name == nullptr) Unsupported("LookupAccountNameA: no buffer");
   std::copy(bytes.begin(), bytes.end(), static_cast<char*>(sid));
   std::copy_n(account->domain.c_str(), length + size_t{1}, domain_name);
   *use = account->use;
@@ -46,17 +45,17 @@ BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid
 
 // Cannot fail, so it is neither numbered nor traced.
 DWORD WINAPI GetLengthSid(PSID sid) {
-  if (sid == nullptr) UnsupportedCall("GetLengthSid: no SID");
+  if (sid == nullptr) Unsupported("GetLengthSid: no SID");
   return static_cast<DWORD>(simulator::SidBytesAt(sid).size());
 }
 
 BOOL WINAPI CopySid(DWORD size, PSID destination, PSID source) {
-  if (source == nullptr) UnsupportedCall("CopySid: no SID");
+  if (source == nullptr) Unsupported("CopySid: no SID");
   const std::string_view bytes = simulator::SidBytesAt(source);
   const Call call("CopySid", size);
   if (call.fails()) return FALSE;
   if (size < bytes.size()) return call.Done(ERROR_INSUFFICIENT_BUFFER);
-  if (destination == nullptr) UnsupportedCall("CopySid: no buffer");
+  if (destination == nullptr) Unsupported("CopySid: no buffer");
   std::memcpy(destination, bytes.data(), bytes.size());
   return call.Succeed(TRUE);
 }

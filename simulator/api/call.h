@@ -6,12 +6,14 @@
 
 #include <windows.h>
 
+#include <cerrno>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
+#include "simulator/model/common/unsupported.h"
 #include "simulator/model/processes/platform_scope.h"
 #include "simulator/model/server.h"
 
@@ -20,14 +22,8 @@ namespace simulator {
 // The last error after a call that succeeded. It is not an error code of Windows.
 inline constexpr DWORD kSpoiltLastError = 0x0BADC0DE;
 
-// Notifies the watcher of calls, then numbers and records the call. Returns the error code that the
-// call must fail with if a fault is due; otherwise returns nothing. Once the process has ended,
-// returns `ended_code` and does not record the call.
-std::optional<uint32_t> EnterCall(Server& server, const char* name, std::string arguments,
-                                  uint32_t ended_code);
-
-// Aborts the process with a line that names the unsupported feature, as Unsupported does.
-[[noreturn]] void UnsupportedCall(std::string_view what);
+// Returns the errno to which the Windows C runtime maps a system error code.
+int ErrnoOf(DWORD error);
 
 // Returns one argument as the trace shows it: text in quotation marks, numbers in decimal, handles
 // and pointers in hexadecimal, null as "null".
@@ -35,11 +31,8 @@ std::string TraceText(std::nullptr_t);
 std::string TraceText(const char* text);
 std::string TraceText(const std::string& text);
 std::string TraceText(const wchar_t* text);
-std::string TraceText(int64_t number);
-std::string TraceText(uint64_t number);
-std::string TraceText(int number);
-std::string TraceText(DWORD number);
 std::string TraceText(const void* pointer);
+std::string TraceText(std::integral auto number) { return std::to_string(number); }
 
 // Returns the arguments of one call, separated by ", ".
 template <typename... Arguments>
@@ -50,6 +43,28 @@ std::string TraceList(const Arguments&... arguments) {
   return text;
 }
 
+// A call that has begun.
+class EnteredCall {
+ public:
+  Server& server() const { return server_; }
+
+  // Returns true if a fault is due or the process has ended; otherwise returns false. In the first
+  // case the last error, or errno, is the error code.
+  bool fails() const { return fault_.has_value(); }
+
+ protected:
+  // Notifies the watcher of calls, then numbers and records the call. Once the process has ended,
+  // the call fails with `ended_code` and is not recorded.
+  EnteredCall(const char* name, std::string arguments, uint32_t ended_code);
+
+  uint32_t fault() const { return fault_.value(); }
+
+ private:
+  const PlatformScope scope_;
+  Server& server_;
+  std::optional<uint32_t> fault_;
+};
+
 // A Win32 call.
 //
 //   BOOL WINAPI DeleteFileA(LPCSTR path) {
@@ -57,17 +72,13 @@ std::string TraceList(const Arguments&... arguments) {
 //     if (call.fails()) return FALSE;             // the last error is the fault's
 //     return call.Done(call.server().file_system().Delete(path));
 //   }
-class Call {
+class Call : public EnteredCall {
  public:
   template <typename... Arguments>
   explicit Call(const char* name, const Arguments&... arguments)
-      : Call(Entry{name, TraceList(arguments...)}) {}
-
-  Server& server() const { return server_; }
-
-  // Returns true if a fault is due or the process has ended; otherwise returns false. In the first
-  // case the last error is the error code.
-  bool fails() const { return fault_.has_value(); }
+      : EnteredCall(name, TraceList(arguments...), ERROR_PROCESS_ABORTED) {
+    if (fails()) ::SetLastError(fault());
+  }
 
   // Returns TRUE if `error` is ERROR_SUCCESS; otherwise returns FALSE. Sets the last error to
   // `error`, or to kSpoiltLastError after a success, so that a program that reads the last error
@@ -83,17 +94,36 @@ class Call {
     Done(error);
     return value;
   }
+};
+
+// A call of the C runtime, which reports errors through errno. The last error is not preserved,
+// because the runtime calls the system.
+//
+//   int _mkdir(const char* path) {
+//     CrtCall call("_mkdir", path);
+//     if (call.fails()) return -1;  // errno is the fault's
+//     return call.Done(call.server().file_system().MakeDirectory(path)) ? 0 : -1;
+//   }
+class CrtCall : public EnteredCall {
+ public:
+  template <typename... Arguments>
+  explicit CrtCall(const char* name, const Arguments&... arguments)
+      : EnteredCall(name, TraceList(arguments...), EIO) {
+    if (fails()) SetErrno(static_cast<int>(fault()));
+  }
+
+  // Returns true if `error` is ERROR_SUCCESS; otherwise sets errno and returns false.
+  bool Done(DWORD error) const;
+
+  // Fails the call with an error of the runtime itself: sets errno and returns `value`.
+  template <typename Value>
+  Value Refuse(Value value, int error_number) const {
+    SetErrno(error_number);
+    return value;
+  }
 
  private:
-  struct Entry {
-    const char* name;
-    std::string arguments;
-  };
-  explicit Call(Entry entry);
-
-  const PlatformScope scope_;
-  Server& server_;
-  std::optional<uint32_t> fault_;
+  static void SetErrno(int error_number);
 };
 
 }  // namespace simulator

@@ -17,8 +17,8 @@ bool Change(const Call& call, HDC context, const std::function<void(ShownColors&
 }
 
 COLORREF SetColor(const char* name, HDC context, COLORREF color, COLORREF ShownColors::*which) {
-  if (color > 0x00FFFFFF) UnsupportedCall(std::string(name) + " of a palette's colour");
-  const Call call(name, static_cast<const void*>(context), color);
+  if (color > 0x00FFFFFF) Unsupported(std::string(name) + " of a palette's colour");
+  const Call call(name, context, color);
   if (call.fails()) return CLR_INVALID;
   COLORREF before = color;
   const bool is_there =
@@ -31,7 +31,7 @@ COLORREF SetColor(const char* name, HDC context, COLORREF color, COLORREF ShownC
 
 using simulator::Call;
 using simulator::ShownColors;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 COLORREF WINAPI SetTextColor(HDC context, COLORREF color) {
   return simulator::SetColor("SetTextColor", context, color, &ShownColors::text);
@@ -42,8 +42,8 @@ COLORREF WINAPI SetBkColor(HDC context, COLORREF color) {
 }
 
 int WINAPI SetBkMode(HDC context, int mode) {
-  if (mode != TRANSPARENT && mode != OPAQUE) UnsupportedCall("SetBkMode: mode");
-  const Call call("SetBkMode", static_cast<const void*>(context), mode);
+  if (mode != TRANSPARENT && mode != OPAQUE) Unsupported("SetBkMode: mode");
+  const Call call("SetBkMode", context, mode);
   if (call.fails()) return 0;
   int before = mode;
   const bool is_there = simulator::Change(
@@ -52,7 +52,7 @@ int WINAPI SetBkMode(HDC context, int mode) {
 }
 
 HGDIOBJ WINAPI GetStockObject(int object) {
-  if (object != WHITE_BRUSH && object != NULL_BRUSH) UnsupportedCall("GetStockObject: object");
+  if (object != WHITE_BRUSH && object != NULL_BRUSH) Unsupported("GetStockObject: object");
   const Call call("GetStockObject", object);
   if (call.fails()) return nullptr;
   return call.Succeed(simulator::StockObject(object));

@@ -20,7 +20,7 @@ HANDLE WINAPI GetStdHandle(DWORD std_handle) {
   Call call("GetStdHandle", static_cast<int>(std_handle));
   if (call.fails()) return INVALID_HANDLE_VALUE;
   if (std_handle == STD_INPUT_HANDLE || std_handle == STD_ERROR_HANDLE) {
-    simulator::UnsupportedCall("a standard handle other than standard output");
+    simulator::Unsupported("a standard handle other than standard output");
   }
   if (std_handle != STD_OUTPUT_HANDLE) {
     return call.Fail(INVALID_HANDLE_VALUE, ERROR_INVALID_HANDLE);
@@ -46,8 +46,7 @@ BOOL WINAPI SetConsoleTextAttribute(HANDLE console, WORD attributes) {
   Call call("SetConsoleTextAttribute", console, attributes);
   if (call.fails()) return FALSE;
   if (console != ConsoleOutput()) return call.Done(ERROR_INVALID_HANDLE);
-  if ((attributes & ~kColours) != 0)
-    simulator::UnsupportedCall("console attributes beyond colours");
+  if ((attributes & ~kColours) != 0) simulator::Unsupported("console attributes beyond colours");
   call.server().console().SetAttributes(attributes);
   return call.Done(ERROR_SUCCESS);
 }

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/api/crt_call.h"
+#include "simulator/api/call.h"
 #include "simulator/model/files/files.h"
 
 namespace simulator {
@@ -43,7 +43,7 @@ std::optional<CrtMode> ParseMode(std::string_view text) {
     } else if (c == 'b') {
       mode.translation = Translation::kBinary;
     } else if (c != 't') {
-      UnsupportedCall("the file mode \"" + std::string(text) + "\"");
+      Unsupported("the file mode \"" + std::string(text) + "\"");
     }
   }
   return mode;

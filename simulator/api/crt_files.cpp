@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/api/crt_call.h"
+#include "simulator/api/call.h"
 #include "simulator/api/crt_file.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/files/files.h"
@@ -42,7 +42,7 @@ int CloseCookie(void* cookie) {
 }
 
 FILE* OpenStream(const char* path, const std::string& mode, int share) {
-  if (share != _SH_DENYNO) simulator::UnsupportedCall("a sharing mode other than _SH_DENYNO");
+  if (share != _SH_DENYNO) simulator::Unsupported("a sharing mode other than _SH_DENYNO");
   std::unique_ptr<CrtFile> file = CrtFile::Open(path, mode);
   if (!file) return nullptr;
   // The host knows no "t" and wants the "+" next to the letter.

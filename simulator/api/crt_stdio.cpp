@@ -21,7 +21,7 @@ ssize_t PrintCookie(void*, const char* text, size_t size) {
 
 FILE* OpenStandardOutput() {
   FILE* const stream = fopencookie(nullptr, "w", {nullptr, PrintCookie, nullptr, nullptr});
-  if (stream == nullptr) simulator::UnsupportedCall("a process without memory for standard output");
+  if (stream == nullptr) simulator::Unsupported("a process without memory for standard output");
   setvbuf(stream, nullptr, _IONBF, 0);
   return stream;
 }
@@ -29,7 +29,7 @@ FILE* OpenStandardOutput() {
 }  // namespace
 
 FILE* __acrt_iob_func(unsigned index) {
-  if (index != 1) simulator::UnsupportedCall("a standard stream other than standard output");
+  if (index != 1) simulator::Unsupported("a standard stream other than standard output");
   // Never closed, as the runtime's own.
   static FILE* const stream = OpenStandardOutput();
   return stream;

@@ -19,8 +19,8 @@ DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID, DWORD message_id, DWORD langua
   constexpr DWORD kUserDefault = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
   Call call("FormatMessageA", flags, message_id, language_id);
   if (call.fails()) return 0;
-  if (flags != kHonoured) simulator::UnsupportedCall("these flags of FormatMessageA");
-  if (language_id != kUserDefault) simulator::UnsupportedCall("this language of FormatMessageA");
+  if (flags != kHonoured) simulator::Unsupported("these flags of FormatMessageA");
+  if (language_id != kUserDefault) simulator::Unsupported("this language of FormatMessageA");
   if (buffer == nullptr) return call.Fail(0u, ERROR_NOT_ENOUGH_MEMORY);
 
   // With this flag the "buffer" is where the new block's address goes.

@@ -1,4 +1,4 @@
-// Files and drives.
+// Files, folders and drives.
 #include "simulator/model/files/files.h"
 
 #include <windows.h>
@@ -7,17 +7,45 @@
 #include <string>
 
 #include "simulator/api/call.h"
-#include "simulator/api/narrow_path.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/server.h"
 
 using simulator::Call;
+using simulator::Unsupported;
+
+namespace {
+
+// Those ANSI calls that convert the path to UTF-16 in a per-thread buffer fail before the path is
+// looked up if it does not fit: even a verbatim path must.
+DWORD CheckNarrowPath(LPCSTR path) {
+  if (path == nullptr) return ERROR_PATH_NOT_FOUND;
+  return simulator::Utf16Length(path) > MAX_PATH ? ERROR_FILENAME_EXCED_RANGE : ERROR_SUCCESS;
+}
+
+}  // namespace
 
 BOOL WINAPI DeleteFileA(LPCSTR path) {
   Call call("DeleteFileA", path);
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_PATH_NOT_FOUND);
   return call.Done(call.server().file_system().Delete(path));
+}
+
+BOOL WINAPI CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES attributes) {
+  if (attributes != nullptr) Unsupported("CreateDirectoryA: security attributes");
+  Call call("CreateDirectoryA", path);
+  if (call.fails()) return FALSE;
+  const DWORD error = CheckNarrowPath(path);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  return call.Done(call.server().file_system().MakeDirectory(path));
+}
+
+BOOL WINAPI RemoveDirectoryA(LPCSTR path) {
+  Call call("RemoveDirectoryA", path);
+  if (call.fails()) return FALSE;
+  const DWORD error = CheckNarrowPath(path);
+  if (error != ERROR_SUCCESS) return call.Done(error);
+  return call.Done(call.server().file_system().RemoveDirectory(path));
 }
 
 DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
@@ -34,13 +62,13 @@ DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
 BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes) {
   Call call("SetFileAttributesA", path, attributes);
   if (call.fails()) return FALSE;
-  const DWORD error = simulator::CheckNarrowPath(path);
+  const DWORD error = CheckNarrowPath(path);
   if (error != ERROR_SUCCESS) return call.Done(error);
   return call.Done(call.server().file_system().ChangeAttributes(path, attributes));
 }
 
 DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* file_part) {
-  if (file_part != nullptr) simulator::UnsupportedCall("GetFullPathNameW: the file part");
+  if (file_part != nullptr) Unsupported("GetFullPathNameW: the file part");
   Call call("GetFullPathNameW", path, size);
   if (call.fails()) return 0;
   if (path == nullptr) return call.Fail(0u, ERROR_INVALID_NAME);
@@ -56,7 +84,7 @@ DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* f
 UINT WINAPI GetDriveTypeA(LPCSTR root_path) {
   Call call("GetDriveTypeA", root_path);
   if (call.fails()) return DRIVE_UNKNOWN;
-  if (root_path == nullptr) simulator::UnsupportedCall("the drive type of the current directory");
+  if (root_path == nullptr) Unsupported("the drive type of the current directory");
   return call.Succeed(call.server().file_system().DriveType(root_path));
 }
 

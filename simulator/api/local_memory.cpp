@@ -9,8 +9,8 @@ using simulator::Call;
 
 HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size) {
   constexpr SIZE_T kMost = SIZE_T{1} << 31;  // more than any server here would give
-  if (flags != LPTR) simulator::UnsupportedCall("LocalAlloc: flags");
-  const Call call("LocalAlloc", flags, uint64_t{size});
+  if (flags != LPTR) simulator::Unsupported("LocalAlloc: flags");
+  const Call call("LocalAlloc", flags, size);
   if (call.fails()) return nullptr;
   if (size > kMost) return call.Fail(HLOCAL{nullptr}, ERROR_NOT_ENOUGH_MEMORY);
   return call.Succeed(simulator::AllocateLocal(size));

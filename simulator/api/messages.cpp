@@ -41,12 +41,12 @@ using simulator::Control;
 using simulator::Desktop;
 using simulator::Dialog;
 using simulator::Server;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
   constexpr BOOL kFailed = -1;
-  if (message == nullptr) UnsupportedCall("GetMessageW without a message");
-  if (window != nullptr || first != 0 || last != 0) UnsupportedCall("GetMessageW of some messages");
+  if (message == nullptr) Unsupported("GetMessageW without a message");
+  if (window != nullptr || first != 0 || last != 0) Unsupported("GetMessageW of some messages");
   const Call call("GetMessageW", nullptr, first, last);
   if (call.fails()) {
     call.server().own_process().LeaveWhenBrokenOff();
@@ -76,7 +76,6 @@ BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
   desktop.dialogs().Visit(message->hwnd, [&](const Dialog& found, const Control*) {
     is_for_dialog = found.shown.window == dialog;
     button = simulator::ButtonOfKey(found, message->wParam);
-    return DWORD{ERROR_SUCCESS};
   });
   if (!is_for_dialog) return FALSE;
   if (message->message == WM_KEYDOWN && button.id != 0) {
@@ -94,8 +93,7 @@ void WINAPI PostQuitMessage(int exit_code) {
 }
 
 LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  const Call call("SendMessageW", static_cast<const void*>(window), message,
-                  static_cast<uint64_t>(wparam), static_cast<int64_t>(lparam));
+  const Call call("SendMessageW", window, message, wparam, lparam);
   if (call.fails()) return 0;
   Desktop& desktop = call.server().desktop();
   if (!desktop.dialogs().Has(window)) return call.Fail(LRESULT{0}, ERROR_INVALID_WINDOW_HANDLE);
@@ -103,35 +101,33 @@ LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wparam, LPARAM lpa
 }
 
 LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (window != nullptr) UnsupportedCall("DefWindowProcW of a window");
-  const Call call("DefWindowProcW", nullptr, message, static_cast<uint64_t>(wparam),
-                  static_cast<int64_t>(lparam));
+  if (window != nullptr) Unsupported("DefWindowProcW of a window");
+  const Call call("DefWindowProcW", nullptr, message, wparam, lparam);
   if (call.fails()) return 0;
   return call.Fail(LRESULT{0}, ERROR_INVALID_WINDOW_HANDLE);
 }
 
 UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
-  if (window == nullptr || id == 0) UnsupportedCall("SetTimer without a window or an id");
-  if (procedure != nullptr) UnsupportedCall("SetTimer with a procedure");
-  const Call call("SetTimer", static_cast<const void*>(window), static_cast<uint64_t>(id),
-                  milliseconds);
+  if (window == nullptr || id == 0) Unsupported("SetTimer without a window or an id");
+  if (procedure != nullptr) Unsupported("SetTimer with a procedure");
+  const Call call("SetTimer", window, id, milliseconds);
   if (call.fails()) return 0;
   simulator::Dialogs& dialogs = call.server().dialogs();
   const DWORD error = dialogs.Visit(window, [&](Dialog& dialog, const Control* control) {
-    if (control != nullptr) UnsupportedCall("SetTimer of a control");
+    if (control != nullptr) Unsupported("SetTimer of a control");
     dialogs.SetTimer(dialog, id, milliseconds);
-    return DWORD{ERROR_SUCCESS};
   });
   return call.Done(error) ? id : 0;
 }
 
 BOOL WINAPI KillTimer(HWND window, UINT_PTR id) {
-  if (window == nullptr) UnsupportedCall("KillTimer without a window");
-  const Call call("KillTimer", static_cast<const void*>(window), static_cast<uint64_t>(id));
+  if (window == nullptr) Unsupported("KillTimer without a window");
+  const Call call("KillTimer", window, id);
   if (call.fails()) return FALSE;
   simulator::Dialogs& dialogs = call.server().dialogs();
-  return call.Done(dialogs.Visit(window, [&](Dialog& dialog, const Control* control) {
-    const bool is_killed = control == nullptr && dialogs.KillTimer(dialog, id);
-    return is_killed ? DWORD{ERROR_SUCCESS} : DWORD{ERROR_INVALID_PARAMETER};
-  }));
+  bool is_killed = false;
+  const DWORD error = dialogs.Visit(window, [&](Dialog& dialog, const Control* control) {
+    is_killed = control == nullptr && dialogs.KillTimer(dialog, id);
+  });
+  return call.Done(error == ERROR_SUCCESS && !is_killed ? DWORD{ERROR_INVALID_PARAMETER} : error);
 }

@@ -9,7 +9,6 @@
 #include "simulator/api/security_parts.h"
 #include "simulator/model/files/files.h"
 #include "simulator/model/security/descriptor.h"
-#include "simulator/model/security/security_change.h"
 
 namespace simulator {
 namespace {
@@ -40,13 +39,12 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
                                    PACL dacl, PACL sacl) {
   using simulator::Call;
   if (object_type != SE_FILE_OBJECT) {
-    simulator::UnsupportedCall("SetNamedSecurityInfoA: what is no file");
+    simulator::Unsupported("SetNamedSecurityInfoA: what is no file");
   }
   if ((information & ~simulator::kHonoured) != 0) {
-    simulator::UnsupportedCall("SetNamedSecurityInfoA: such information");
+    simulator::Unsupported("SetNamedSecurityInfoA: such information");
   }
-  const Call call("SetNamedSecurityInfoA", object_name, information, owner, group,
-                  static_cast<const void*>(dacl), static_cast<const void*>(sacl));
+  const Call call("SetNamedSecurityInfoA", object_name, information, owner, group, dacl, sacl);
   // The code is the result; the last error tells nothing.
   const auto result = [&call](DWORD error) { return call.Succeed(error); };
   if (call.fails()) return result(::GetLastError());

@@ -41,8 +41,8 @@ int Deliver(const Call& call, const std::basic_string<Unit>& converted, Unit* bu
 }
 
 void RefuseOtherConversions(UINT code_page, DWORD flags) {
-  if (code_page != CP_ACP) simulator::UnsupportedCall("a code page other than CP_ACP");
-  if (flags != 0) simulator::UnsupportedCall("a flag of a code page conversion");
+  if (code_page != CP_ACP) simulator::Unsupported("a code page other than CP_ACP");
+  if (flags != 0) simulator::Unsupported("a flag of a code page conversion");
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int te
   if (call.fails()) return 0;
   RefuseOtherConversions(code_page, flags);
   if (default_char != nullptr || used_default_char != nullptr) {
-    simulator::UnsupportedCall("the default character of WideCharToMultiByte");
+    simulator::Unsupported("the default character of WideCharToMultiByte");
   }
   if (AreArgumentsWrong(text, text_length, buffer, buffer_length)) {
     return call.Fail(0, ERROR_INVALID_PARAMETER);
@@ -80,12 +80,12 @@ LANGID WINAPI GetSystemDefaultLangID() { return simulator::Server::Current().sys
 
 LANGID WINAPI SetThreadUILanguage(LANGID language) {
   constexpr DWORD kVista = 6;
-  if (language == 0) simulator::UnsupportedCall("SetThreadUILanguage to what the console can show");
+  if (language == 0) simulator::Unsupported("SetThreadUILanguage to what the console can show");
   const Call call("SetThreadUILanguage", language);
   if (call.fails()) return 0;
   simulator::Server& server = call.server();
   if (server.system().major_version < kVista) {
-    simulator::UnsupportedCall("SetThreadUILanguage to a language before Windows Vista");
+    simulator::Unsupported("SetThreadUILanguage to a language before Windows Vista");
   }
   server.threads().State().ui_language = language;
   return call.Succeed(language);
@@ -98,10 +98,10 @@ BOOL WINAPI SetThreadLocale(LCID locale) {
   const Call call("SetThreadLocale", locale);
   if (call.fails()) return FALSE;
   if ((locale & ~(kLanguage | kSort)) != 0) return call.Done(ERROR_INVALID_PARAMETER);
-  if ((locale & kSort) != 0) simulator::UnsupportedCall("SetThreadLocale: a sort order");
+  if ((locale & kSort) != 0) simulator::Unsupported("SetThreadLocale: a sort order");
   const LANGID language = static_cast<LANGID>(locale);
   if ((language & kPrimary) == 0)
-    simulator::UnsupportedCall("SetThreadLocale: a locale without a language");
+    simulator::Unsupported("SetThreadLocale: a locale without a language");
   call.server().threads().State().locale = language;
   return call.Succeed(TRUE);
 }

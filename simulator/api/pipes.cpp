@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
-#include "simulator/model/files/open_node.h"
+#include "simulator/model/files/open_file.h"
 #include "simulator/model/processes/handles.h"
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/processes/pipe.h"
@@ -13,20 +13,19 @@
 using simulator::Call;
 using simulator::PipeReadEnd;
 using simulator::PipeWriteEnd;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI CreatePipe(PHANDLE read_pipe, PHANDLE write_pipe, LPSECURITY_ATTRIBUTES attributes,
                        DWORD size) {
-  if (read_pipe == nullptr || write_pipe == nullptr)
-    UnsupportedCall("CreatePipe: nowhere to put it");
-  if (size != 0) UnsupportedCall("CreatePipe: a size");
+  if (read_pipe == nullptr || write_pipe == nullptr) Unsupported("CreatePipe: nowhere to put it");
+  if (size != 0) Unsupported("CreatePipe: a size");
   bool inheritable = false;
   if (attributes != nullptr) {
     if (attributes->nLength != sizeof(SECURITY_ATTRIBUTES)) {
-      UnsupportedCall("SECURITY_ATTRIBUTES::nLength");
+      Unsupported("SECURITY_ATTRIBUTES::nLength");
     }
     if (attributes->lpSecurityDescriptor != nullptr) {
-      UnsupportedCall("SECURITY_ATTRIBUTES::lpSecurityDescriptor");
+      Unsupported("SECURITY_ATTRIBUTES::lpSecurityDescriptor");
     }
     inheritable = attributes->bInheritHandle != FALSE;
   }
@@ -40,14 +39,14 @@ BOOL WINAPI CreatePipe(PHANDLE read_pipe, PHANDLE write_pipe, LPSECURITY_ATTRIBU
 
 BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes_to_read, LPDWORD bytes_read,
                      LPOVERLAPPED overlapped) {
-  if (overlapped != nullptr) UnsupportedCall("ReadFile: overlapped");
-  if (bytes_read == nullptr) UnsupportedCall("ReadFile: nowhere to put the count");
-  if (buffer == nullptr || bytes_to_read == 0) UnsupportedCall("ReadFile: of zero bytes");
+  if (overlapped != nullptr) Unsupported("ReadFile: overlapped");
+  if (bytes_read == nullptr) Unsupported("ReadFile: nowhere to put the count");
+  if (buffer == nullptr || bytes_to_read == 0) Unsupported("ReadFile: of zero bytes");
   const Call call("ReadFile", file, bytes_to_read);
   *bytes_read = 0;
   if (call.fails()) return FALSE;
   const simulator::Handles& handles = call.server().handles();
-  if (handles.Find<simulator::OpenNode>(file)) UnsupportedCall("ReadFile: of a file");
+  if (handles.Find<simulator::OpenNode>(file)) Unsupported("ReadFile: of a file");
   const auto end = handles.Find<PipeReadEnd>(file);
   if (!end) {
     return call.Done(handles.Find<PipeWriteEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);
@@ -61,14 +60,14 @@ BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes_to_read, LPDWORD by
 
 BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD bytes_to_write, LPDWORD bytes_written,
                       LPOVERLAPPED overlapped) {
-  if (overlapped != nullptr) UnsupportedCall("WriteFile: overlapped");
-  if (bytes_written == nullptr) UnsupportedCall("WriteFile: nowhere to put the count");
-  if (buffer == nullptr && bytes_to_write != 0) UnsupportedCall("WriteFile: of no buffer");
+  if (overlapped != nullptr) Unsupported("WriteFile: overlapped");
+  if (bytes_written == nullptr) Unsupported("WriteFile: nowhere to put the count");
+  if (buffer == nullptr && bytes_to_write != 0) Unsupported("WriteFile: of no buffer");
   const Call call("WriteFile", file, bytes_to_write);
   *bytes_written = 0;
   if (call.fails()) return FALSE;
   const simulator::Handles& handles = call.server().handles();
-  if (handles.Find<simulator::OpenNode>(file)) UnsupportedCall("WriteFile: to a file");
+  if (handles.Find<simulator::OpenNode>(file)) Unsupported("WriteFile: to a file");
   const auto end = handles.Find<PipeWriteEnd>(file);
   if (!end) {
     return call.Done(handles.Find<PipeReadEnd>(file) ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);

@@ -24,19 +24,19 @@ namespace {
 constexpr size_t kLongestCommandLine = 32766;  // UTF-16 units, without the terminator
 
 void RefuseUnsupported(const STARTUPINFOA& startup) {
-  if (startup.cb != sizeof(STARTUPINFOA)) UnsupportedCall("STARTUPINFOA::cb");
-  if (startup.lpReserved != nullptr) UnsupportedCall("STARTUPINFOA::lpReserved");
-  if (startup.lpDesktop != nullptr) UnsupportedCall("STARTUPINFOA::lpDesktop");
-  if (startup.lpTitle != nullptr) UnsupportedCall("STARTUPINFOA::lpTitle");
-  if (startup.cbReserved2 != 0) UnsupportedCall("STARTUPINFOA::cbReserved2");
-  if (startup.lpReserved2 != nullptr) UnsupportedCall("STARTUPINFOA::lpReserved2");
+  if (startup.cb != sizeof(STARTUPINFOA)) Unsupported("STARTUPINFOA::cb");
+  if (startup.lpReserved != nullptr) Unsupported("STARTUPINFOA::lpReserved");
+  if (startup.lpDesktop != nullptr) Unsupported("STARTUPINFOA::lpDesktop");
+  if (startup.lpTitle != nullptr) Unsupported("STARTUPINFOA::lpTitle");
+  if (startup.cbReserved2 != 0) Unsupported("STARTUPINFOA::cbReserved2");
+  if (startup.lpReserved2 != nullptr) Unsupported("STARTUPINFOA::lpReserved2");
   constexpr DWORD kHonoured = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
-  if ((startup.dwFlags & ~kHonoured) != 0) UnsupportedCall("STARTUPINFOA::dwFlags");
+  if ((startup.dwFlags & ~kHonoured) != 0) Unsupported("STARTUPINFOA::dwFlags");
   if ((startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow != SW_HIDE) {
-    UnsupportedCall("STARTUPINFOA::wShowWindow");
+    Unsupported("STARTUPINFOA::wShowWindow");
   }
   if ((startup.dwFlags & STARTF_USESTDHANDLES) != 0 && startup.hStdInput != nullptr) {
-    UnsupportedCall("STARTUPINFOA::hStdInput");
+    Unsupported("STARTUPINFOA::hStdInput");
   }
 }
 
@@ -60,7 +60,7 @@ DWORD CheckApplication(const Files& files, const std::string& path) {
 }
 
 std::shared_ptr<ChildProcess> FindChild(const Call& call, HANDLE process) {
-  if (process == ::GetCurrentProcess()) UnsupportedCall("the program's own process");
+  if (process == ::GetCurrentProcess()) Unsupported("the program's own process");
   const auto object = call.server().handles().Find<ProcessObject>(process);
   return object ? object->Child() : nullptr;
 }
@@ -69,7 +69,7 @@ std::shared_ptr<ChildProcess> FindChild(const Call& call, HANDLE process) {
 }  // namespace simulator
 
 using simulator::Call;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
                            LPSECURITY_ATTRIBUTES process_attributes,
@@ -77,17 +77,17 @@ BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
                            DWORD creation_flags, LPVOID environment, LPCSTR current_directory,
                            LPSTARTUPINFOA startup_info, LPPROCESS_INFORMATION process_information) {
   if (application_name == nullptr && command_line == nullptr) {
-    UnsupportedCall("CreateProcessA: neither application name nor command line");
+    Unsupported("CreateProcessA: neither application name nor command line");
   }
   if (process_attributes != nullptr || thread_attributes != nullptr) {
-    UnsupportedCall("CreateProcessA: security attributes");
+    Unsupported("CreateProcessA: security attributes");
   }
-  if (!inherit_handles) UnsupportedCall("CreateProcessA: no handles inherited");
-  if (creation_flags != CREATE_NO_WINDOW) UnsupportedCall("CreateProcessA: creation flags");
-  if (environment != nullptr) UnsupportedCall("CreateProcessA: environment");
-  if (current_directory != nullptr) UnsupportedCall("CreateProcessA: current directory");
-  if (startup_info == nullptr) UnsupportedCall("CreateProcessA: no startup info");
-  if (process_information == nullptr) UnsupportedCall("CreateProcessA: no process information");
+  if (!inherit_handles) Unsupported("CreateProcessA: no handles inherited");
+  if (creation_flags != CREATE_NO_WINDOW) Unsupported("CreateProcessA: creation flags");
+  if (environment != nullptr) Unsupported("CreateProcessA: environment");
+  if (current_directory != nullptr) Unsupported("CreateProcessA: current directory");
+  if (startup_info == nullptr) Unsupported("CreateProcessA: no startup info");
+  if (process_information == nullptr) Unsupported("CreateProcessA: no process information");
   simulator::RefuseUnsupported(*startup_info);
 
   const Call call("CreateProcessA", application_name, command_line);
@@ -124,7 +124,7 @@ BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
 }
 
 BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD exit_code) {
-  if (exit_code == nullptr) UnsupportedCall("GetExitCodeProcess: nowhere to put the code");
+  if (exit_code == nullptr) Unsupported("GetExitCodeProcess: nowhere to put the code");
   const Call call("GetExitCodeProcess", process);
   if (call.fails()) return FALSE;
   const auto child = simulator::FindChild(call, process);
@@ -147,7 +147,7 @@ void WINAPI ExitProcess(UINT exit_code) {
 }
 
 BOOL WINAPI CloseHandle(HANDLE object) {
-  if (object == ::GetCurrentProcess()) UnsupportedCall("CloseHandle of a pseudo handle");
+  if (object == ::GetCurrentProcess()) Unsupported("CloseHandle of a pseudo handle");
   const Call call("CloseHandle", object);
   if (call.fails()) return FALSE;
   return call.Done(call.server().handles().Close(object) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);

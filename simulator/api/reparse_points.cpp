@@ -7,11 +7,11 @@
 #include "simulator/api/call.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/files/files.h"
-#include "simulator/model/files/open_node.h"
+#include "simulator/model/files/open_file.h"
 #include "simulator/model/processes/handles.h"
 
 using simulator::Call;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD desired_access, DWORD share_mode,
                           LPSECURITY_ATTRIBUTES attributes, DWORD creation_disposition,
@@ -21,12 +21,12 @@ HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD desired_access, DWORD share_mode,
   constexpr DWORD kAccess =
       GENERIC_ALL | GENERIC_READ | GENERIC_WRITE | GENERIC_EXECUTE | FILE_ALL_ACCESS;
   constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  if ((desired_access & ~kAccess) != 0) UnsupportedCall("CreateFileW: such access");
-  if ((share_mode & ~kShare) != 0) UnsupportedCall("CreateFileW: such sharing");
-  if (attributes != nullptr) UnsupportedCall("CreateFileW: security attributes");
-  if (creation_disposition != OPEN_EXISTING) UnsupportedCall("CreateFileW: making a file");
-  if ((flags_and_attributes & ~kFlags) != 0) UnsupportedCall("CreateFileW: flags and attributes");
-  if (template_file != nullptr) UnsupportedCall("CreateFileW: a template");
+  if ((desired_access & ~kAccess) != 0) Unsupported("CreateFileW: such access");
+  if ((share_mode & ~kShare) != 0) Unsupported("CreateFileW: such sharing");
+  if (attributes != nullptr) Unsupported("CreateFileW: security attributes");
+  if (creation_disposition != OPEN_EXISTING) Unsupported("CreateFileW: making a file");
+  if ((flags_and_attributes & ~kFlags) != 0) Unsupported("CreateFileW: flags and attributes");
+  if (template_file != nullptr) Unsupported("CreateFileW: a template");
 
   Call call("CreateFileW", path, desired_access, share_mode, flags_and_attributes);
   if (call.fails()) return INVALID_HANDLE_VALUE;
@@ -46,11 +46,11 @@ HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD desired_access, DWORD share_mode,
 BOOL WINAPI DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD input_size,
                             LPVOID /*output*/, DWORD output_size, LPDWORD bytes_returned,
                             LPOVERLAPPED overlapped) {
-  if (code != FSCTL_SET_REPARSE_POINT) UnsupportedCall("DeviceIoControl: such a code");
-  if (output_size != 0) UnsupportedCall("DeviceIoControl: output of a call that has none");
-  if (bytes_returned == nullptr) UnsupportedCall("DeviceIoControl: nowhere to put the count");
-  if (overlapped != nullptr) UnsupportedCall("DeviceIoControl: overlapped");
-  if (input == nullptr && input_size != 0) UnsupportedCall("DeviceIoControl: no input");
+  if (code != FSCTL_SET_REPARSE_POINT) Unsupported("DeviceIoControl: such a code");
+  if (output_size != 0) Unsupported("DeviceIoControl: output of a call that has none");
+  if (bytes_returned == nullptr) Unsupported("DeviceIoControl: nowhere to put the count");
+  if (overlapped != nullptr) Unsupported("DeviceIoControl: overlapped");
+  if (input == nullptr && input_size != 0) Unsupported("DeviceIoControl: no input");
 
   Call call("DeviceIoControl", device, code, input_size);
   *bytes_returned = 0;

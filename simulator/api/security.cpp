@@ -13,7 +13,6 @@
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/processes/handles.h"
 #include "simulator/model/processes/process_objects.h"
-#include "simulator/model/security/token.h"
 
 namespace simulator {
 namespace {
@@ -30,20 +29,20 @@ BOOL LookUpPrivilege(const Call& call, std::string_view name, PLUID luid) {
 
 using simulator::Call;
 using simulator::Token;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI OpenProcessToken(HANDLE process, DWORD desired_access, PHANDLE token) {
   constexpr DWORD kHonoured = TOKEN_QUERY | TOKEN_ADJUST_PRIVILEGES;
-  if (token == nullptr) UnsupportedCall("OpenProcessToken: nowhere to put it");
+  if (token == nullptr) Unsupported("OpenProcessToken: nowhere to put it");
   if (desired_access == 0 || (desired_access & ~kHonoured) != 0) {
-    UnsupportedCall("OpenProcessToken: access");
+    Unsupported("OpenProcessToken: access");
   }
   const Call call("OpenProcessToken", process, desired_access);
   if (call.fails()) return FALSE;
   simulator::Handles& handles = call.server().handles();
   if (process != ::GetCurrentProcess()) {
     if (handles.Find<simulator::ProcessObject>(process)) {
-      UnsupportedCall("OpenProcessToken of another process");
+      Unsupported("OpenProcessToken of another process");
     }
     return call.Done(ERROR_INVALID_HANDLE);
   }
@@ -52,15 +51,15 @@ BOOL WINAPI OpenProcessToken(HANDLE process, DWORD desired_access, PHANDLE token
 }
 
 BOOL WINAPI LookupPrivilegeValueA(LPCSTR system_name, LPCSTR name, PLUID luid) {
-  if (system_name != nullptr) UnsupportedCall("LookupPrivilegeValueA: a system name");
-  if (name == nullptr || luid == nullptr) UnsupportedCall("LookupPrivilegeValueA: no name or LUID");
+  if (system_name != nullptr) Unsupported("LookupPrivilegeValueA: a system name");
+  if (name == nullptr || luid == nullptr) Unsupported("LookupPrivilegeValueA: no name or LUID");
   const Call call("LookupPrivilegeValueA", name);
   return call.fails() ? FALSE : simulator::LookUpPrivilege(call, name, luid);
 }
 
 BOOL WINAPI LookupPrivilegeValueW(LPCWSTR system_name, LPCWSTR name, PLUID luid) {
-  if (system_name != nullptr) UnsupportedCall("LookupPrivilegeValueW: a system name");
-  if (name == nullptr || luid == nullptr) UnsupportedCall("LookupPrivilegeValueW: no name or LUID");
+  if (system_name != nullptr) Unsupported("LookupPrivilegeValueW: a system name");
+  if (name == nullptr || luid == nullptr) Unsupported("LookupPrivilegeValueW: no name or LUID");
   const Call call("LookupPrivilegeValueW", name);
   return call.fails() ? FALSE
                       : simulator::LookUpPrivilege(call, simulator::Utf8FromWide(name), luid);
@@ -68,10 +67,10 @@ BOOL WINAPI LookupPrivilegeValueW(LPCWSTR system_name, LPCWSTR name, PLUID luid)
 
 BOOL WINAPI AdjustTokenPrivileges(HANDLE token, BOOL disable_all, PTOKEN_PRIVILEGES new_state,
                                   DWORD, PTOKEN_PRIVILEGES previous_state, PDWORD return_length) {
-  if (disable_all) UnsupportedCall("AdjustTokenPrivileges: all disabled");
-  if (new_state == nullptr) UnsupportedCall("AdjustTokenPrivileges: no new state");
+  if (disable_all) Unsupported("AdjustTokenPrivileges: all disabled");
+  if (new_state == nullptr) Unsupported("AdjustTokenPrivileges: no new state");
   if (previous_state != nullptr || return_length != nullptr) {
-    UnsupportedCall("AdjustTokenPrivileges: the previous state");
+    Unsupported("AdjustTokenPrivileges: the previous state");
   }
   const Call call("AdjustTokenPrivileges", token, new_state->PrivilegeCount,
                   new_state->Privileges[0].Luid.LowPart, new_state->Privileges[0].Attributes);
@@ -88,7 +87,7 @@ BOOL WINAPI AdjustTokenPrivileges(HANDLE token, BOOL disable_all, PTOKEN_PRIVILE
     LUID_AND_ATTRIBUTES entry;
     std::memcpy(&entry, entries + i * sizeof(entry), sizeof(entry));
     if ((entry.Attributes & ~static_cast<DWORD>(SE_PRIVILEGE_ENABLED)) != 0) {
-      UnsupportedCall("LUID_AND_ATTRIBUTES::Attributes");
+      Unsupported("LUID_AND_ATTRIBUTES::Attributes");
     }
     const bool enabled = entry.Attributes == SE_PRIVILEGE_ENABLED;
     if (!call.server().security().SetEnabled(entry.Luid, enabled)) all_assigned = false;

@@ -38,7 +38,7 @@ BOOL WINAPI PathFileExistsA(LPCSTR path) {
 
 // Leaves the last error alone, as the shell does: FALSE only says that there was nothing to remove.
 BOOL WINAPI PathRemoveFileSpecA(LPSTR path) {
-  Call call("PathRemoveFileSpecA", static_cast<LPCSTR>(path));
+  Call call("PathRemoveFileSpecA", path);
   if (call.fails() || path == nullptr) return FALSE;
 
   // A root keeps its backslashes: "\", "\\" and "C:\".
@@ -61,7 +61,7 @@ BOOL WINAPI PathRemoveFileSpecA(LPSTR path) {
 BOOL WINAPI SHGetSpecialFolderPathA(HWND owner, LPSTR path, int csidl, BOOL create) {
   Call call("SHGetSpecialFolderPathA", owner, csidl, create);
   if (call.fails()) return FALSE;
-  if (csidl != CSIDL_COMMON_STARTUP) simulator::UnsupportedCall("this special folder");
+  if (csidl != CSIDL_COMMON_STARTUP) simulator::Unsupported("this special folder");
   if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   const std::string& folder = call.server().system().common_startup_directory;
   if (folder.size() >= MAX_PATH) return call.Done(ERROR_FILENAME_EXCED_RANGE);

@@ -9,13 +9,13 @@
 #include "simulator/model/server.h"
 
 using simulator::Call;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI InitiateSystemShutdownW(LPWSTR machine_name, LPWSTR message, DWORD timeout,
                                     BOOL force_apps_closed, BOOL reboot_after_shutdown) {
-  if (machine_name != nullptr) UnsupportedCall("InitiateSystemShutdownW: another machine");
-  const Call call("InitiateSystemShutdownW", static_cast<const wchar_t*>(message), timeout,
-                  force_apps_closed, reboot_after_shutdown);
+  if (machine_name != nullptr) Unsupported("InitiateSystemShutdownW: another machine");
+  const Call call("InitiateSystemShutdownW", message, timeout, force_apps_closed,
+                  reboot_after_shutdown);
   if (call.fails()) return FALSE;
   simulator::Server& server = call.server();
   if (!server.security().Enabled("SeShutdownPrivilege")) return call.Done(ERROR_ACCESS_DENIED);

@@ -27,21 +27,31 @@ WORD ServicePackNumber(const std::string& service_pack) {
   return ends_in_digit ? static_cast<WORD>(service_pack.back() - '0') : WORD{0};
 }
 
-// In the narrow or the wide structure; `service_pack` is the system's in the same units.
-template <typename Version, typename Text>
-Version VersionOf(const System& system, const Text& service_pack) {
+// GetVersionExA and GetVersionExW. `convert` turns the system's texts into those of the structure.
+template <typename Char, typename Convert>
+BOOL GetVersion(const char* name, OsVersionInfo<Char>* version, Convert convert) {
   constexpr WORD kSuites = 0x0110;  // remote administration by terminal services
-  Version version = {};
-  version.dwMajorVersion = system.major_version;
-  version.dwMinorVersion = system.minor_version;
-  version.dwBuildNumber = system.build;
-  version.dwPlatformId = VER_PLATFORM_WIN32_NT;
-  const size_t longest = std::size(version.szCSDVersion) - 1;
-  std::copy_n(service_pack.data(), std::min(service_pack.size(), longest), version.szCSDVersion);
-  version.wServicePackMajor = ServicePackNumber(system.service_pack);
-  version.wSuiteMask = kSuites;
-  version.wProductType = VER_NT_SERVER;
-  return version;
+  if (version == nullptr) Unsupported(std::string(name) + ": nowhere to put it");
+  const DWORD size = version->dwOSVersionInfoSize;
+  const Call call(name, size);
+  if (call.fails()) return FALSE;
+  OsVersionInfoEx<Char> filled = {};
+  if (size != sizeof(*version) && size != sizeof(filled)) {
+    return call.Done(ERROR_INSUFFICIENT_BUFFER);
+  }
+  const System& system = call.server().system();
+  const auto service_pack = convert(system.service_pack);
+  filled.dwOSVersionInfoSize = size;
+  filled.dwMajorVersion = system.major_version;
+  filled.dwMinorVersion = system.minor_version;
+  filled.dwBuildNumber = system.build;
+  filled.dwPlatformId = VER_PLATFORM_WIN32_NT;
+  service_pack.copy(filled.szCSDVersion, std::size(filled.szCSDVersion) - 1);
+  filled.wServicePackMajor = ServicePackNumber(system.service_pack);
+  filled.wSuiteMask = kSuites;
+  filled.wProductType = VER_NT_SERVER;
+  std::memcpy(static_cast<void*>(version), &filled, size);
+  return call.Succeed(TRUE);
 }
 
 // What GetProcAddress gives out. It cannot fail, so it is neither numbered nor traced.
@@ -64,7 +74,7 @@ void WINAPI NativeSystemInfo(LPSYSTEM_INFO info) {
 }  // namespace simulator
 
 using simulator::Call;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 // Cannot fail, so it is neither numbered nor traced. Starts anew every 49.7 days.
 DWORD WINAPI GetTickCount() {
@@ -72,38 +82,16 @@ DWORD WINAPI GetTickCount() {
 }
 
 BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version) {
-  if (version == nullptr) UnsupportedCall("GetVersionExA: nowhere to put it");
-  const DWORD size = version->dwOSVersionInfoSize;
-  const Call call("GetVersionExA", size);
-  if (call.fails()) return FALSE;
-  if (size != sizeof(OSVERSIONINFOA) && size != sizeof(OSVERSIONINFOEXA)) {
-    return call.Done(ERROR_INSUFFICIENT_BUFFER);
-  }
-  const simulator::System& system = call.server().system();
-  auto filled = simulator::VersionOf<OSVERSIONINFOEXA>(system, system.service_pack);
-  filled.dwOSVersionInfoSize = size;
-  std::memcpy(static_cast<void*>(version), &filled, size);
-  return call.Succeed(TRUE);
+  return simulator::GetVersion("GetVersionExA", version,
+                               [](const std::string& text) { return text; });
 }
 
 BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
-  if (version == nullptr) UnsupportedCall("GetVersionExW: nowhere to put it");
-  const DWORD size = version->dwOSVersionInfoSize;
-  const Call call("GetVersionExW", size);
-  if (call.fails()) return FALSE;
-  if (size != sizeof(OSVERSIONINFOW) && size != sizeof(OSVERSIONINFOEXW)) {
-    return call.Done(ERROR_INSUFFICIENT_BUFFER);
-  }
-  const simulator::System& system = call.server().system();
-  auto filled =
-      simulator::VersionOf<OSVERSIONINFOEXW>(system, simulator::WideFromUtf8(system.service_pack));
-  filled.dwOSVersionInfoSize = size;
-  std::memcpy(static_cast<void*>(version), &filled, size);
-  return call.Succeed(TRUE);
+  return simulator::GetVersion("GetVersionExW", version, simulator::WideFromUtf8);
 }
 
 UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size) {
-  if (buffer == nullptr && size != 0) UnsupportedCall("GetSystemDirectoryA: no buffer");
+  if (buffer == nullptr && size != 0) Unsupported("GetSystemDirectoryA: no buffer");
   const Call call("GetSystemDirectoryA", size);
   if (call.fails()) return 0;
   const std::string& directory = call.server().system().system_directory;
@@ -114,8 +102,8 @@ UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size) {
 }
 
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size) {
-  if (module != nullptr) UnsupportedCall("GetModuleFileNameA: a module");
-  if (buffer == nullptr && size != 0) UnsupportedCall("GetModuleFileNameA: no buffer");
+  if (module != nullptr) Unsupported("GetModuleFileNameA: a module");
+  if (buffer == nullptr && size != 0) Unsupported("GetModuleFileNameA: no buffer");
   const Call call("GetModuleFileNameA", size);
   if (call.fails()) return 0;
   const std::string& path = call.server().system().program_path;
@@ -138,11 +126,11 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR module_name) {
 
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
   constexpr uintptr_t kFirstName = 0x10000;  // a smaller value is an ordinal
-  if (reinterpret_cast<uintptr_t>(name) < kFirstName) UnsupportedCall("GetProcAddress by ordinal");
-  const Call call("GetProcAddress", static_cast<const void*>(module), name);
+  if (reinterpret_cast<uintptr_t>(name) < kFirstName) Unsupported("GetProcAddress by ordinal");
+  const Call call("GetProcAddress", module, name);
   if (call.fails()) return nullptr;
   if (module == nullptr || module == simulator::ProgramModule()) {
-    UnsupportedCall("GetProcAddress: of the program itself");
+    Unsupported("GetProcAddress: of the program itself");
   }
   if (module != simulator::kKernel32) return call.Fail(FARPROC{nullptr}, ERROR_MOD_NOT_FOUND);
   const bool exported = call.server().system().has_native_system_info;

@@ -15,16 +15,16 @@
 using simulator::Call;
 using simulator::PlatformScope;
 using simulator::Server;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stack_size,
                            LPTHREAD_START_ROUTINE start_address, LPVOID parameter,
                            DWORD creation_flags, LPDWORD thread_id) {
-  if (attributes != nullptr) UnsupportedCall("CreateThread: security attributes");
-  if (stack_size != 0) UnsupportedCall("CreateThread: a stack size");
-  if (start_address == nullptr) UnsupportedCall("CreateThread: nothing to run");
-  if (creation_flags != 0) UnsupportedCall("CreateThread: creation flags");
-  if (thread_id != nullptr) UnsupportedCall("CreateThread: a thread id");
+  if (attributes != nullptr) Unsupported("CreateThread: security attributes");
+  if (stack_size != 0) Unsupported("CreateThread: a stack size");
+  if (start_address == nullptr) Unsupported("CreateThread: nothing to run");
+  if (creation_flags != 0) Unsupported("CreateThread: creation flags");
+  if (thread_id != nullptr) Unsupported("CreateThread: a thread id");
   const Call call("CreateThread", parameter);
   if (call.fails()) return nullptr;
   Server& server = call.server();
@@ -35,7 +35,7 @@ HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stack_size,
 // Moves the steered clock, and lets other threads run: who polls waits for one of them.
 void WINAPI Sleep(DWORD milliseconds) {
   constexpr DWORD kForGood = 0xFFFFFFFF;
-  if (milliseconds == kForGood) UnsupportedCall("Sleep for good");
+  if (milliseconds == kForGood) Unsupported("Sleep for good");
   Server::Current().clock().Advance(milliseconds);
   std::this_thread::sleep_for(std::chrono::microseconds(50));
 }

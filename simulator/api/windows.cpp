@@ -22,9 +22,8 @@ constexpr RECT kWorkArea = {0, 0, 1024, 728};
 DWORD VisitDialog(const Call& call, const char* name, HWND window,
                   const std::function<void(Dialog&)>& visit) {
   return call.server().dialogs().Visit(window, [&](Dialog& dialog, Control* control) {
-    if (control != nullptr) UnsupportedCall(std::string(name) + " of a control");
+    if (control != nullptr) Unsupported(std::string(name) + " of a control");
     visit(dialog);
-    return DWORD{ERROR_SUCCESS};
   });
 }
 
@@ -34,12 +33,12 @@ DWORD VisitDialog(const Call& call, const char* name, HWND window,
 using simulator::Call;
 using simulator::Control;
 using simulator::Dialog;
-using simulator::UnsupportedCall;
+using simulator::Unsupported;
 
 BOOL WINAPI ShowWindow(HWND window, int command) {
   const bool shows = command == SW_SHOWNORMAL || command == SW_SHOW || command == SW_SHOWDEFAULT;
-  if (!shows && command != SW_HIDE) UnsupportedCall("ShowWindow: command");
-  const Call call("ShowWindow", static_cast<const void*>(window), command);
+  if (!shows && command != SW_HIDE) Unsupported("ShowWindow: command");
+  const Call call("ShowWindow", window, command);
   if (call.fails()) return FALSE;
   bool was_visible = false;
   const DWORD error =
@@ -52,8 +51,8 @@ BOOL WINAPI ShowWindow(HWND window, int command) {
 }
 
 BOOL WINAPI GetWindowRect(HWND window, LPRECT rectangle) {
-  if (rectangle == nullptr) UnsupportedCall("GetWindowRect without a rectangle");
-  const Call call("GetWindowRect", static_cast<const void*>(window));
+  if (rectangle == nullptr) Unsupported("GetWindowRect without a rectangle");
+  const Call call("GetWindowRect", window);
   if (call.fails()) return FALSE;
   return call.Done(simulator::VisitDialog(
       call, "GetWindowRect", window,
@@ -63,9 +62,8 @@ BOOL WINAPI GetWindowRect(HWND window, LPRECT rectangle) {
 BOOL WINAPI SetWindowPos(HWND window, HWND insert_after, int x, int y, int width, int height,
                          UINT flags) {
   constexpr UINT kNeeded = SWP_NOSIZE | SWP_NOZORDER;
-  if ((flags & ~UINT{SWP_NOACTIVATE}) != kNeeded) UnsupportedCall("SetWindowPos: flags");
-  const Call call("SetWindowPos", static_cast<const void*>(window),
-                  static_cast<const void*>(insert_after), x, y, width, height, flags);
+  if ((flags & ~UINT{SWP_NOACTIVATE}) != kNeeded) Unsupported("SetWindowPos: flags");
+  const Call call("SetWindowPos", window, insert_after, x, y, width, height, flags);
   if (call.fails()) return FALSE;
   return call.Done(simulator::VisitDialog(call, "SetWindowPos", window, [x, y](Dialog& dialog) {
     RECT& place = dialog.shown.rectangle;
@@ -74,7 +72,7 @@ BOOL WINAPI SetWindowPos(HWND window, HWND insert_after, int x, int y, int width
 }
 
 BOOL WINAPI SetWindowTextA(HWND window, LPCSTR text) {
-  const Call call("SetWindowTextA", static_cast<const void*>(window), text);
+  const Call call("SetWindowTextA", window, text);
   if (call.fails()) return FALSE;
   return call.Done(simulator::VisitDialog(call, "SetWindowTextA", window, [text](Dialog& dialog) {
     const std::wstring wide = simulator::WideFromUtf8(text == nullptr ? "" : text);
@@ -83,22 +81,21 @@ BOOL WINAPI SetWindowTextA(HWND window, LPCSTR text) {
 }
 
 int WINAPI GetWindowTextLengthW(HWND window) {
-  const Call call("GetWindowTextLengthW", static_cast<const void*>(window));
+  const Call call("GetWindowTextLengthW", window);
   if (call.fails()) return 0;
   size_t length = 0;
   const DWORD error = call.server().dialogs().Visit(
       window, [&length](const Dialog& dialog, const Control* control) {
         length = control != nullptr ? control->text.size()
                                     : simulator::WideFromUtf8(dialog.shown.caption).size();
-        return DWORD{ERROR_SUCCESS};
       });
   call.Done(error);
   return static_cast<int>(length);
 }
 
 BOOL WINAPI SystemParametersInfoW(UINT action, UINT parameter, PVOID value, UINT update) {
-  if (action != SPI_GETWORKAREA) UnsupportedCall("SystemParametersInfoW: action");
-  if (value == nullptr || update != 0) UnsupportedCall("SPI_GETWORKAREA with such arguments");
+  if (action != SPI_GETWORKAREA) Unsupported("SystemParametersInfoW: action");
+  if (value == nullptr || update != 0) Unsupported("SPI_GETWORKAREA with such arguments");
   const Call call("SystemParametersInfoW", action, parameter);
   if (call.fails()) return FALSE;
   *static_cast<RECT*>(value) = simulator::kWorkArea;
@@ -107,9 +104,9 @@ BOOL WINAPI SystemParametersInfoW(UINT action, UINT parameter, PVOID value, UINT
 
 HICON WINAPI LoadIconW(HINSTANCE instance, LPCWSTR name) {
   const WORD id = LOWORD(reinterpret_cast<ULONG_PTR>(name));
-  if (MAKEINTRESOURCEW(id) != name) UnsupportedCall("LoadIconW by name");
-  if (instance == nullptr) UnsupportedCall("LoadIconW of the system's icons");
-  const Call call("LoadIconW", static_cast<const void*>(instance), DWORD{id});
+  if (MAKEINTRESOURCEW(id) != name) Unsupported("LoadIconW by name");
+  if (instance == nullptr) Unsupported("LoadIconW of the system's icons");
+  const Call call("LoadIconW", instance, DWORD{id});
   if (call.fails()) return nullptr;
   const DWORD error = call.server().desktop().FindIcon(id);
   if (error != ERROR_SUCCESS) return call.Fail(HICON{nullptr}, error);

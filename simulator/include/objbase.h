@@ -2,7 +2,6 @@
 #ifndef SIMULATOR_INCLUDE_OBJBASE_H_
 #define SIMULATOR_INCLUDE_OBJBASE_H_
 
-#include <guiddef.h>
 #include <unknwn.h>
 #include <winerror.h>
 

@@ -3,8 +3,6 @@
 #define SIMULATOR_INCLUDE_SHARE_H_
 
 #define _SH_DENYRW 0x10
-#define _SH_DENYWR 0x20
-#define _SH_DENYRD 0x30
 #define _SH_DENYNO 0x40
 
 #endif  // SIMULATOR_INCLUDE_SHARE_H_

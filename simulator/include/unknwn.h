@@ -1,14 +1,23 @@
-// The interface that every COM object implements.
+// Identifiers of classes and interfaces, and the interface that every COM object implements.
 #ifndef SIMULATOR_INCLUDE_UNKNWN_H_
 #define SIMULATOR_INCLUDE_UNKNWN_H_
 
-#include <guiddef.h>
+#include <windef.h>
 
-extern const IID IID_IUnknown;
+struct GUID {
+  DWORD Data1;
+  WORD Data2;
+  WORD Data3;
+  BYTE Data4[8];
+
+  bool operator==(const GUID&) const = default;
+};
+using IID = GUID;
+using CLSID = GUID;
+using REFIID = const IID&;
+using REFCLSID = const CLSID&;
 
 struct IUnknown {
-  virtual HRESULT WINAPI QueryInterface(REFIID interface_id, void** object) = 0;
-  virtual ULONG WINAPI AddRef() = 0;
   virtual ULONG WINAPI Release() = 0;
 };
 using LPUNKNOWN = IUnknown*;

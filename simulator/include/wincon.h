@@ -4,8 +4,6 @@
 
 #include <winbase.h>
 
-#define FOREGROUND_BLUE 0x0001
-#define FOREGROUND_GREEN 0x0002
 #define FOREGROUND_RED 0x0004
 #define FOREGROUND_INTENSITY 0x0008
 

@@ -8,25 +8,20 @@
 
 #define WINAPI
 #define CALLBACK
-#define APIENTRY
 
 using BOOL = int;
 using BYTE = uint8_t;
 using WORD = uint16_t;
 using DWORD = uint32_t;
 using UINT = uint32_t;
-using INT = int;
 using LONG = int32_t;
 using ULONG = uint32_t;
-using LONGLONG = int64_t;
 using ULONGLONG = uint64_t;
-using DWORD64 = uint64_t;
 using SIZE_T = size_t;
 using SHORT = int16_t;
 using USHORT = uint16_t;
 using CHAR = char;
 using WCHAR = wchar_t;
-using ATOM = WORD;
 
 using INT_PTR = intptr_t;
 using UINT_PTR = uintptr_t;
@@ -47,7 +42,6 @@ using LPSTR = CHAR*;
 using LPCSTR = const CHAR*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
-using PBOOL = BOOL*;
 using LPBOOL = BOOL*;
 
 using HANDLE = void*;

@@ -66,7 +66,6 @@
 #define S_FALSE 1
 #define E_NOINTERFACE (static_cast<HRESULT>(0x80004002))
 #define E_OUTOFMEMORY (static_cast<HRESULT>(0x8007000E))
-#define E_INVALIDARG (static_cast<HRESULT>(0x80070057))
 #define REGDB_E_CLASSNOTREG (static_cast<HRESULT>(0x80040154))
 #define CO_E_NOTINITIALIZED (static_cast<HRESULT>(0x800401F0))
 

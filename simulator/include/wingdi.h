@@ -15,7 +15,6 @@
 
 #define WHITE_BRUSH 0
 #define NULL_BRUSH 5
-#define HOLLOW_BRUSH NULL_BRUSH
 
 COLORREF WINAPI SetTextColor(HDC context, COLORREF color);
 COLORREF WINAPI SetBkColor(HDC context, COLORREF color);

@@ -90,7 +90,6 @@ using SECURITY_DESCRIPTOR_CONTROL = WORD;
 #define GROUP_SECURITY_INFORMATION 0x00000002
 #define DACL_SECURITY_INFORMATION 0x00000004
 #define SACL_SECURITY_INFORMATION 0x00000008
-#define LABEL_SECURITY_INFORMATION 0x00000010
 #define UNPROTECTED_SACL_SECURITY_INFORMATION 0x10000000
 #define UNPROTECTED_DACL_SECURITY_INFORMATION 0x20000000
 #define PROTECTED_SACL_SECURITY_INFORMATION 0x40000000
@@ -121,15 +120,10 @@ struct SID {
 
 enum SID_NAME_USE {
   SidTypeUser = 1,
-  SidTypeGroup,
-  SidTypeDomain,
-  SidTypeAlias,
-  SidTypeWellKnownGroup,
-  SidTypeDeletedAccount,
-  SidTypeInvalid,
-  SidTypeUnknown,
-  SidTypeComputer,
-  SidTypeLabel,
+  SidTypeAlias = 4,
+  SidTypeWellKnownGroup = 5,
+  SidTypeInvalid = 7,
+  SidTypeUnknown = 8,
 };
 using PSID_NAME_USE = SID_NAME_USE*;
 
@@ -219,58 +213,41 @@ struct SECURITY_DESCRIPTOR {
 #define IO_REPARSE_TAG_MOUNT_POINT 0xA0000003
 #define MAXIMUM_REPARSE_DATA_BUFFER_SIZE (16 * 1024)
 
-struct OSVERSIONINFOA {
+// The narrow and the wide form have the same members.
+template <typename Char>
+struct OsVersionInfo {
   DWORD dwOSVersionInfoSize;
   DWORD dwMajorVersion;
   DWORD dwMinorVersion;
   DWORD dwBuildNumber;
   DWORD dwPlatformId;
-  CHAR szCSDVersion[128];
+  Char szCSDVersion[128];
 };
+using OSVERSIONINFOA = OsVersionInfo<CHAR>;
+using OSVERSIONINFOW = OsVersionInfo<WCHAR>;
 using LPOSVERSIONINFOA = OSVERSIONINFOA*;
-
-struct OSVERSIONINFOEXA {
-  DWORD dwOSVersionInfoSize;
-  DWORD dwMajorVersion;
-  DWORD dwMinorVersion;
-  DWORD dwBuildNumber;
-  DWORD dwPlatformId;
-  CHAR szCSDVersion[128];
-  WORD wServicePackMajor;
-  WORD wServicePackMinor;
-  WORD wSuiteMask;
-  BYTE wProductType;
-  BYTE wReserved;
-};
-
-struct OSVERSIONINFOW {
-  DWORD dwOSVersionInfoSize;
-  DWORD dwMajorVersion;
-  DWORD dwMinorVersion;
-  DWORD dwBuildNumber;
-  DWORD dwPlatformId;
-  WCHAR szCSDVersion[128];
-};
 using LPOSVERSIONINFOW = OSVERSIONINFOW*;
 
-struct OSVERSIONINFOEXW {
+template <typename Char>
+struct OsVersionInfoEx {
   DWORD dwOSVersionInfoSize;
   DWORD dwMajorVersion;
   DWORD dwMinorVersion;
   DWORD dwBuildNumber;
   DWORD dwPlatformId;
-  WCHAR szCSDVersion[128];
+  Char szCSDVersion[128];
   WORD wServicePackMajor;
   WORD wServicePackMinor;
   WORD wSuiteMask;
   BYTE wProductType;
   BYTE wReserved;
 };
+using OSVERSIONINFOEXA = OsVersionInfoEx<CHAR>;
+using OSVERSIONINFOEXW = OsVersionInfoEx<WCHAR>;
 
 #define VER_PLATFORM_WIN32_NT 2
 #define VER_NT_SERVER 3
 
-#define PROCESSOR_ARCHITECTURE_INTEL 0
 #define PROCESSOR_ARCHITECTURE_IA64 6
 #define PROCESSOR_ARCHITECTURE_AMD64 9
 
@@ -278,9 +255,5 @@ using LCID = DWORD;
 
 #define LANG_NEUTRAL 0x00
 #define SUBLANG_DEFAULT 0x01
-#define SORT_DEFAULT 0x0
-
-#define MAKELCID(language, sort) \
-  ((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) | static_cast<WORD>(language))
 
 #endif  // SIMULATOR_INCLUDE_WINNT_H_

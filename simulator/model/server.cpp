@@ -5,7 +5,6 @@
 
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/disks.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/common/clock.h"
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/desktop/com.h"

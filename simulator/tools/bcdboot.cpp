@@ -1,13 +1,11 @@
-#include "simulator/tools/bcdboot.h"
-
 #include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "simulator/model/boot/boot_store.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/common/path_name.h"
 #include "simulator/tools/machine.h"
+#include "simulator/tools/tools.h"
 
 namespace simulator {
 namespace {

@@ -1,5 +1,9 @@
 #include "simulator/tools/columns.h"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
 namespace simulator {
 namespace {
 
@@ -8,11 +12,7 @@ bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0
 }  // namespace
 
 size_t CharacterCount(std::string_view text) {
-  size_t count = 0;
-  for (const char byte : text) {
-    if (!IsContinuation(byte)) ++count;
-  }
-  return count;
+  return static_cast<size_t>(std::count_if(text.begin(), text.end(), std::not_fn(IsContinuation)));
 }
 
 std::string LeftColumn(std::string_view text, size_t width) {
@@ -35,7 +35,7 @@ std::string SizeText(uint64_t bytes) {
   constexpr const char* kUnits[] = {" B", " KB", " MB", " GB", " TB", " PB"};
   constexpr uint64_t kFirstTooLong = 10000;
   const char* const* unit = kUnits;
-  while (bytes >= kFirstTooLong && unit + 1 != kUnits + sizeof kUnits / sizeof kUnits[0]) {
+  while (bytes >= kFirstTooLong && unit + 1 != std::end(kUnits)) {
     bytes /= 1024;
     ++unit;
   }

@@ -1,13 +1,11 @@
-#include "simulator/tools/diskpart.h"
-
 #include <optional>
 
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/files/volume.h"
-#include "simulator/tools/diskpart_output.h"
-#include "simulator/tools/diskpart_script.h"
+#include "simulator/tools/diskpart_parts.h"
 #include "simulator/tools/machine.h"
+#include "simulator/tools/tools.h"
 
 namespace simulator {
 namespace {
@@ -22,144 +20,134 @@ class Session {
   explicit Session(Machine& machine) : machine_(machine) {}
 
   // False when the command failed; Output() then ends with the reason.
-  bool Execute(const DiskpartCommand& command);
+  bool Execute(const DiskpartCommand& command) {
+    switch (command.verb) {
+      case DiskpartVerb::kNothing:
+        return true;
+      case DiskpartVerb::kListDisk:
+        output_ += DiskListing(machine_.disks(),
+                               disk_ == nullptr ? std::nullopt : std::optional(disk_->number),
+                               machine_.system());
+        return true;
+      case DiskpartVerb::kSelectDisk:
+        return SelectDisk(command.number);
+      case DiskpartVerb::kSelectPartition:
+        return SelectPartition(command.number);
+      case DiskpartVerb::kDetailDisk:
+        return DetailDisk();
+      case DiskpartVerb::kAssign:
+        return Assign(command.letter);
+      case DiskpartVerb::kRemove:
+        return Remove();
+      case DiskpartVerb::kExit:
+        return Done("Leaving DiskPart...");
+      case DiskpartVerb::kBadArguments:
+        return Fail(
+            "The arguments specified for this command are not valid.\r\n"
+            "For more information on the command type: HELP " +
+            command.help_topic);
+      case DiskpartVerb::kUnknown:
+        break;
+    }
+    // The real tool goes on with a list of all its commands.
+    output_ += "\r\n" + DiskpartVersion(machine_.system());
+    return false;
+  }
+
   const std::string& Output() const { return output_; }
 
  private:
-  bool Done(std::string_view text);
-  bool Fail(std::string_view text);
-  bool SelectDisk(int number);
-  bool SelectPartition(int number);
-  bool DetailDisk();
-  bool Assign(std::optional<char> letter);
-  bool Remove();
+  bool Done(std::string_view text) {
+    output_ += "\r\n" + std::string(text) + "\r\n";
+    return true;
+  }
+
+  bool Fail(std::string_view text) {
+    Done(text);
+    return false;
+  }
+
+  bool SelectDisk(int number) {
+    disk_ = nullptr;
+    partition_ = nullptr;
+    for (const Disk& disk : machine_.disks()) {
+      if (disk.number == number) disk_ = &disk;
+    }
+    if (disk_ == nullptr) {
+      return Fail("The disk you specified is not valid.\r\n\r\nThere is no disk selected.");
+    }
+    return Done("Disk " + std::to_string(number) + " is now the selected disk.");
+  }
+
+  bool SelectPartition(int number) {
+    partition_ = nullptr;
+    if (disk_ == nullptr) {
+      return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
+    }
+    for (const Partition& partition : disk_->partitions) {
+      if (partition.number == number) partition_ = &partition;
+    }
+    if (partition_ == nullptr) {
+      return Fail(
+          "The specified partition is not valid.\r\nPlease select a valid partition.\r\n\r\n"
+          "There is no partition selected.");
+    }
+    return Done("Partition " + std::to_string(number) + " is now the selected partition.");
+  }
+
+  bool DetailDisk() {
+    if (disk_ == nullptr) {
+      return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
+    }
+    output_ += DiskDetail(*disk_, SelectedVolume(), machine_);
+    return true;
+  }
+
   // The volume of the selected partition; null when it shows none.
-  Volume* SelectedVolume() const;
+  Volume* SelectedVolume() const {
+    return partition_ != nullptr && disk_->online ? partition_->volume.get() : nullptr;
+  }
+
+  bool Assign(std::optional<char> letter) {
+    constexpr std::string_view kAssigned =
+        "DiskPart successfully assigned the drive letter or mount point.";
+    const Volume* const volume = SelectedVolume();
+    if (volume == nullptr) {
+      return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
+    }
+    const std::optional<char> present = machine_.LetterOf(*volume);
+    if (present && (!letter || letter == present)) return Done(kAssigned);
+    if (!letter) letter = machine_.FreeLetter();
+    if (!letter || machine_.IsTaken(*letter)) {
+      return Fail("The specified drive letter is not free to be assigned.");
+    }
+    if (present && partition_->info == "Boot") {
+      return Fail("DiskPart cannot change the drive letter of a boot or paging file volume.");
+    }
+    if (present) machine_.Unmount(*present);
+    machine_.Mount(*letter, partition_->volume);
+    return Done(kAssigned);
+  }
+
+  bool Remove() {
+    const Volume* const volume = SelectedVolume();
+    if (volume == nullptr) {
+      return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
+    }
+    const std::optional<char> letter = machine_.LetterOf(*volume);
+    if (!letter) return Fail("There is no drive letter or mount point to remove.");
+    if (partition_->info == "Boot") {
+      return Fail("DiskPart cannot remove the drive letter of a boot or paging file volume.");
+    }
+    machine_.Unmount(*letter);
+    return Done("DiskPart successfully removed the drive letter or mount point.");
+  }
 
   Machine& machine_;
   const Disk* disk_ = nullptr;
   const Partition* partition_ = nullptr;
   std::string output_;
 };
-
-bool Session::Done(std::string_view text) {
-  output_ += "\r\n" + std::string(text) + "\r\n";
-  return true;
-}
-
-bool Session::Fail(std::string_view text) {
-  Done(text);
-  return false;
-}
-
-bool Session::Execute(const DiskpartCommand& command) {
-  switch (command.verb) {
-    case DiskpartVerb::kNothing:
-      return true;
-    case DiskpartVerb::kListDisk:
-      output_ += DiskListing(machine_.disks(),
-                             disk_ == nullptr ? std::nullopt : std::optional(disk_->number),
-                             machine_.system());
-      return true;
-    case DiskpartVerb::kSelectDisk:
-      return SelectDisk(command.number);
-    case DiskpartVerb::kSelectPartition:
-      return SelectPartition(command.number);
-    case DiskpartVerb::kDetailDisk:
-      return DetailDisk();
-    case DiskpartVerb::kAssign:
-      return Assign(command.letter);
-    case DiskpartVerb::kRemove:
-      return Remove();
-    case DiskpartVerb::kExit:
-      return Done("Leaving DiskPart...");
-    case DiskpartVerb::kBadArguments:
-      return Fail(
-          "The arguments specified for this command are not valid.\r\n"
-          "For more information on the command type: HELP " +
-          command.help_topic);
-    case DiskpartVerb::kUnknown:
-      break;
-  }
-  // The real tool goes on with a list of all its commands.
-  output_ += "\r\n" + DiskpartVersion(machine_.system());
-  return false;
-}
-
-bool Session::SelectDisk(int number) {
-  disk_ = nullptr;
-  partition_ = nullptr;
-  for (const Disk& disk : machine_.disks()) {
-    if (disk.number == number) disk_ = &disk;
-  }
-  if (disk_ == nullptr) {
-    return Fail("The disk you specified is not valid.\r\n\r\nThere is no disk selected.");
-  }
-  return Done("Disk " + std::to_string(number) + " is now the selected disk.");
-}
-
-bool Session::SelectPartition(int number) {
-  partition_ = nullptr;
-  if (disk_ == nullptr) {
-    return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
-  }
-  for (const Partition& partition : disk_->partitions) {
-    if (partition.number == number) partition_ = &partition;
-  }
-  if (partition_ == nullptr) {
-    return Fail(
-        "The specified partition is not valid.\r\nPlease select a valid partition.\r\n\r\n"
-        "There is no partition selected.");
-  }
-  return Done("Partition " + std::to_string(number) + " is now the selected partition.");
-}
-
-bool Session::DetailDisk() {
-  if (disk_ == nullptr) {
-    return Fail("There is no disk selected.\r\nPlease select a disk and try again.");
-  }
-  output_ += DiskDetail(*disk_, SelectedVolume(), machine_);
-  return true;
-}
-
-Volume* Session::SelectedVolume() const {
-  return partition_ != nullptr && disk_->online ? partition_->volume.get() : nullptr;
-}
-
-bool Session::Assign(std::optional<char> letter) {
-  constexpr std::string_view kAssigned =
-      "DiskPart successfully assigned the drive letter or mount point.";
-  const Volume* const volume = SelectedVolume();
-  if (volume == nullptr) {
-    return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
-  }
-  const std::optional<char> present = machine_.LetterOf(*volume);
-  if (present && (!letter || letter == present)) return Done(kAssigned);
-  if (!letter) letter = machine_.FreeLetter();
-  if (!letter || machine_.IsTaken(*letter)) {
-    return Fail("The specified drive letter is not free to be assigned.");
-  }
-  if (present && partition_->info == "Boot") {
-    return Fail("DiskPart cannot change the drive letter of a boot or paging file volume.");
-  }
-  if (present) machine_.Unmount(*present);
-  machine_.Mount(*letter, partition_->volume);
-  return Done(kAssigned);
-}
-
-bool Session::Remove() {
-  const Volume* const volume = SelectedVolume();
-  if (volume == nullptr) {
-    return Fail("There is no volume selected.\r\nPlease select a volume and try again.");
-  }
-  const std::optional<char> letter = machine_.LetterOf(*volume);
-  if (!letter) return Fail("There is no drive letter or mount point to remove.");
-  if (partition_->info == "Boot") {
-    return Fail("DiskPart cannot remove the drive letter of a boot or paging file volume.");
-  }
-  machine_.Unmount(*letter);
-  return Done("DiskPart successfully removed the drive letter or mount point.");
-}
 
 }  // namespace
 

@@ -1,11 +1,9 @@
-#include "simulator/tools/diskpart_output.h"
-
 #include <algorithm>
 
 #include "simulator/model/common/unsupported.h"
-#include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
 #include "simulator/tools/columns.h"
+#include "simulator/tools/diskpart_parts.h"
 #include "simulator/tools/machine.h"
 
 namespace simulator {

@@ -1,28 +1,24 @@
-#include "simulator/tools/diskpart_script.h"
-
 #include <algorithm>
 #include <charconv>
 #include <iterator>
 #include <utility>
 #include <vector>
 
+#include "simulator/model/common/path_name.h"
 #include "simulator/model/common/unsupported.h"
+#include "simulator/tools/diskpart_parts.h"
 
 namespace simulator {
 namespace {
 
 // The words of a line in lower case.
 std::vector<std::string> Words(std::string_view line) {
+  constexpr std::string_view kBlanks = " \t\r";
   std::vector<std::string> words;
-  bool in_word = false;
-  for (const char c : line) {
-    if (c == ' ' || c == '\t' || c == '\r') {
-      in_word = false;
-      continue;
-    }
-    if (!in_word) words.emplace_back();
-    in_word = true;
-    words.back() += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  size_t end = 0;
+  for (size_t start; (start = line.find_first_not_of(kBlanks, end)) != line.npos;) {
+    end = std::min(line.find_first_of(kBlanks, start), line.size());
+    words.push_back(NameKey(line.substr(start, end - start)));
   }
   return words;
 }

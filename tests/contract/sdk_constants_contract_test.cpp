@@ -34,8 +34,6 @@ static_assert(CLSCTX_INPROC_SERVER == 0x1);
 
 // share.h
 static_assert(_SH_DENYRW == 0x10);
-static_assert(_SH_DENYWR == 0x20);
-static_assert(_SH_DENYRD == 0x30);
 static_assert(_SH_DENYNO == 0x40);
 
 // shlobj.h
@@ -43,7 +41,6 @@ static_assert(CSIDL_COMMON_STARTUP == 0x0018);
 
 // shobjidl.h
 static_assert(TBPF_NOPROGRESS == 0);
-static_assert(TBPF_INDETERMINATE == 0x1);
 static_assert(TBPF_NORMAL == 0x2);
 static_assert(TBPF_ERROR == 0x4);
 static_assert(TBPF_PAUSED == 0x8);
@@ -93,8 +90,6 @@ static_assert(FORMAT_MESSAGE_IGNORE_INSERTS == 0x00000200);
 static_assert(FORMAT_MESSAGE_FROM_SYSTEM == 0x00001000);
 
 // wincon.h
-static_assert(FOREGROUND_BLUE == 0x0001);
-static_assert(FOREGROUND_GREEN == 0x0002);
 static_assert(FOREGROUND_RED == 0x0004);
 static_assert(FOREGROUND_INTENSITY == 0x0008);
 
@@ -162,7 +157,6 @@ static_assert(S_OK == 0);
 static_assert(S_FALSE == 1);
 static_assert(E_NOINTERFACE == static_cast<HRESULT>(0x80004002));
 static_assert(E_OUTOFMEMORY == static_cast<HRESULT>(0x8007000E));
-static_assert(E_INVALIDARG == static_cast<HRESULT>(0x80070057));
 static_assert(REGDB_E_CLASSNOTREG == static_cast<HRESULT>(0x80040154));
 static_assert(CO_E_NOTINITIALIZED == static_cast<HRESULT>(0x800401F0));
 static_assert(SUCCEEDED(S_OK) && SUCCEEDED(S_FALSE) && !SUCCEEDED(E_NOINTERFACE));
@@ -175,7 +169,6 @@ static_assert(TRANSPARENT == 1);
 static_assert(OPAQUE == 2);
 static_assert(WHITE_BRUSH == 0);
 static_assert(NULL_BRUSH == 5);
-static_assert(HOLLOW_BRUSH == 5);
 
 // winnls.h
 static_assert(CP_ACP == 0);
@@ -218,7 +211,6 @@ static_assert(OWNER_SECURITY_INFORMATION == 0x00000001);
 static_assert(GROUP_SECURITY_INFORMATION == 0x00000002);
 static_assert(DACL_SECURITY_INFORMATION == 0x00000004);
 static_assert(SACL_SECURITY_INFORMATION == 0x00000008);
-static_assert(LABEL_SECURITY_INFORMATION == 0x00000010);
 static_assert(UNPROTECTED_SACL_SECURITY_INFORMATION == 0x10000000);
 static_assert(UNPROTECTED_DACL_SECURITY_INFORMATION == 0x20000000);
 static_assert(PROTECTED_SACL_SECURITY_INFORMATION == 0x40000000);
@@ -273,15 +265,14 @@ static_assert(FILE_GENERIC_EXECUTE == 0x001200A0);
 static_assert(SidTypeUser == 1);
 static_assert(SidTypeAlias == 4);
 static_assert(SidTypeWellKnownGroup == 5);
-static_assert(SidTypeLabel == 10);
+static_assert(SidTypeInvalid == 7);
+static_assert(SidTypeUnknown == 8);
 static_assert(VER_PLATFORM_WIN32_NT == 2);
 static_assert(VER_NT_SERVER == 3);
-static_assert(PROCESSOR_ARCHITECTURE_INTEL == 0);
 static_assert(PROCESSOR_ARCHITECTURE_IA64 == 6);
 static_assert(PROCESSOR_ARCHITECTURE_AMD64 == 9);
 static_assert(LANG_NEUTRAL == 0x00);
 static_assert(SUBLANG_DEFAULT == 0x01);
-static_assert(SORT_DEFAULT == 0x0);
 
 // winuser.h
 static_assert(WM_DESTROY == 0x0002);
@@ -315,7 +306,6 @@ static_assert(DWLP_DLGPROC == 8);
 static_assert(DWLP_USER == 16);
 static_assert(WS_TABSTOP == 0x00010000);
 static_assert(WS_GROUP == 0x00020000);
-static_assert(WS_SYSMENU == 0x00080000);
 static_assert(WS_VSCROLL == 0x00200000);
 static_assert(WS_BORDER == 0x00800000);
 static_assert(WS_CAPTION == 0x00C00000);
@@ -356,8 +346,6 @@ static_assert(MAKELPARAM(0, 100) == 0x640000);
 static_assert(TRUE == 1 && FALSE == 0);
 static_assert(MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT) == 0x0400);
 static_assert(MAKELANGID(0x04, 0x02) == 2052);
-static_assert(MAKELCID(2052, SORT_DEFAULT) == 2052);
-static_assert(MAKELCID(2052, 1) == 0x10804);
 static_assert(std::string_view(SE_BACKUP_NAME) == "SeBackupPrivilege");
 static_assert(std::string_view(SE_RESTORE_NAME) == "SeRestorePrivilege");
 static_assert(std::string_view(SE_SECURITY_NAME) == "SeSecurityPrivilege");

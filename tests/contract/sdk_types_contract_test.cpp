@@ -25,16 +25,12 @@ static_assert(kIsLike<BYTE, uint8_t>);
 static_assert(kIsLike<WORD, uint16_t>);
 static_assert(kIsLike<DWORD, uint32_t>);
 static_assert(kIsLike<UINT, uint32_t>);
-static_assert(kIsLike<INT, int32_t>);
 static_assert(kIsLike<LONG, int32_t>);
 static_assert(kIsLike<ULONG, uint32_t>);
-static_assert(kIsLike<LONGLONG, int64_t>);
 static_assert(kIsLike<ULONGLONG, uint64_t>);
-static_assert(kIsLike<DWORD64, uint64_t>);
 static_assert(kIsLike<SIZE_T, uint64_t>);
 static_assert(kIsLike<SHORT, int16_t>);
 static_assert(kIsLike<USHORT, uint16_t>);
-static_assert(kIsLike<ATOM, uint16_t>);
 static_assert(kIsLike<LANGID, uint16_t>);
 static_assert(kIsLike<HRESULT, int32_t>);
 static_assert(kIsLike<INT_PTR, int64_t>);
@@ -49,7 +45,6 @@ static_assert(kIsLike<__time64_t, int64_t>);
 static_assert(std::is_same_v<CHAR, char>);
 static_assert(std::is_same_v<WCHAR, wchar_t>);
 static_assert(std::is_same_v<HRESULT, LONG>);
-static_assert(std::is_same_v<ATOM, WORD>);
 static_assert(std::is_same_v<LANGID, WORD>);
 
 static_assert(std::is_same_v<PVOID, void*>);
@@ -62,7 +57,6 @@ static_assert(std::is_same_v<LPSTR, char*>);
 static_assert(std::is_same_v<LPCSTR, const char*>);
 static_assert(std::is_same_v<LPWSTR, wchar_t*>);
 static_assert(std::is_same_v<LPCWSTR, const wchar_t*>);
-static_assert(std::is_same_v<PBOOL, BOOL*>);
 static_assert(std::is_same_v<LPBOOL, BOOL*>);
 static_assert(std::is_same_v<HANDLE, void*>);
 static_assert(std::is_same_v<PHANDLE, HANDLE*>);
@@ -290,6 +284,5 @@ static_assert(std::is_same_v<LPMSG, MSG*>);
 
 static_assert(sizeof(INITCOMMONCONTROLSEX) == 8);
 static_assert(offsetof(INITCOMMONCONTROLSEX, dwICC) == 4);
-static_assert(std::is_same_v<LPINITCOMMONCONTROLSEX, INITCOMMONCONTROLSEX*>);
 
 }  // namespace

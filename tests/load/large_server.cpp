@@ -12,7 +12,7 @@
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/desktop/desktop.h"
 #include "simulator/model/files/files.h"
-#include "simulator/model/files/made_bytes.h"
+#include "simulator/model/files/node.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/server_tools.h"
 #include "support/descriptors_simulated.h"

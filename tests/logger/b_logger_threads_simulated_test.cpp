@@ -7,7 +7,6 @@
 #include <thread>
 
 #include "simulator/model/files/files.h"
-#include "simulator/model/processes/critical_sections.h"
 #include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
 #include "support/simulated_logger_test.h"

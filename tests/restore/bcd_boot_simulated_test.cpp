@@ -6,7 +6,6 @@
 
 #include "restore/bcd_boot.h"
 #include "simulator/model/boot/boot_store.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "simulator/server_tools.h"

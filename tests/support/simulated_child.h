@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "simulator/tools/tool_result.h"
+#include "simulator/tools/tools.h"
 
 namespace tests {
 

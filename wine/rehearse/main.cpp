@@ -20,7 +20,6 @@
 #include "rehearsal/report/report_restart.h"
 #include "rehearsal/screen.h"
 #include "simulator/model/boot/boot_store.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/desktop/shown_dialog.h"
 #include "ui/resource.h"
 #include "wine/drive/wine_descriptors.h"

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/disks.h"
-#include "simulator/model/boot/windows_boot.h"
 #include "simulator/model/files/volume.h"
 
 namespace simulator {

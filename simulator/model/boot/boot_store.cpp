@@ -1,14 +1,15 @@
 #include "simulator/model/boot/boot_store.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <iterator>
 #include <utility>
 
 namespace simulator {
 
 std::vector<std::string> BootEntry::Values(std::string_view element) const {
-  const auto found = std::find_if(elements.begin(), elements.end(),
-                                  [&](const BootElement& each) { return each.name == element; });
+  const auto found = std::ranges::find(elements, element, &BootElement::name);
   return found == elements.end() ? std::vector<std::string>() : found->values;
 }
 
@@ -18,8 +19,7 @@ std::string BootEntry::Value(std::string_view element) const {
 }
 
 void BootEntry::Set(std::string_view element, std::vector<std::string> values) {
-  const auto found = std::find_if(elements.begin(), elements.end(),
-                                  [&](const BootElement& each) { return each.name == element; });
+  const auto found = std::ranges::find(elements, element, &BootElement::name);
   if (values.empty()) {
     if (found != elements.end()) elements.erase(found);
   } else if (found != elements.end()) {
@@ -30,10 +30,8 @@ void BootEntry::Set(std::string_view element, std::vector<std::string> values) {
 }
 
 const BootEntry* BootStore::Find(std::string_view identifier) const {
-  for (const BootEntry& entry : entries) {
-    if (entry.identifier == identifier) return &entry;
-  }
-  return nullptr;
+  const auto found = std::ranges::find(entries, identifier, &BootEntry::identifier);
+  return found == entries.end() ? nullptr : &*found;
 }
 
 BootEntry* BootStore::Find(std::string_view identifier) {
@@ -56,8 +54,62 @@ bool RefersToEntries(std::string_view element) {
       "bootsequence",     "default",      "displayorder",      "inherit",
       "recoverysequence", "resumeobject", "toolsdisplayorder",
   };
-  return std::find(std::begin(kReferences), std::end(kReferences), element) !=
-         std::end(kReferences);
+  return std::ranges::find(kReferences, element) != std::end(kReferences);
+}
+
+BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identifier,
+                        std::string_view resume_identifier) {
+  const std::string partition = "partition=" + windows.folder.substr(0, 2);
+  const std::string root = windows.folder.substr(2);
+  return {BootEntryType::kLoader,
+          std::string(identifier),
+          {{"device", {partition}},
+           {"path", {root + "\\system32\\winload.exe"}},
+           {"description", {windows.description}},
+           {"locale", {windows.locale}},
+           {"inherit", {"{bootloadersettings}"}},
+           {"recoveryenabled", {"No"}},
+           {"allowedinmemorysettings", {"0x15000075"}},
+           {"osdevice", {partition}},
+           {"systemroot", {root}},
+           {"resumeobject", {std::string(resume_identifier)}},
+           {"nx", {"OptOut"}},
+           {"bootstatuspolicy", {"IgnoreAllFailures"}},
+           {"ems", {"Yes"}}}};
+}
+
+BootEntry WindowsManager(const BootManagerFacts& facts) {
+  BootEntry manager{BootEntryType::kManager, std::string(kBootManager), {}};
+  const auto set_known = [&manager](std::string_view element, const std::string& value) {
+    if (!value.empty()) manager.Set(element, {value});
+  };
+  manager.Set("device", {facts.device});
+  manager.Set("description", {"Windows Boot Manager"});
+  manager.Set("locale", {facts.locale});
+  manager.Set("inherit", {"{globalsettings}"});
+  manager.Set("bootshutdowndisabled", {"Yes"});
+  set_known("default", facts.default_loader);
+  set_known("resumeobject", facts.resume_object);
+  manager.Set("displayorder", facts.displayed);
+  manager.Set("toolsdisplayorder", {"{memdiag}"});
+  manager.Set("timeout", {"30"});
+  return manager;
+}
+
+std::string NumberedIdentifier(uint32_t number) {
+  std::array<char, 39> text{};
+  std::snprintf(text.data(), text.size(), "{%08x-4f2c-11ee-b962-806e6f6e6963}", number);
+  return text.data();
+}
+
+Boot HealthyBoot() {
+  BootEntry loader = WindowsLoader({"C:\\Windows", "Windows Server 2016", "en-US"},
+                                   "{b35d4dcb-5b1e-11e9-a814-000d3a05463f}",
+                                   "{b35d4dca-5b1e-11e9-a814-000d3a05463f}");
+  std::string current = loader.identifier;
+  BootEntry manager =
+      WindowsManager({"partition=C:", "en-US", current, loader.Value("resumeobject"), {current}});
+  return {{{std::move(manager), std::move(loader)}}, std::move(current)};
 }
 
 }  // namespace simulator

@@ -1,7 +1,9 @@
-// The BCD store of a server: what its boot manager offers and how each entry starts.
+// The BCD store of a server: what its boot manager offers and how each entry starts, and the
+// entries of a healthy Windows Server that boots from BIOS.
 #ifndef SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 #define SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +58,31 @@ struct Boot {
   BootStore store;
   std::string current;  // the loader that started the running Windows; empty if none did
 };
+
+struct InstalledWindows {
+  std::string folder;  // a full path: "C:\Windows"
+  std::string description;
+  std::string locale;
+};
+
+BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identifier,
+                        std::string_view resume_identifier);
+
+struct BootManagerFacts {
+  std::string device;  // "partition=C:"
+  std::string locale;
+  std::string default_loader;  // an identifier; empty if there is none
+  std::string resume_object;   // likewise
+  std::vector<std::string> displayed;
+};
+
+BootEntry WindowsManager(const BootManagerFacts& facts);
+
+// Returns an identifier with that number: "{00000007-4f2c-11ee-b962-806e6f6e6963}" for 7.
+std::string NumberedIdentifier(uint32_t number);
+
+// Returns a boot manager and one loader, which is the default entry and the current one.
+Boot HealthyBoot();
 
 }  // namespace simulator
 

@@ -15,6 +15,9 @@ struct Range {
   uint8_t high;
 };
 
+// Decoded here and not by a library: Windows puts one U+FFFD for each longest piece that could have
+// begun a character, three for E0 80 80, where utfcpp puts one for the whole sequence.
+
 // The bytes that may follow a lead byte at once: overlong forms, surrogates and what lies beyond
 // U+10FFFF are refused there.
 Range SecondByte(uint8_t lead) {

@@ -8,6 +8,7 @@
 #include "simulator/model/desktop/dialog_template.h"
 #include "simulator/model/desktop/dialogs.h"
 #include "simulator/model/desktop/resources.h"
+#include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
 
 namespace simulator {
@@ -104,6 +105,13 @@ void Desktop::SetDialog(LANGID language, UINT id, DialogTemplate dialog) {
 void Desktop::SetIcon(UINT id) {
   const std::lock_guard lock(mutex_);
   resources_->icons.insert({kEnglish, id});
+}
+
+// Since Windows Vista the locale only affects the formats of numbers and dates.
+LANGID Desktop::ResourceLanguage(const ThreadState& thread) const {
+  constexpr DWORD kVista = 6;
+  const auto& own = system_.major_version < kVista ? thread.locale : thread.ui_language;
+  return own.value_or(system_.language);
 }
 
 std::optional<std::string> Desktop::String(LANGID language, UINT id) const {

@@ -25,6 +25,7 @@ class Dialogs;
 struct DialogTemplate;
 struct Resources;
 struct System;
+struct ThreadState;
 
 // Thread-safe.
 class Desktop {
@@ -58,6 +59,8 @@ class Desktop {
   void SetString(LANGID language, UINT id, std::string utf8);
   void SetDialog(LANGID language, UINT id, DialogTemplate dialog);
   void SetIcon(UINT id);
+  // Returns the language in which resources are looked up for a thread.
+  LANGID ResourceLanguage(const ThreadState& thread) const;
   std::optional<std::string> String(LANGID language, UINT id) const;
   // Return ERROR_RESOURCE_TYPE_NOT_FOUND if the program has no resource of that type, or
   // ERROR_RESOURCE_NAME_NOT_FOUND if it has other resources of that type.

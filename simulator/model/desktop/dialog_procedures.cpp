@@ -21,10 +21,8 @@ constexpr COLORREF kWindow = RGB(0xFF, 0xFF, 0xFF);
 // 0 when the dialog is gone.
 INT_PTR CallProcedure(Desktop& desktop, HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
   DLGPROC procedure = nullptr;
-  desktop.dialogs().Visit(dialog, [&procedure](Dialog& found, Control*) {
-    procedure = found.procedure;
-    return DWORD{ERROR_SUCCESS};
-  });
+  desktop.dialogs().Visit(dialog,
+                          [&procedure](Dialog& found, Control*) { procedure = found.procedure; });
   if (procedure == nullptr) return 0;
   const PlatformScope back_in_the_program(false);
   return procedure(dialog, message, wparam, lparam);
@@ -40,7 +38,6 @@ LRESULT SetIcon(Desktop& desktop, HWND window, WPARAM size, LPARAM icon) {
   int number = NumberOfIcon(reinterpret_cast<HICON>(icon));
   desktop.dialogs().Visit(window, [&number, size](Dialog& dialog, Control*) {
     std::swap(number, size == ICON_BIG ? dialog.shown.big_icon : dialog.shown.small_icon);
-    return DWORD{ERROR_SUCCESS};
   });
   return number == 0 ? 0 : reinterpret_cast<LRESULT>(IconOfNumber(number));
 }
@@ -69,7 +66,6 @@ void Paint(Desktop& desktop, HWND window) {
     control->needs_painting = false;
     dialog = found.shown.window;
     message = ColorMessage(*control);
-    return DWORD{ERROR_SUCCESS};
   });
   DeviceContexts& contexts = desktop.dialogs().contexts();
   const HDC context = contexts.Make();
@@ -83,10 +79,8 @@ void Paint(Desktop& desktop, HWND window) {
   } else if (!colors.brush) {
     Unsupported("a brush that is no stock object");
   }
-  desktop.dialogs().Visit(window, [&colors](Dialog&, Control* control) {
-    control->shown.colors = colors;
-    return DWORD{ERROR_SUCCESS};
-  });
+  desktop.dialogs().Visit(window,
+                          [&colors](Dialog&, Control* control) { control->shown.colors = colors; });
 }
 
 HWND FirstTabStop(const Dialog& dialog) {
@@ -105,15 +99,11 @@ HWND MakeDialog(Desktop& desktop, WORD id, const DialogTemplate& source, DLGPROC
   const HWND dialog = dialogs.Add(id, LayOut(source), procedure);
   TellFont(desktop, dialog);
   HWND focus = nullptr;
-  dialogs.Visit(dialog, [&focus](Dialog& made, Control*) {
-    focus = FirstTabStop(made);
-    return DWORD{ERROR_SUCCESS};
-  });
+  dialogs.Visit(dialog, [&focus](Dialog& made, Control*) { focus = FirstTabStop(made); });
   CallProcedure(desktop, dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(focus), parameter);
   const DWORD error = dialogs.Visit(dialog, [](Dialog& made, Control*) {
     if ((made.shown.style & WS_VISIBLE) != 0) made.shown.visible = true;
     made.Invalidate();
-    return DWORD{ERROR_SUCCESS};
   });
   return error == ERROR_SUCCESS ? dialog : nullptr;
 }
@@ -133,11 +123,10 @@ LRESULT Send(Desktop& desktop, HWND window, UINT message, WPARAM wparam, LPARAM 
   HWND dialog = nullptr;
   WORD id = 0;
   desktop.dialogs().Visit(window, [&](Dialog& found, Control* control) {
-    if (control == nullptr) return DWORD{ERROR_SUCCESS};
+    if (control == nullptr) return;
     dialog = found.shown.window;
     id = control->shown.id;
     answer = SendToControl(*control, message, wparam, lparam, desktop.has_progress_states());
-    return DWORD{ERROR_SUCCESS};
   });
   if (dialog == nullptr) return SendToDialog(desktop, window, message, wparam, lparam);
   for (const WORD code : answer.notifications) {

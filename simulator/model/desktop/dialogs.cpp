@@ -74,13 +74,14 @@ void Dialogs::Remove(HWND dialog) {
   changed_.notify_all();
 }
 
-DWORD Dialogs::Visit(HWND window, const std::function<DWORD(Dialog&, Control*)>& visit) {
+DWORD Dialogs::Visit(HWND window, const std::function<void(Dialog&, Control*)>& visit) {
   const std::lock_guard lock(mutex_);
   const Place* const place = Find(window);
   if (place == nullptr) return ERROR_INVALID_WINDOW_HANDLE;
   if (place->dialog->thread != ThisThread()) Unsupported("a call on another thread's window");
   place->dialog->was_visited = true;
-  return visit(*place->dialog, place->control);
+  visit(*place->dialog, place->control);
+  return ERROR_SUCCESS;
 }
 
 bool Dialogs::IsOfThisThread(HWND window) const {

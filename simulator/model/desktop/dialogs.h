@@ -64,10 +64,10 @@ class Dialogs {
   HWND Add(WORD id, Dialog dialog, DLGPROC procedure);
   void RemoveControls(HWND dialog);
   void Remove(HWND dialog);  // after its controls
-  // Calls `visit` with the lock held and returns its result. The arguments are the dialog and, if
-  // the window is a control, the control. Returns ERROR_INVALID_WINDOW_HANDLE if there is no such
-  // window. Aborts if the window belongs to another thread.
-  DWORD Visit(HWND window, const std::function<DWORD(Dialog&, Control*)>& visit);
+  // Calls `visit` with the lock held. The arguments are the dialog and, if the window is a control,
+  // the control. Returns ERROR_INVALID_WINDOW_HANDLE if there is no such window. Aborts if the
+  // window belongs to another thread.
+  DWORD Visit(HWND window, const std::function<void(Dialog&, Control*)>& visit);
   bool IsOfThisThread(HWND window) const;
   // Calls the watcher for the dialogs of the calling thread.
   void TellWatcher();

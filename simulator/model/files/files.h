@@ -76,7 +76,7 @@ class FileSystem final : public Files {
   std::optional<std::string> JunctionTarget(std::string_view path) const override;
   void Watch(Watcher watcher) override;
 
-  // Creates a file whose bytes are generated when it is read; see made_bytes.h. Only the program
+  // Creates a file whose bytes are generated when it is read; see node.h. Only the program
   // may read it, and nothing may write it.
   void WriteMade(std::string_view path,
                  std::function<size_t(uint64_t offset, char* buffer, size_t size)> make_bytes);

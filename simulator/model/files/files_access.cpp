@@ -4,11 +4,9 @@
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/files/files.h"
-#include "simulator/model/files/hold.h"
 #include "simulator/model/files/junction.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/open_file.h"
-#include "simulator/model/files/open_node.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/security/access.h"
 
@@ -138,49 +136,43 @@ DWORD FileSystem::Prepare(const Place& place, const OpenMode& mode, std::shared_
 
 DWORD FileSystem::Open(std::string_view path, const OpenMode& mode,
                        std::shared_ptr<OpenFile>* file) {
-  std::shared_ptr<OpenFile> opened;
-  {
-    const std::lock_guard lock(shared_->mutex);
-    Place place;
-    DWORD error = Locate(path, AtEnd::kFollow, &place);
-    std::shared_ptr<Node> node;
-    if (error == ERROR_SUCCESS) error = Prepare(place, mode, &node);
-    if (error != ERROR_SUCCESS) return error;
-    auto hold = std::make_unique<Hold>(shared_, node, AccessOf(mode), ShareOf(mode));
-    opened =
-        std::make_shared<OpenFile>(shared_, place.volume, std::move(hold), std::string(path), mode);
-  }
-  // What `file` held before may be an open file, whose end takes the lock.
-  *file = std::move(opened);
+  std::shared_ptr<OpenFile> opened;  // ends behind the lock, which the end of an open file takes
+  const std::lock_guard lock(shared_->mutex);
+  Place place;
+  DWORD error = Locate(path, AtEnd::kFollow, &place);
+  std::shared_ptr<Node> node;
+  if (error == ERROR_SUCCESS) error = Prepare(place, mode, &node);
+  if (error != ERROR_SUCCESS) return error;
+  auto hold = std::make_unique<Hold>(shared_, node, AccessOf(mode), ShareOf(mode));
+  opened =
+      std::make_shared<OpenFile>(shared_, place.volume, std::move(hold), std::string(path), mode);
+  file->swap(opened);
   return ERROR_SUCCESS;
 }
 
 DWORD FileSystem::OpenHandle(std::string_view path, const HandleMode& mode,
                              std::shared_ptr<OpenNode>* node) {
-  std::shared_ptr<OpenNode> opened;
-  {
-    const std::lock_guard lock(shared_->mutex);
-    Place place;
-    const DWORD error =
-        Locate(path, mode.open_reparse_point ? AtEnd::kStay : AtEnd::kFollow, &place);
-    if (error != ERROR_SUCCESS) return error;
-    if (!place.node) return ERROR_FILE_NOT_FOUND;
-    const bool is_folder = place.node->IsFolder();
-    if (is_folder && !mode.backup_semantics) {
-      return place.ends_in_separator ? ERROR_PATH_NOT_FOUND : ERROR_ACCESS_DENIED;
-    }
-    if (!is_folder && place.ends_in_separator) return ERROR_INVALID_NAME;
-    const ACCESS_MASK access = MapGeneric(mode.access) | SYNCHRONIZE | FILE_READ_ATTRIBUTES;
-    const Intent intent = mode.backup_semantics ? Intent::kBackup : Intent::kPlain;
-    if (!May(place, access, intent)) return ERROR_ACCESS_DENIED;
-    if (!is_folder && IsReadOnly(*place.node) && (access & kWriting) != 0) {
-      return ERROR_ACCESS_DENIED;
-    }
-    if (!Hold::IsPossible(place.node->sharing, access, mode.share)) return ERROR_SHARING_VIOLATION;
-    opened = std::make_shared<OpenNode>(
-        place.volume, std::make_unique<Hold>(shared_, place.node, access, mode.share), access);
+  std::shared_ptr<OpenNode> opened;  // ends behind the lock, as in Open
+  const std::lock_guard lock(shared_->mutex);
+  Place place;
+  const DWORD error = Locate(path, mode.open_reparse_point ? AtEnd::kStay : AtEnd::kFollow, &place);
+  if (error != ERROR_SUCCESS) return error;
+  if (!place.node) return ERROR_FILE_NOT_FOUND;
+  const bool is_folder = place.node->IsFolder();
+  if (is_folder && !mode.backup_semantics) {
+    return place.ends_in_separator ? ERROR_PATH_NOT_FOUND : ERROR_ACCESS_DENIED;
   }
-  *node = std::move(opened);
+  if (!is_folder && place.ends_in_separator) return ERROR_INVALID_NAME;
+  const ACCESS_MASK access = MapGeneric(mode.access) | SYNCHRONIZE | FILE_READ_ATTRIBUTES;
+  const Intent intent = mode.backup_semantics ? Intent::kBackup : Intent::kPlain;
+  if (!May(place, access, intent)) return ERROR_ACCESS_DENIED;
+  if (!is_folder && IsReadOnly(*place.node) && (access & kWriting) != 0) {
+    return ERROR_ACCESS_DENIED;
+  }
+  if (!Hold::IsPossible(place.node->sharing, access, mode.share)) return ERROR_SHARING_VIOLATION;
+  opened = std::make_shared<OpenNode>(
+      place.volume, std::make_unique<Hold>(shared_, place.node, access, mode.share), access);
+  node->swap(opened);
   return ERROR_SUCCESS;
 }
 

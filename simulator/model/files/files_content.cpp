@@ -5,7 +5,6 @@
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/files/files.h"
 #include "simulator/model/files/junction.h"
-#include "simulator/model/files/made_bytes.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/security/descriptor.h"

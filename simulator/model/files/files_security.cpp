@@ -9,10 +9,7 @@
 #include "simulator/model/security/access.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/inheritance.h"
-#include "simulator/model/security/list_kind.h"
 #include "simulator/model/security/security.h"
-#include "simulator/model/security/security_change.h"
-#include "simulator/model/security/stored_list.h"
 
 namespace simulator {
 namespace {

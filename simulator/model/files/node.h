@@ -4,16 +4,23 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
-#include "simulator/model/files/made_bytes.h"
-
 namespace simulator {
 
 struct Descriptor;
+
+// The bytes of a file that are generated when they are read, so that the file may be larger than
+// memory. Copies the bytes from `offset` on into the buffer, at most `size`, and returns their
+// number, which is 0 only at the end of the file. Called on any thread with the lock of Files held,
+// so that the function must not call the server.
+using MakeBytes = std::function<size_t(uint64_t offset, char* buffer, size_t size)>;
 
 // The numbers of handles that access a node's contents, and of those that share each kind of
 // access.

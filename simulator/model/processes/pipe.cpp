@@ -1,7 +1,6 @@
 #include "simulator/model/processes/pipe.h"
 
 #include <algorithm>
-#include <array>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -15,25 +14,21 @@ class Pipe {
     std::unique_lock lock(mutex_);
     *count = 0;
     const bool awaited = readable_.wait(lock, stop, [this] {
-      return written_ != taken_ || !empty_writes_.empty() || !write_end_open_;
+      return !bytes_.empty() || !empty_writes_.empty() || !write_end_open_;
     });
     if (!awaited) return ERROR_PROCESS_ABORTED;
-    uint64_t end = written_;
+    size_t end = bytes_.size();
     if (!empty_writes_.empty()) {
-      end = empty_writes_.front();
-      if (end == taken_) {
+      end = static_cast<size_t>(empty_writes_.front() - taken_);
+      if (end == 0) {
         empty_writes_.pop_front();
         return ERROR_SUCCESS;
       }
     }
-    if (end == taken_) return ERROR_BROKEN_PIPE;
-    const size_t length = std::min(size, static_cast<size_t>(end - taken_));
-    const size_t at = static_cast<size_t>(taken_ % kCapacity);
-    const size_t first = std::min(length, kCapacity - at);
-    std::copy_n(bytes_.data() + at, first, buffer);
-    std::copy_n(bytes_.data(), length - first, buffer + first);
-    taken_ += length;
-    *count = length;
+    if (end == 0) return ERROR_BROKEN_PIPE;
+    *count = bytes_.copy(buffer, std::min(size, end));
+    bytes_.erase(0, *count);
+    taken_ += *count;
     writable_.notify_all();
     return ERROR_SUCCESS;
   }
@@ -42,14 +37,16 @@ class Pipe {
     std::unique_lock lock(mutex_);
     if (!read_end_open_) return ERROR_NO_DATA;
     if (bytes.empty()) {
-      empty_writes_.push_back(written_);
+      empty_writes_.push_back(taken_ + bytes_.size());
       readable_.notify_all();
     }
     while (!bytes.empty()) {
       const bool awaited = writable_.wait(
-          lock, stop, [this] { return written_ - taken_ < kCapacity || !read_end_open_; });
+          lock, stop, [this] { return bytes_.size() < kCapacity || !read_end_open_; });
       if (!awaited || !read_end_open_) return ERROR_BROKEN_PIPE;
-      Put(&bytes);
+      const std::string_view fitting = bytes.substr(0, kCapacity - bytes_.size());
+      bytes_ += fitting;
+      bytes.remove_prefix(fitting.size());
       readable_.notify_all();
     }
     return ERROR_SUCCESS;
@@ -70,24 +67,11 @@ class Pipe {
  private:
   static constexpr size_t kCapacity = 4096;
 
-  // Moves what there is room for.
-  void Put(std::string_view* bytes) {
-    const size_t room = kCapacity - static_cast<size_t>(written_ - taken_);
-    const size_t length = std::min(room, bytes->size());
-    const size_t at = static_cast<size_t>(written_ % kCapacity);
-    const size_t first = std::min(length, kCapacity - at);
-    std::copy_n(bytes->data(), first, bytes_.data() + at);
-    std::copy_n(bytes->data() + first, length - first, bytes_.data());
-    written_ += length;
-    bytes->remove_prefix(length);
-  }
-
   std::mutex mutex_;
   std::condition_variable_any readable_;
   std::condition_variable_any writable_;
-  std::array<char, kCapacity> bytes_;  // a ring
-  uint64_t written_ = 0;               // bytes since the pipe was made
-  uint64_t taken_ = 0;
+  std::string bytes_;                  // written and not yet read
+  uint64_t taken_ = 0;                 // bytes since the pipe was made
   std::deque<uint64_t> empty_writes_;  // what was written before each
   bool read_end_open_ = true;
   bool write_end_open_ = true;

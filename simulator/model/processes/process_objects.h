@@ -1,6 +1,8 @@
-// The objects that handles of processes and threads refer to.
+// The objects that handles of processes, threads and access tokens refer to.
 #ifndef SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
 #define SIMULATOR_MODEL_PROCESSES_PROCESS_OBJECTS_H_
+
+#include <windows.h>
 
 #include <memory>
 #include <string>
@@ -26,6 +28,17 @@ class ProcessObject : public Object {
 class ThreadObject : public Object {
  public:
   std::string Kind() const override { return "thread"; }
+};
+
+// The access token of the simulated process.
+class Token : public Object {
+ public:
+  explicit Token(DWORD access) : access_(access) {}
+  std::string Kind() const override { return "token"; }
+  DWORD Access() const { return access_; }  // the access that it was opened with
+
+ private:
+  const DWORD access_;
 };
 
 }  // namespace simulator

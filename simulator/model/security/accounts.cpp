@@ -1,8 +1,8 @@
 #include "simulator/model/security/accounts.h"
 
 #include "simulator/model/common/path_name.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/well_known_sids.h"
 #include "simulator/model/server.h"
 

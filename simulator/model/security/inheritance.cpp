@@ -9,8 +9,8 @@
 namespace simulator {
 namespace {
 
-constexpr BYTE kInheritFlags =
-    OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE | NO_PROPAGATE_INHERIT_ACE | INHERIT_ONLY_ACE;
+constexpr BYTE kBelow = OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE;
+constexpr BYTE kInheritFlags = kBelow | NO_PROPAGATE_INHERIT_ACE | INHERIT_ONLY_ACE;
 
 BYTE With(BYTE flags, int more) { return static_cast<BYTE>(flags | more); }
 BYTE Without(BYTE flags, int fewer) { return static_cast<BYTE>(flags & ~fewer); }
@@ -45,8 +45,8 @@ void AppendInherited(Ace ace, const Child& child, std::vector<Ace>* aces) {
   const BYTE wanted = child.is_folder ? CONTAINER_INHERIT_ACE : OBJECT_INHERIT_ACE;
   // An entry for children of one object type: files have none.
   const bool acts = (ace.flags & wanted) != 0 && !ace.inherited_object_type;
-  const bool goes_on = child.is_folder && (ace.flags & NO_PROPAGATE_INHERIT_ACE) == 0 &&
-                       (ace.flags & (CONTAINER_INHERIT_ACE | OBJECT_INHERIT_ACE)) != 0;
+  const bool goes_on =
+      child.is_folder && (ace.flags & NO_PROPAGATE_INHERIT_ACE) == 0 && (ace.flags & kBelow) != 0;
   ace.flags = With(ace.flags, child.mark);
   if (acts) {
     const Ace effective = Effective(ace, child);
@@ -86,6 +86,28 @@ void InheritList(const ListKind& kind, const Descriptor& parent, Child child, De
   made->*kind.list = std::move(inherited);
   made->control |= kind.present;
   if (automatic) made->control |= kind.auto_inherited;
+}
+
+void Set(SECURITY_DESCRIPTOR_CONTROL bits, bool on, Descriptor* descriptor) {
+  const int control = on ? descriptor->control | bits : descriptor->control & ~bits;
+  descriptor->control = static_cast<SECURITY_DESCRIPTOR_CONTROL>(control);
+}
+
+Acl AsStored(const Acl& given, bool is_folder) {
+  Acl stored;
+  stored.revision = given.revision;
+  for (const Ace& ace : given.aces) {
+    const ACCESS_MASK mapped = MapGeneric(ace.mask);
+    const bool is_for_below = (ace.flags & INHERIT_ONLY_ACE) != 0;
+    stored.aces.push_back(ace);
+    if (mapped == ace.mask || is_for_below) continue;
+    stored.aces.back().mask = mapped;
+    if (!is_folder || (ace.flags & kBelow) == 0) continue;
+    stored.aces.back().flags = Without(ace.flags, kInheritFlags);
+    stored.aces.push_back(ace);
+    stored.aces.back().flags = With(ace.flags, INHERIT_ONLY_ACE);
+  }
+  return stored;
 }
 
 }  // namespace
@@ -135,6 +157,18 @@ void MarkInherited(const ListKind& kind, const Descriptor& parent, bool is_folde
     marked.flags = With(marked.flags, INHERITED_ACE);
     if (std::find(inherited.begin(), inherited.end(), marked) != inherited.end()) ace = marked;
   }
+}
+
+void StoreList(const ListKind& kind, SECURITY_INFORMATION information,
+               const std::optional<Acl>& list, bool is_folder, Descriptor* descriptor) {
+  if ((information & kind.protect) != 0) Set(kind.is_protected, true, descriptor);
+  if ((information & kind.unprotect) != 0) Set(kind.is_protected, false, descriptor);
+  Set(kind.present, true, descriptor);
+  Set(kind.auto_inherited, true, descriptor);
+  Set(kind.defaulted, false, descriptor);
+  std::optional<Acl>& stored = descriptor->*kind.list;
+  stored.reset();
+  if (list) stored = AsStored(*list, is_folder);
 }
 
 }  // namespace simulator

@@ -1,11 +1,15 @@
-// Inheritance of descriptors by the kernel's rules. Functions without side effects.
+// Access control lists as NTFS stores them when they are set, and their inheritance by the kernel's
+// rules. Functions without side effects.
 // https://learn.microsoft.com/windows/win32/secauthz/ace-inheritance-rules
 #ifndef SIMULATOR_MODEL_SECURITY_INHERITANCE_H_
 #define SIMULATOR_MODEL_SECURITY_INHERITANCE_H_
 
+#include <windows.h>
+
+#include <optional>
+
 #include "simulator/model/security/access.h"
 #include "simulator/model/security/descriptor.h"
-#include "simulator/model/security/list_kind.h"
 
 namespace simulator {
 
@@ -27,6 +31,14 @@ Descriptor Reinherited(const Descriptor& own, const Descriptor& parent, bool is_
 // If a list does not use automatic inheritance yet, marks as inherited those ACEs that are equal to
 // ACEs that `parent` lets inherit.
 void MarkInherited(const ListKind& kind, const Descriptor& parent, bool is_folder, Descriptor* own);
+
+// Stores `list`, or a NULL list if it has no value, in the descriptor of a file or folder. Generic
+// rights are replaced by those of a file. An inheritable ACE of a folder that has generic rights
+// becomes two, one for the folder and one for the objects below it. `information` may set or clear
+// the protection of the list; otherwise the protection is unchanged. The stored list is marked as
+// automatically inherited.
+void StoreList(const ListKind& kind, SECURITY_INFORMATION information,
+               const std::optional<Acl>& list, bool is_folder, Descriptor* descriptor);
 
 }  // namespace simulator
 

@@ -1,5 +1,3 @@
-#include "simulator/model/security/sddl_rights.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -7,6 +5,8 @@
 #include <sstream>
 #include <string_view>
 #include <system_error>
+
+#include "simulator/model/security/sddl_parts.h"
 
 namespace simulator {
 namespace {

@@ -1,5 +1,3 @@
-#include "simulator/model/security/sddl_sids.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -9,7 +7,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "simulator/model/security/account_domains.h"
+#include "simulator/model/security/sddl_parts.h"
+#include "simulator/model/security/sddl_text.h"
 
 namespace simulator {
 namespace {

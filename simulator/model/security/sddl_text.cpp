@@ -2,12 +2,8 @@
 
 #include <utility>
 
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
-#include "simulator/model/security/list_kind.h"
-#include "simulator/model/security/sddl_ace.h"
-#include "simulator/model/security/sddl_cursor.h"
-#include "simulator/model/security/sddl_sids.h"
+#include "simulator/model/security/sddl_parts.h"
 
 namespace simulator {
 namespace {

@@ -9,11 +9,16 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/model/security/descriptor.h"
+
 namespace simulator {
 
-struct AccountDomains;
-struct Descriptor;
-struct Sid;
+// The domains to which SDDL aliases refer: those of the server's own accounts ("LA") and those of
+// the server's domain ("DA").
+struct AccountDomains {
+  Sid machine;                // S-1-5-21-x-y-z
+  std::optional<Sid> domain;  // if the server has joined one
+};
 
 // Returns a system error code. `descriptor` is set if it is ERROR_SUCCESS.
 DWORD ParseSddl(std::string_view text, const AccountDomains& domains, Descriptor* descriptor);

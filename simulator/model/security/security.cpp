@@ -6,7 +6,6 @@
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/common/unsupported.h"
 #include "simulator/model/security/access.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/well_known_sids.h"

@@ -6,7 +6,6 @@
 
 #include "rehearsal/report/report_boot.h"
 #include "simulator/model/boot/boot_store.h"
-#include "simulator/model/boot/windows_boot.h"
 
 namespace simulator {
 namespace {

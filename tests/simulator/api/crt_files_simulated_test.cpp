@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/api/crt_call.h"
+#include "simulator/api/call.h"
 #include "simulator/model/server.h"
 
 namespace simulator {

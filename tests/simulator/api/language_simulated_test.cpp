@@ -55,13 +55,13 @@ TEST_F(LanguageTest, IsGoneWithItsServer) {
 
 TEST_F(LanguageTest, FollowsTheLocaleBeforeWindowsVista) {
   server_.system().major_version = 5;
-  EXPECT_TRUE(::SetThreadLocale(MAKELCID(kChinese, SORT_DEFAULT)));
+  EXPECT_TRUE(::SetThreadLocale(kChinese));
   EXPECT_EQ(LoadText(), kProgress);
 }
 
 TEST_F(LanguageTest, DoesNotFollowTheLocaleSinceWindowsVista) {
   server_.system().major_version = 6;
-  EXPECT_TRUE(::SetThreadLocale(MAKELCID(kChinese, SORT_DEFAULT)));
+  EXPECT_TRUE(::SetThreadLocale(kChinese));
   EXPECT_EQ(LoadText(), "Progress");
 }
 
@@ -83,7 +83,7 @@ TEST_F(LanguageTest, IsNoLocaleOfReservedBits) {
 
 TEST_F(LanguageTest, AbortsForWhatIsNotHonoured) {
   EXPECT_DEATH(::SetThreadUILanguage(0), "what the console can show");
-  EXPECT_DEATH(::SetThreadLocale(MAKELCID(kChinese, 1)), "a sort order");
+  EXPECT_DEATH(::SetThreadLocale(0x10000 | kChinese), "a sort order");
   EXPECT_DEATH(::SetThreadLocale(0x0400), "without a language");
   server_.system().major_version = 5;
   EXPECT_DEATH(::SetThreadUILanguage(kChinese), "before Windows Vista");

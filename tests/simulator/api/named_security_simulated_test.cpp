@@ -124,8 +124,8 @@ TEST(NamedSecurityDeathTest, IsThatOfFilesOnly) {
   EXPECT_DEATH(::SetNamedSecurityInfoA(path.data(), SE_UNKNOWN_OBJECT_TYPE, 0, nullptr, nullptr,
                                        nullptr, nullptr),
                "what is no file");
-  EXPECT_DEATH(::SetNamedSecurityInfoA(path.data(), SE_FILE_OBJECT, LABEL_SECURITY_INFORMATION,
-                                       nullptr, nullptr, nullptr, nullptr),
+  EXPECT_DEATH(::SetNamedSecurityInfoA(path.data(), SE_FILE_OBJECT, 0x10 /* the label */, nullptr,
+                                       nullptr, nullptr, nullptr),
                "such information");
 }
 

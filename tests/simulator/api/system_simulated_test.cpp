@@ -157,9 +157,9 @@ TEST(GetProcAddress, GivesAFunctionThatTellsTheArchitecture) {
   SYSTEM_INFO info = {};
   function(&info);
   EXPECT_EQ(info.wProcessorArchitecture, PROCESSOR_ARCHITECTURE_AMD64);
-  server.system().architecture = PROCESSOR_ARCHITECTURE_INTEL;
+  server.system().architecture = PROCESSOR_ARCHITECTURE_IA64;
   function(&info);
-  EXPECT_EQ(info.wProcessorArchitecture, PROCESSOR_ARCHITECTURE_INTEL);
+  EXPECT_EQ(info.wProcessorArchitecture, PROCESSOR_ARCHITECTURE_IA64);
 }
 
 TEST(GetProcAddress, FindsNothingThatIsNotExported) {

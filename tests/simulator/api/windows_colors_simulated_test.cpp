@@ -89,7 +89,7 @@ TEST_F(WindowsColors, AreThoseOfTheProcedure) {
   EXPECT_EQ(note.text, kBlue);
   EXPECT_EQ(note.background, kFace);
   EXPECT_EQ(note.mode, TRANSPARENT);
-  EXPECT_EQ(note.brush, HOLLOW_BRUSH);
+  EXPECT_EQ(note.brush, NULL_BRUSH);
   EXPECT_EQ(colors.at(kEditId).brush, std::nullopt);
 }
 

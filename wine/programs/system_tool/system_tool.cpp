@@ -11,9 +11,7 @@
 
 #include "simulator/model/common/command_line.h"
 #include "simulator/model/common/unsupported.h"
-#include "simulator/tools/bcdboot.h"
-#include "simulator/tools/bcdedit.h"
-#include "simulator/tools/diskpart.h"
+#include "simulator/tools/tools.h"
 #include "wine/machine_state.h"
 #include "wine/programs/system_tool/prefix_machine.h"
 

@@ -8,7 +8,6 @@
 #include "simulator/model/files/files.h"
 #include "simulator/model/files/junction.h"
 #include "simulator/model/files/open_file.h"
-#include "simulator/model/files/open_node.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
 

@@ -8,13 +8,12 @@
 #include <string>
 
 #include "simulator/model/files/files.h"
-#include "simulator/model/files/open_node.h"
+#include "simulator/model/files/open_file.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/security/access.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/security.h"
-#include "simulator/model/security/security_change.h"
 #include "simulator/model/server.h"
 #include "support/descriptors_simulated.h"
 

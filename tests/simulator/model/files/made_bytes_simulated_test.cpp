@@ -5,7 +5,7 @@
 #include <string>
 
 #include "simulator/model/files/files.h"
-#include "simulator/model/files/made_bytes.h"
+#include "simulator/model/files/node.h"
 #include "simulator/model/files/open_file.h"
 #include "simulator/model/server.h"
 

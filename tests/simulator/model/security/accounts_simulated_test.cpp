@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "simulator/model/security/access.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/accounts.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "support/sddl_texts.h"

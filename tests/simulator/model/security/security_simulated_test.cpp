@@ -8,7 +8,6 @@
 #include <set>
 
 #include "simulator/model/security/access.h"
-#include "simulator/model/security/account_domains.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/security.h"

@@ -1,10 +1,17 @@
-// Reads a descriptor's text from left to right. Comparisons ignore the case of letters.
-#ifndef SIMULATOR_MODEL_SECURITY_SDDL_CURSOR_H_
-#define SIMULATOR_MODEL_SECURITY_SDDL_CURSOR_H_
+// The parts of a descriptor's text, read from left to right. Comparisons ignore the case of
+// letters.
+#ifndef SIMULATOR_MODEL_SECURITY_SDDL_PARTS_H_
+#define SIMULATOR_MODEL_SECURITY_SDDL_PARTS_H_
+
+#include <windows.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
+
+#include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sddl_text.h"
 
 namespace simulator {
 
@@ -55,6 +62,26 @@ class SddlCursor {
   std::string_view rest_;
 };
 
+// Reads an ACE such as "(A;OICI;FA;;;BA)". Returns ERROR_SUCCESS, the error code of TakeSid, or
+// ERROR_INVALID_ACL.
+DWORD TakeAce(SddlCursor& text, const AccountDomains& domains, Ace* ace);
+
+std::string AceText(const Ace& ace, const AccountDomains& domains);
+
+// Reads names and numbers in C notation ("FRSD", "0x1301bf"), or an empty field. A number that is
+// too large means all rights. Returns false if a number has no digits.
+bool TakeRights(SddlCursor& text, ACCESS_MASK* mask);
+
+// Returns the name of exactly this mask, the names of each of its bits, or a hexadecimal number.
+std::string RightsText(BYTE ace_type, ACCESS_MASK mask);
+
+// Reads an alias or the S-1- form. Returns ERROR_NONE_MAPPED for an alias of a domain if the server
+// has not joined one, or ERROR_INVALID_SID for other text that is not a SID.
+DWORD TakeSid(SddlCursor& text, const AccountDomains& domains, Sid* sid);
+
+// Returns the alias if there is one; otherwise returns the S-1- form.
+std::string ShortSidText(const Sid& sid, const AccountDomains& domains);
+
 }  // namespace simulator
 
-#endif  // SIMULATOR_MODEL_SECURITY_SDDL_CURSOR_H_
+#endif  // SIMULATOR_MODEL_SECURITY_SDDL_PARTS_H_

@@ -1,13 +1,14 @@
-// The output of the disk tool: its English texts in the columns of the real tool. Lines end with CR
-// LF.
+// The command lines of a disk tool script, and the output of the disk tool: its English texts in
+// the columns of the real tool. Lines end with CR LF.
 //
 // The texts are English whatever the server's language is. The language of a simulated server is
 // that of its locale, which can also be set on an English Windows.
-#ifndef SIMULATOR_TOOLS_DISKPART_OUTPUT_H_
-#define SIMULATOR_TOOLS_DISKPART_OUTPUT_H_
+#ifndef SIMULATOR_TOOLS_DISKPART_PARTS_H_
+#define SIMULATOR_TOOLS_DISKPART_PARTS_H_
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/model/boot/disks.h"
@@ -16,8 +17,30 @@
 namespace simulator {
 
 struct System;
-
 class Machine;
+
+enum class DiskpartVerb {
+  kNothing,  // a blank line or a remark
+  kListDisk,
+  kSelectDisk,
+  kSelectPartition,
+  kDetailDisk,
+  kAssign,
+  kRemove,
+  kExit,
+  kBadArguments,
+  kUnknown,
+};
+
+struct DiskpartCommand {
+  DiskpartVerb verb = DiskpartVerb::kNothing;
+  int number = 0;                   // of the disk or partition to select
+  std::optional<char> letter = {};  // to assign, in upper case
+  std::string help_topic = {};      // for kBadArguments
+};
+
+// Parses one line, without its line feed.
+DiskpartCommand ParseDiskpartCommand(std::string_view line);
 
 // Returns "Microsoft DiskPart version 10.0.14393.0".
 std::string DiskpartVersion(const System& system);
@@ -35,4 +58,4 @@ std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& 
 
 }  // namespace simulator
 
-#endif  // SIMULATOR_TOOLS_DISKPART_OUTPUT_H_
+#endif  // SIMULATOR_TOOLS_DISKPART_PARTS_H_
