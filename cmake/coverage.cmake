@@ -3,7 +3,7 @@
 # optimised it keeps the tests short.
 option(VANTORO_COVERAGE "Count the lines and branches that are executed")
 if(VANTORO_COVERAGE)
-  set(is_simulator "$<STREQUAL:$<TARGET_PROPERTY:NAME>,simulator>")
+  set(is_simulator "$<IN_LIST:$<TARGET_PROPERTY:NAME>,simulator;rehearsal>")
   add_compile_options("$<IF:${is_simulator},-O1,--coverage;-fprofile-update=atomic>")
   add_link_options(--coverage)
 endif()

@@ -12,8 +12,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "simulator/model/common/unsupported.h"
 #include "simulator/model/processes/platform_scope.h"
 #include "simulator/model/server.h"
 
@@ -21,6 +21,10 @@ namespace simulator {
 
 // The last error after a call that succeeded. It is not an error code of Windows.
 inline constexpr DWORD kSpoiltLastError = 0x0BADC0DE;
+
+// Aborts the process with a line that names the unsupported feature. Declared here and in
+// model/common/unsupported.h, so that a change there does not rebuild every call.
+[[noreturn]] void Unsupported(std::string_view what);
 
 // Returns the errno to which the Windows C runtime maps a system error code.
 int ErrnoOf(DWORD error);

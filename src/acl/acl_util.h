@@ -57,7 +57,7 @@ class ACLUtil {
 
   void SetInputFile(const std::string& path) { input_file_ = path; }
   // Sets the fallback owner: if access to an object is denied, it becomes the owner of the object
-  // and the descriptor is set once more.
+  // and the descriptor is set again.
   void SetAdminSid(common::UniqueLocal<void> sid) { admin_sid_ = std::move(sid); }
   // Sets whether a line whose descriptor cannot be converted or set is skipped; the default is
   // true.

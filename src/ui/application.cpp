@@ -15,8 +15,9 @@ namespace {
 // Oddity: language of the worker's message boxes, see docs/oddities.md.
 void ChooseLanguage() {
   const LANGID language = ResourceLanguage(::GetSystemDefaultLangID());
+  // Not GetWindowsVersion: this is the wide call, with the size of the short structure.
   OSVERSIONINFOEXW version{};
-  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);  // the extended fields are not needed
+  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOW);
   if (!::GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version))) {
     ShowMessage(nullptr, MB_ICONERROR, "Get OS Version Failed, Can't Load Language Resources.");
   } else if (HasThreadUILanguage(version.dwPlatformId, version.dwMajorVersion)) {

@@ -7,6 +7,7 @@
 #include "simulator/model/desktop/desktop.h"
 #include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/server.h"
+#include "support/process.h"
 #include "support/test_names.h"
 #include "ui/show_message.h"
 
@@ -17,9 +18,7 @@ using Lines = std::vector<std::string>;
 
 class ResString : public testing::Test {
  protected:
-  ResString() { SetResourceModule(nullptr); }
-  ~ResString() override { SetResourceModule(nullptr); }
-
+  const tests::NewProcess process_;
   simulator::Server server_;
 };
 
