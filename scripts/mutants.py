@@ -90,7 +90,7 @@ def another_letter(text, kinds):
     """Yields the line once per literal, with one letter of that literal changed."""
     for literal in re.finditer(r't+|h+', kinds):
         content = text[literal.start():literal.end()]
-        # Letters of escape sequences and conversion specifications are not changed.
+        # Letters of escape sequences and conversions are not changed.
         taken = re.sub(r'\\.|%[-+ #0-9.*]*(ll)?[a-zA-Z%]', lambda m: '\0' * len(m[0]), content)
         found = re.search(r'[A-Za-z]', taken)
         if found:

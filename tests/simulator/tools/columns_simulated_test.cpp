@@ -1,11 +1,10 @@
-#include "simulator/tools/columns.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
 #include <ostream>
 
+#include "simulator/tools/columns.h"
 #include "support/test_names.h"
 
 namespace simulator {
