@@ -1,4 +1,4 @@
-// wine_benchmarks FOLDER: the program of Windows in Wine prefixes, which are made in FOLDER,
+// wine_measures FOLDER: the program of Windows in Wine prefixes, which are made in FOLDER,
 // against bare programs there. Adds rows to the table of ./bench; ends with status 1 when a bound
 // is passed.
 #include <chrono>
