@@ -55,7 +55,7 @@ TEST_P(DescriptorsUnderWine, AreWhatPlainCallsLeaveOfThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, DescriptorsUnderWine,
-                         testing::Values(Expected{"default", 6000, 12, 1000},
+                         testing::Values(Expected{"default", 1500, 12, 250},
                                          Expected{"german_server", 110, 0, 1},
                                          Expected{"deny_everyone_later", 109, 0, 1}),
                          [](const auto& test) { return std::string(test.param.scenario); });
