@@ -187,7 +187,7 @@ int Rehearse(const Scenario& scenario, const Options& options) {
   server.dialogs().Watch(nullptr);
 
   std::cout << "\n"
-            << BootReport(boot, server.boot().store)
+            << BootReport(GatherBoot(scenario, boot, server))
             << LetterReport(GatherLetters(scenario, server))
             << JunctionReport(GatherJunctions(sources, junctions, server))
             << DescriptorReport(GatherDescriptors(sources, server.security().domains()))

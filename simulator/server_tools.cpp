@@ -28,7 +28,9 @@ class ServerMachine : public Machine {
   std::optional<char> LetterOf(const Volume& volume) const override {
     return server_.files().LetterOf(volume);
   }
-  bool IsTaken(char letter) const override { return server_.files().VolumeAt(letter) != nullptr; }
+  std::shared_ptr<Volume> VolumeAt(char letter) const override {
+    return server_.files().VolumeAt(letter);
+  }
   std::optional<char> FreeLetter() const override { return server_.file_system().FreeLetter(); }
   void Mount(char letter, const std::shared_ptr<Volume>& volume) override {
     server_.files().Mount(letter, volume);

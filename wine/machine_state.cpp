@@ -17,12 +17,15 @@ std::string LetterText(std::optional<char> letter) {
 }
 
 json VolumeJson(const MachineState& state, const Volume& volume) {
-  return {{"label", volume.label},
-          {"file_system", volume.file_system},
-          {"size", volume.size},
-          {"drive_type", volume.drive_type},
-          {"letter", LetterText(state.LetterOf(volume))},
-          {"target", state.targets.at(&volume)}};
+  json text = {{"label", volume.label},
+               {"file_system", volume.file_system},
+               {"size", volume.size},
+               {"drive_type", volume.drive_type},
+               {"letter", LetterText(state.LetterOf(volume))},
+               {"target", state.targets.at(&volume)}};
+  const auto store = state.boot.unused.find(&volume);
+  if (store != state.boot.unused.end()) text["boot"] = json::parse(BootStoreFile(store->second));
+  return text;
 }
 
 json DiskJson(const MachineState& state, const Disk& disk) {
@@ -37,7 +40,9 @@ json DiskJson(const MachineState& state, const Disk& disk) {
           {"online", disk.online}, {"gpt", disk.gpt},     {"partitions", std::move(partitions)}};
 }
 
-// These throw json::exception for what is not there or of another kind.
+// These throw json::exception or std::bad_optional_access for what is not there or of another kind.
+
+BootStore ReadStore(const json& from) { return ParseBootStoreFile(from.dump()).value(); }
 
 std::shared_ptr<Volume> ReadVolume(const json& from, MachineState& state) {
   auto volume = std::make_shared<Volume>();
@@ -48,6 +53,7 @@ std::shared_ptr<Volume> ReadVolume(const json& from, MachineState& state) {
   from.at("target").get_to(state.targets[volume.get()]);
   const std::string letter = from.at("letter").get<std::string>();
   if (!letter.empty()) state.letters[letter.front()] = volume;
+  if (from.contains("boot")) state.boot.unused[volume.get()] = ReadStore(from.at("boot"));
   return volume;
 }
 
@@ -82,7 +88,7 @@ MachineState Read(const json& from) {
   system.at("computer_name").get_to(state.system.computer_name);
   for (const json& disk : from.at("disks")) state.disks.push_back(ReadDisk(disk, state));
   from.at("current").get_to(state.boot.current);
-  state.boot.store = ParseBootStoreFile(from.at("boot").dump()).value();
+  state.boot.store = ReadStore(from.at("boot"));
   for (const json& each : from.at("answers")) {
     ToolAnswer answer;
     each.at("name").get_to(answer.name);

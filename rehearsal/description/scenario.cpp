@@ -1,5 +1,6 @@
 #include "rehearsal/description/scenario.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <set>
@@ -14,11 +15,13 @@ namespace {
 
 constexpr int64_t kMaxDword = std::numeric_limits<DWORD>::max();
 
-// The letters and disks read so far.
+// What has been read so far.
 struct Context {
   std::filesystem::path folder;  // of the scenario file
   std::set<char> letters;
   std::set<char> source_letters;
+  bool has_system_partition = false;
+  bool uefi = false;  // the firmware, by the disk with that partition
 };
 
 std::optional<char> ReadLetter(const std::optional<JsonPlace>& place, std::set<char>& seen) {
@@ -89,6 +92,10 @@ ScenarioPartition ReadPartition(const JsonPlace& place, int number, Context& con
     if (partition.info != "System" && partition.info != "Boot" && partition.info != "Hidden") {
       info->Fail("\"System\", \"Boot\" or \"Hidden\"");
     }
+    if (partition.info == "System") {
+      if (context.has_system_partition) info->Fail("\"System\" for one partition only");
+      context.has_system_partition = true;
+    }
   }
   if (const auto volume = place.Find("volume")) partition.volume = ReadVolume(*volume, context);
   return partition;
@@ -111,6 +118,7 @@ ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
   int next = 1;
   for (const JsonPlace& element : partitions->Elements()) {
     const ScenarioPartition partition = ReadPartition(element, next, context);
+    if (partition.info == "System") context.uefi = disk.gpt;
     next = partition.number + 1;
     if (!numbers.insert(partition.number).second) {
       element.Fail("a number that no other partition of the disk has");
@@ -127,12 +135,14 @@ ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
   return disk;
 }
 
-ScenarioTool ReadTool(const JsonPlace& place) {
+ScenarioTool ReadTool(const JsonPlace& place, const std::vector<std::string>& tools) {
   place.AllowKeys({"name", "call", "exit_code", "output"});
   ScenarioTool tool;
   tool.name = place.At("name").Text();
-  if (tool.name != "diskpart" && tool.name != "bcdedit" && tool.name != "bcdboot") {
-    place.At("name").Fail("\"diskpart\", \"bcdedit\" or \"bcdboot\"");
+  if (std::ranges::find(tools, tool.name) == tools.end()) {
+    std::string names;
+    for (const std::string& name : tools) names += " \"" + name + "\"";
+    place.At("name").Fail("a tool of this Windows:" + names);
   }
   if (const auto call = place.Find("call")) {
     tool.call = static_cast<int>(call->Number(1, std::numeric_limits<int>::max()));
@@ -167,11 +177,10 @@ void ReadVersion(const JsonPlace& place, Scenario& scenario) {
     valid = valid && error == std::errc();
     rest = after;
   }
-  const bool known = scenario.major_version > 6 ||
-                     (scenario.major_version == 6 && scenario.minor_version >= 1) ||
-                     (scenario.major_version == 5 && scenario.minor_version == 2);
+  const bool known =
+      scenario.major_version >= 6 || (scenario.major_version == 5 && scenario.minor_version == 2);
   if (!valid || rest != end || !known) {
-    place.Fail("Windows 5.2 or a version from 6.1 on with its build, such as \"10.0.14393\"");
+    place.Fail("Windows 5.2 or a version from 6.0 on with its build, such as \"10.0.14393\"");
   }
 }
 
@@ -186,6 +195,12 @@ void ReadWindows(const JsonPlace& place, Scenario& scenario) {
 
 }  // namespace
 
+std::vector<std::string> Scenario::Tools() const {
+  if (!HasBootStore()) return {"diskpart"};
+  if (major_version == 6 && minor_version == 0) return {"diskpart", "bcdedit"};
+  return {"diskpart", "bcdedit", "bcdboot"};
+}
+
 Scenario ReadScenario(const std::filesystem::path& file) {
   const nlohmann::json document = ParseJsonFile(file);
   const JsonPlace root(file, document);
@@ -194,21 +209,18 @@ Scenario ReadScenario(const std::filesystem::path& file) {
   Context context{.folder = file.parent_path(), .letters = {}, .source_letters = {}};
   scenario.title = root.At("title").Line();
   if (const auto windows = root.Find("windows")) ReadWindows(*windows, scenario);
-  if (const auto boot = root.Find("boot")) {
-    if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
-    scenario.boot = std::make_shared<Boot>(ReadBoot(*boot));
-  }
   const JsonPlace disks = root.At("disks");
   for (const JsonPlace& disk : disks.Elements()) scenario.disks.push_back(ReadDisk(disk, context));
+  if (const auto boot = root.Find("boot")) {
+    if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
+    scenario.boot = std::make_shared<Boot>(ReadBoot(*boot, context.uefi));
+  }
   if (!context.letters.contains('C')) {
     disks.Fail("a volume with the letter C, where Windows and the program are");
   }
   if (const auto tools = root.Find("tools")) {
     for (const JsonPlace& tool : tools->Elements()) {
-      scenario.tools.push_back(ReadTool(tool));
-      if (!scenario.HasBootStore() && scenario.tools.back().name != "diskpart") {
-        tool.At("name").Fail("\"diskpart\", the only tool on Windows 5.2");
-      }
+      scenario.tools.push_back(ReadTool(tool, scenario.Tools()));
     }
   }
   if (const auto faults = root.Find("faults")) {

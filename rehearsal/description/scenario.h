@@ -5,12 +5,13 @@
 //   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
 //   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
-//   partitions:    size, [number], [info] "System", "Boot" or "Hidden", [volume]
-//   volume:        [label], [file_system], [letter] at present, [source_letter], [drive_type]
+//   partitions:    size, [number], [info] "System", "Boot" or "Hidden" as disks.h explains them,
+//   [volume] volume:        [label], [file_system], [letter] at present, [source_letter],
+//   [drive_type]
 //                  "fixed" or "removable", [backup_info] lines, [import] a host folder, [source],
 //                  [lost], [unreadable]: see scenario_source.h
-//   tools:         name "diskpart", "bcdedit" or "bcdboot", exit_code, [call] counted from 1,
-//                  [output]
+//   tools:         name of a tool that this Windows has: "diskpart", "bcdedit" from 6.0 on,
+//                  "bcdboot" from 6.1 on; exit_code, [call] counted from 1, [output]
 //   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
 //   startup_links: [common], [program]: whether each shortcut exists; both true by default
 #ifndef REHEARSAL_DESCRIPTION_SCENARIO_H_
@@ -103,6 +104,8 @@ struct Scenario {
 
   // Windows Server 2003 has no BCD store; its boot entries are in a text file.
   bool HasBootStore() const { return major_version >= 6; }
+  // The system's tools that this Windows has.
+  std::vector<std::string> Tools() const;
 };
 
 // Throws ScenarioError. Relative paths of folders to import start from the folder of `file`.

@@ -12,15 +12,13 @@ namespace {
 struct Manager {
   std::string locale = "en-US";
   std::string device = "partition=C:";
-  bool uefi = false;
 };
 
 Manager ReadManager(const JsonPlace& place) {
-  place.AllowKeys({"locale", "device", "uefi"});
+  place.AllowKeys({"locale", "device"});
   Manager manager;
   if (const auto locale = place.Find("locale")) manager.locale = locale->Line();
   if (const auto device = place.Find("device")) manager.device = device->Line();
-  if (const auto uefi = place.Find("uefi")) manager.uefi = uefi->Truth();
   return manager;
 }
 
@@ -53,11 +51,10 @@ BootEntry ReadLoader(const JsonPlace& place, uint32_t number, bool uefi) {
                       {"description", {description}}};
     return entry;
   }
-  entry = WindowsLoader({"C:\\Windows", description, locale ? locale->Line() : "en-US"},
+  entry = WindowsLoader({"C:\\Windows", description, locale ? locale->Line() : "en-US", uefi},
                         entry.identifier, NumberedIdentifier(2 * number + 1));
   entry.Set("device", {where});
   entry.Set("osdevice", {where});
-  if (uefi) entry.Set("path", {"\\Windows\\system32\\winload.efi"});
   return entry;
 }
 
@@ -70,16 +67,9 @@ void ReadMark(const JsonPlace& loader, const std::string& mark, const std::strin
   *marked = identifier;
 }
 
-BootEntry MakeManager(const Manager& manager, const std::string& default_loader,
-                      const std::vector<std::string>& displayed) {
-  BootEntry entry = WindowsManager({manager.device, manager.locale, default_loader, "", displayed});
-  if (manager.uefi) entry.Set("path", {"\\EFI\\Microsoft\\Boot\\bootmgfw.efi"});
-  return entry;
-}
-
 }  // namespace
 
-Boot ReadBoot(const JsonPlace& place) {
+Boot ReadBoot(const JsonPlace& place, bool uefi) {
   place.AllowKeys({"manager", "loaders"});
   const auto given = place.Find("manager");
   const Manager manager = given ? ReadManager(*given) : Manager();
@@ -88,7 +78,7 @@ Boot ReadBoot(const JsonPlace& place) {
   std::vector<std::string> displayed;
   for (const JsonPlace& loader : place.At("loaders").Elements()) {
     const auto number = static_cast<uint32_t>(boot.store.entries.size());
-    BootEntry entry = ReadLoader(loader, number, manager.uefi);
+    BootEntry entry = ReadLoader(loader, number, uefi);
     if (boot.store.Find(entry.identifier) != nullptr) {
       loader.Fail("no more than one \"legacy\" loader");
     }
@@ -98,8 +88,9 @@ Boot ReadBoot(const JsonPlace& place) {
     if (!shown || shown->Truth()) displayed.push_back(entry.identifier);
     boot.store.entries.push_back(std::move(entry));
   }
-  boot.store.entries.insert(boot.store.entries.begin(),
-                            MakeManager(manager, default_loader, displayed));
+  boot.store.entries.insert(
+      boot.store.entries.begin(),
+      WindowsManager({manager.device, manager.locale, default_loader, "", displayed, uefi}));
   return boot;
 }
 

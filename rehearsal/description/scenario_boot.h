@@ -1,7 +1,8 @@
-// The boot entries of a scenario's server. The keys are as follows; those in brackets are optional:
+// The boot entries of a scenario's server, in the BCD store in use. The keys are as follows; those
+// in brackets are optional:
 //
 //   boot:    loaders in the order in which they are displayed, [manager]
-//   manager: [locale] "en-US", [device] "partition=C:" and [uefi] false
+//   manager: [locale] "en-US", [device] "partition=C:" as the boot tools print it
 //   loaders: description, [type] "loader", "legacy" or "sector", [locale] "en-US" (for a
 //            "loader" only), [device] "partition=C:", [current] for the entry that the running
 //            Windows was started from, [default], and [displayed], which is true by default
@@ -15,8 +16,8 @@
 
 namespace simulator {
 
-// Throws ScenarioError.
-Boot ReadBoot(const JsonPlace& place);
+// `uefi` is the server's firmware. Throws ScenarioError.
+Boot ReadBoot(const JsonPlace& place, bool uefi);
 
 }  // namespace simulator
 

@@ -163,6 +163,11 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
   return sources;
 }
 
+Program ToolProgram(const std::string& name) {
+  if (name == "diskpart") return DiskpartProgram();
+  return name == "bcdedit" ? BcdeditProgram() : BcdbootProgram();
+}
+
 // Installs the tool, but for the calls that are to misbehave.
 void InstallTool(const std::string& name, Program real, const Scenario& scenario,
                  const ToolPace& pace, Server& server) {
@@ -196,11 +201,14 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
   system.computer_name = scenario.computer_name;
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
-  InstallTool("diskpart", DiskpartProgram(), scenario, pace, server);
-  if (scenario.boot) server.boot() = *scenario.boot;
-  if (scenario.HasBootStore()) {
-    InstallTool("bcdedit", BcdeditProgram(), scenario, pace, server);
-    InstallTool("bcdboot", BcdbootProgram(), scenario, pace, server);
+  for (const std::string& tool : scenario.Tools()) {
+    InstallTool(tool, ToolProgram(tool), scenario, pace, server);
+  }
+  if (scenario.boot) {
+    server.boot() = *scenario.boot;
+  } else if (scenario.HasBootStore()) {
+    const std::optional<SystemPartition> partition = FindSystemPartition(server.disks());
+    server.boot() = HealthyBoot(partition && partition->uefi);
   } else {
     server.boot() = {};
   }

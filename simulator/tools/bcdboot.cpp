@@ -1,8 +1,10 @@
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 
 #include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/disks.h"
 #include "simulator/model/common/path_name.h"
 #include "simulator/tools/machine.h"
 #include "simulator/tools/tools.h"
@@ -33,10 +35,9 @@ char UpperLetter(char letter) {
   return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
-// "C:"; nothing when no volume has the letter.
-std::optional<std::string> MountedDrive(const std::string& drive, const Machine& machine) {
-  if (drive.size() != 2 || drive[1] != ':' || !machine.IsTaken(drive[0])) return std::nullopt;
-  return std::string{UpperLetter(drive[0]), ':'};
+// The volume of a drive such as "c:"; null if there is none.
+std::shared_ptr<Volume> VolumeOf(const std::string& drive, const Machine& machine) {
+  return drive.size() == 2 && drive[1] == ':' ? machine.VolumeAt(drive[0]) : nullptr;
 }
 
 // "C:\Windows"; nothing when it is no folder of a drive.
@@ -64,9 +65,10 @@ BootEntry Alone(BootStore store, const std::string& identifier) {
   return store.entries.front();
 }
 
-BootEntry LoaderToKeep(const Boot& boot, const InstalledWindows& windows) {
-  if (boot.store.Find(boot.current) == nullptr) return NewLoader(boot.store, windows);
-  BootEntry loader = Alone(boot.store, boot.current);
+BootEntry LoaderToKeep(const BootStore& store, const std::string& current,
+                       const InstalledWindows& windows) {
+  if (store.Find(current) == nullptr) return NewLoader(store, windows);
+  BootEntry loader = Alone(store, current);
   loader.Set("locale", {windows.locale});
   return loader;
 }
@@ -74,13 +76,13 @@ BootEntry LoaderToKeep(const Boot& boot, const InstalledWindows& windows) {
 ToolResult Failure() { return {"Failure when attempting to copy boot files.\r\n", 1}; }
 
 // What the boot manager says besides stays.
-BootEntry RebuiltManager(const BootStore& store, const std::string& drive,
-                         const BootEntry& loader) {
-  const BootManagerFacts facts{"partition=" + drive,
+BootEntry RebuiltManager(const BootStore& store, char drive, const BootEntry& loader, bool uefi) {
+  const BootManagerFacts facts{std::string("partition=") + drive + ":",
                                loader.Value("locale"),
                                loader.identifier,
                                loader.Value("resumeobject"),
-                               {loader.identifier}};
+                               {loader.identifier},
+                               uefi};
   const BootEntry* const present = store.Find(kBootManager);
   if (present == nullptr) return WindowsManager(facts);
   BootEntry manager = *present;
@@ -96,14 +98,19 @@ BootEntry RebuiltManager(const BootStore& store, const std::string& drive,
 ToolResult RunBcdboot(const std::vector<std::string>& arguments, Machine& machine) {
   const std::optional<Options> options = ReadOptions(arguments);
   if (!options) return Failure();
-  const std::optional<std::string> drive = MountedDrive(options->drive, machine);
+  const std::shared_ptr<Volume> volume = VolumeOf(options->drive, machine);
   const std::optional<std::string> folder = WindowsFolder(options->source, machine);
-  if (!drive || !folder) return Failure();
+  if (!volume || !folder) return Failure();
 
+  const std::optional<SystemPartition> system = FindSystemPartition(machine.disks());
+  const bool uefi = system && system->uefi;
+  const bool is_in_use = volume == (system ? system->partition.volume : WindowsVolume(machine));
   Boot& boot = machine.boot();
-  BootEntry loader = LoaderToKeep(boot, {*folder, "Windows Server", options->locale});
-  BootEntry manager = RebuiltManager(boot.store, *drive, loader);
-  boot.store.entries = {std::move(manager), std::move(loader)};
+  BootStore& store = is_in_use ? boot.store : boot.unused[volume.get()];
+  BootEntry loader =
+      LoaderToKeep(store, boot.current, {*folder, "Windows Server", options->locale, uefi});
+  BootEntry manager = RebuiltManager(store, UpperLetter(options->drive[0]), loader, uefi);
+  store.entries = {std::move(manager), std::move(loader)};
   return {"Boot files successfully created.\r\n", 0};
 }
 

@@ -118,10 +118,10 @@ class Session {
     const std::optional<char> present = machine_.LetterOf(*volume);
     if (present && (!letter || letter == present)) return Done(kAssigned);
     if (!letter) letter = machine_.FreeLetter();
-    if (!letter || machine_.IsTaken(*letter)) {
+    if (!letter || machine_.VolumeAt(*letter) != nullptr) {
       return Fail("The specified drive letter is not free to be assigned.");
     }
-    if (present && partition_->info == "Boot") {
+    if (present && partition_->volume == WindowsVolume(machine_)) {
       return Fail("DiskPart cannot change the drive letter of a boot or paging file volume.");
     }
     if (present) machine_.Unmount(*present);
@@ -136,7 +136,7 @@ class Session {
     }
     const std::optional<char> letter = machine_.LetterOf(*volume);
     if (!letter) return Fail("There is no drive letter or mount point to remove.");
-    if (partition_->info == "Boot") {
+    if (partition_->volume == WindowsVolume(machine_)) {
       return Fail("DiskPart cannot remove the drive letter of a boot or paging file volume.");
     }
     machine_.Unmount(*letter);

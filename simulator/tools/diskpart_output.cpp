@@ -57,9 +57,12 @@ std::string VolumeLine(int number, const Partition& partition, const Volume* sel
 }
 
 // What stands above the volumes.
-std::string Properties(const Disk& disk, const System& system) {
+std::string Properties(const Disk& disk, const Machine& machine) {
+  const System& system = machine.system();
   const bool boot = std::any_of(disk.partitions.begin(), disk.partitions.end(),
-                                [](const Partition& part) { return part.info == "Boot"; });
+                                [windows = WindowsVolume(machine)](const Partition& part) {
+                                  return part.volume != nullptr && part.volume == windows;
+                                });
   // On these buses the logical unit tells the disks of one adapter apart.
   const int unit = disk.bus == "SCSI" || disk.bus == "SAS" ? disk.number : 0;
   std::string text = "\r\n" + disk.model + "\r\n";
@@ -118,7 +121,7 @@ std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selec
 }
 
 std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& machine) {
-  std::string text = Properties(disk, machine.system());
+  std::string text = Properties(disk, machine);
   std::string lines;
   int number = 0;
   for (const Disk& other : machine.disks()) {

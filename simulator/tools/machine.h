@@ -30,8 +30,8 @@ class Machine {
   virtual Boot& boot() = 0;
 
   virtual std::optional<char> LetterOf(const Volume& volume) const = 0;
-  virtual bool IsTaken(char letter) const = 0;
-  virtual std::optional<char> FreeLetter() const = 0;  // the first from C on
+  virtual std::shared_ptr<Volume> VolumeAt(char letter) const = 0;  // null if it is free
+  virtual std::optional<char> FreeLetter() const = 0;               // the first from C on
   virtual void Mount(char letter, const std::shared_ptr<Volume>& volume) = 0;  // a free letter
   virtual void Unmount(char letter) = 0;
 
@@ -40,6 +40,8 @@ class Machine {
   virtual bool IsFolder(const std::string& path) const = 0;
   virtual std::string FullPath(const std::string& path) const = 0;  // empty if there is none
 };
+
+std::shared_ptr<Volume> WindowsVolume(const Machine& machine);
 
 }  // namespace simulator
 

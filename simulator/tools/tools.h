@@ -34,8 +34,8 @@ ToolResult RunDiskpartScript(std::string_view script, Machine& machine);
 // arguments, 3 if the script cannot be read, or else that of the script.
 ToolResult RunDiskpart(const std::vector<std::string>& arguments, Machine& machine);
 
-// The boot configuration tool: lists the machine's BCD store, exports and imports it, and deletes
-// entries.
+// The boot configuration tool: lists the machine's BCD store in use, exports and imports it, and
+// deletes entries.
 //
 // The tool supports the command lines below. It answers every other one as an invalid command line,
 // even one that the real tool supports. Apart from the listing, its texts are English whatever the
@@ -48,12 +48,13 @@ ToolResult RunDiskpart(const std::vector<std::string>& arguments, Machine& machi
 // unchanged.
 ToolResult RunBcdedit(const std::vector<std::string>& arguments, Machine& machine);
 
-// The tool that rebuilds the boot files and the BCD store. `arguments` are those after the
-// program's name: "SOURCE /s DRIVE /l LOCALE". Both switches are required, in either order.
-// Afterwards the BCD store consists of a boot manager on DRIVE ("c:") and one loader: that of the
-// running Windows or, if the store has none, a new one for the Windows in the folder SOURCE. The
-// exit code is 1 if the folder or drive does not exist, or if there are other arguments; the store
-// then remains unchanged.
+// The tool that rebuilds the boot files and the BCD store of a volume, on Windows 6.1 and later.
+// `arguments` are those after the program's name: "SOURCE /s DRIVE /l LOCALE". Both switches are
+// required, in either order. The store is that of DRIVE ("c:"): the one in use only if the firmware
+// boots from this volume. Afterwards it consists of a boot manager on DRIVE and one loader: that of
+// the running Windows or, if the store has none, a new one for the Windows in the folder SOURCE. A
+// new store is for the firmware of the machine. The exit code is 1 if the folder or drive does not
+// exist, or if there are other arguments; the stores then remain unchanged.
 ToolResult RunBcdboot(const std::vector<std::string>& arguments, Machine& machine);
 
 }  // namespace simulator

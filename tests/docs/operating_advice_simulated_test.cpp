@@ -6,6 +6,7 @@
 
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/server.h"
+#include "simulator/server_tools.h"
 #include "support/descriptors_simulated.h"
 #include "support/process.h"
 #include "support/whole_run_simulated.h"
@@ -51,6 +52,38 @@ TEST(SecondRun, DeletesLoadersThatAreDisplayedOnceMore) {
   run.server().boot().store = before;
   EXPECT_EQ(RunAgain(run), 0);
   EXPECT_EQ(run.server().boot().store.entries.size(), 2U);
+}
+
+TEST(SecondRun, DoesNotRepairABootManagerOnAnotherPartition) {
+  WholeRun run("system_reserved");
+  ASSERT_EQ(run.Run(), 0);
+  const simulator::BootStore first = run.server().boot().store;
+  EXPECT_EQ(RunAgain(run), 0);
+  EXPECT_EQ(run.server().boot().store, first);
+}
+
+// The commands under "The boot manager kept its language".
+TEST(BootAdvice, RepairsABootManagerOnAnotherPartition) {
+  for (const char* const scenario : {"system_reserved", "uefi"}) {
+    WholeRun run(scenario);
+    ASSERT_EQ(run.Run(), 0);
+    ASSERT_EQ(run.server().boot().store.entries.at(0).Value("locale"), "en-US") << scenario;
+    const auto script = [&run](const std::string& last) {
+      return simulator::RunDiskpartScript("select disk 0\nselect partition 1\n" + last,
+                                          run.server())
+          .exit_code;
+    };
+    EXPECT_EQ(script("assign letter=S"), 0U);
+    EXPECT_EQ(
+        simulator::RunBcdboot({"C:\\Windows", "/s", "S:", "/l", "zh-CN"}, run.server()).exit_code,
+        0U);
+    EXPECT_EQ(script("remove"), 0U);
+    EXPECT_EQ(run.ClosingLines()[0],
+              "boot: repaired\n  C: has a store that the server does not boot from\n");
+    EXPECT_EQ(RunAgain(run), 0);
+    EXPECT_EQ(run.ClosingLines()[0],
+              "boot: nothing to do\n  C: has a store that the server does not boot from\n");
+  }
 }
 
 TEST(SecondRun, TakesBackPermissionsThatWereChangedSince) {

@@ -46,7 +46,8 @@ int32_t WholeRun::Run() {
 }
 
 std::vector<std::string> WholeRun::ClosingLines() {
-  const std::string boot = simulator::BootReport(parts_->boot_before, server_.boot().store);
+  const std::string boot =
+      simulator::BootReport(simulator::GatherBoot(parts_->scenario, parts_->boot_before, server_));
   const std::string letters =
       simulator::LetterReport(simulator::GatherLetters(parts_->scenario, server_));
   const std::string descriptors = simulator::DescriptorReport(Descriptors());

@@ -114,6 +114,46 @@ TEST(BootRun, KeepsTheEnglishManagerWhenTheRebuildFails) {
   EXPECT_NE(LogOf(run).find("[Info]  Restore BCD Done!"), std::string::npos);
 }
 
+// On a server that boots from another partition than that of Windows.
+TEST(BootRun, DeletesFromTheStoreInUseAndRebuildsAnotherOne) {
+  for (const char* const scenario : {"system_reserved", "uefi"}) {
+    WholeRun run(scenario);
+    const BootStore before = run.server().boot().store;
+    ASSERT_EQ(before.entries.size(), 3U) << scenario;
+    ASSERT_EQ(run.Run(), 0) << scenario;
+    const Lines tools = ToolsOf(run);
+    EXPECT_EQ(Lines(tools.begin(), tools.begin() + 4),
+              (Lines{"bcdedit", "bcdedit /export \"C:\\vantoro_restore\\BCD_BAK\"",
+                     "bcdedit /delete " + before.entries[2].identifier,
+                     "bcdboot c:\\Windows /s c: /l zh-CN"}));
+    EXPECT_NE(LogOf(run).find("[Info]  Restore BCD Done!"), std::string::npos);
+    BootStore expected = before;
+    expected.Remove(before.entries[2].identifier);
+    EXPECT_EQ(run.server().boot().store, expected) << scenario;
+    ASSERT_EQ(run.server().boot().unused.size(), 1U) << scenario;
+    const auto& [volume, written] = *run.server().boot().unused.begin();
+    EXPECT_EQ(volume, run.server().files().VolumeAt('C').get());
+    EXPECT_EQ(written.entries.at(0).Value("locale"), "zh-CN");
+  }
+}
+
+TEST(BootRun, FindsNoToolForTheRebuildOnWindowsServer2008) {
+  WholeRun run("windows_server_2008");
+  const BootStore before = run.server().boot().store;
+  ASSERT_EQ(run.Run(), 0);
+  const std::string log = LogOf(run);
+  EXPECT_NE(log.find("WinUtil::CreateProgressNoWait: bcdboot c:\\Windows /s c: /l zh-CN"),
+            std::string::npos);
+  EXPECT_NE(log.find("[Error] WinUtil::CreateProgressNoWait Failed: Last Error: [2] "),
+            std::string::npos);
+  EXPECT_NE(log.find("[Error] WinUtil::RemakeBCDBoot bcdboot c: zh-CN Failed, code=2"),
+            std::string::npos);
+  EXPECT_NE(log.find("[Info]  Restore BCD Done!"), std::string::npos);
+  BootStore expected = before;
+  expected.Remove(before.entries.at(2).identifier);
+  EXPECT_EQ(run.server().boot().store, expected);
+}
+
 TEST(BootRun, TouchesNothingWhenTheDefaultIsNotDisplayed) {
   WholeRun run("boot_default_not_displayed");
   const BootStore before = run.server().boot().store;

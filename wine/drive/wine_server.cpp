@@ -163,9 +163,7 @@ void Configure(const System& system, WinePrefix& prefix) {
 }
 
 void InstallPrograms(const Scenario& scenario, const fs::path& program_folder, WinePrefix& prefix) {
-  std::vector<std::string> tools = {"diskpart"};
-  if (scenario.HasBootStore()) tools.insert(tools.end(), {"bcdedit", "bcdboot"});
-  for (const std::string& tool : tools) {
+  for (const std::string& tool : scenario.Tools()) {
     fs::create_hard_link(WindowsProgram("wine/programs/system_tool.exe"),
                          prefix.OnSystemVolume("windows\\system32\\" + tool + ".exe"));
   }

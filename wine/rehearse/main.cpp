@@ -136,9 +136,13 @@ WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer
 // `boot` is the boot store before the run.
 void Report(const Scenario& scenario, const Options& options, const BootStore& boot,
             const WineServer& server, const WatchedRun& run) {
+  const MachineState state = server.State();
+  const BootChange boot_change =
+      GatherBoot(scenario, boot, state.boot, state.disks,
+                 [&state](const Volume& volume) { return state.LetterOf(volume); });
   std::cout
       << "\n"
-      << BootReport(boot, server.State().boot.store) << LetterReport(Letters(scenario, server))
+      << BootReport(boot_change) << LetterReport(Letters(scenario, server))
       << JunctionReport(Junctions(scenario, server))
       << DescriptorReport(GatherKeptDescriptors(scenario, server, PrefixFolder("plain")).outcome)
       << RestartReport(run.shutdowns.empty() ? std::nullopt : std::optional(run.shutdowns.front()))

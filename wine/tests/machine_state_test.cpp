@@ -38,6 +38,7 @@ MachineState Sample() {
   state.letters['G'] = data;
   state.targets[data.get()] = "../volumes/disk2_partition2";
   state.boot = HealthyBoot();
+  state.boot.unused[data.get()] = HealthyBoot(true).store;
   state.answers = {{"bcdedit", 2, 5, "text\r\n", true}};
   state.calls = {{"diskpart", 3}};
   return state;
@@ -78,6 +79,8 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(volume.size, UINT64_C(3) << 40);
   EXPECT_EQ(volume.drive_type, UINT{DRIVE_REMOVABLE});
   EXPECT_EQ(read->LetterOf(volume), 'G');
+  ASSERT_EQ(read->boot.unused.size(), 1U);
+  EXPECT_EQ(read->boot.unused.at(&volume), HealthyBoot(true).store);
   EXPECT_EQ(read->targets.at(&volume), "../volumes/disk2_partition2");
 }
 

@@ -98,6 +98,9 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
     for (const simulator::Partition& partition : disk.partitions) {
       if (!partition.volume) continue;
       run.letters[{disk.number, partition.number}] = server.files().LetterOf(*partition.volume);
+      const auto store = server.boot().unused.find(partition.volume.get());
+      if (store == server.boot().unused.end()) continue;
+      run.unused_boot[{disk.number, partition.number}] = store->second;
     }
   }
   run.boot = server.boot().store;

@@ -32,7 +32,8 @@ using PartitionPlace = std::pair<int, int>;  // disk, partition
 struct RehearsedRun {
   std::string log;  // UTF-8; empty if there is none
   std::map<PartitionPlace, std::optional<char>> letters;
-  simulator::BootStore boot;
+  simulator::BootStore boot;  // the store in use
+  std::map<PartitionPlace, simulator::BootStore> unused_boot;
   bool has_common_link = false;
   bool has_program_link = false;
   std::vector<simulator::ShownMessageBox> boxes;

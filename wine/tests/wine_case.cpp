@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <regex>
 
 #include "simulator/model/boot/disks.h"
@@ -40,6 +41,7 @@ std::string Masked(const std::string& log) {
   Replace(text, " restore cost \\d+s", " restore cost #s");
   Replace(text, "Finished! time: [0-9hms]+", "Finished! time: #");
   Replace(text, "vantoro_restore_\\d{8}\\.log", "vantoro_restore_#.log");
+  Replace(text, "Last Error: \\[(\\d+)\\] [^\\r\\n]*", "Last Error: [$1] #");
   return text;
 }
 
@@ -103,6 +105,7 @@ void WineCase::ExpectSameLogs() {
 
 void WineCase::ExpectSameServers() {
   const simulator::MachineState state = server_->State();
+  std::map<PartitionPlace, simulator::BootStore> unused_boot;
   for (const simulator::Disk& disk : state.disks) {
     for (const simulator::Partition& partition : disk.partitions) {
       if (!partition.volume) continue;
@@ -111,6 +114,9 @@ void WineCase::ExpectSameServers() {
       EXPECT_EQ(state.LetterOf(*partition.volume), letter);
       EXPECT_EQ(letter, rehearsed_.letters.at({disk.number, partition.number}))
           << "disk " << disk.number << " partition " << partition.number;
+      const auto store = state.boot.unused.find(partition.volume.get());
+      if (store == state.boot.unused.end()) continue;
+      unused_boot[{disk.number, partition.number}] = store->second;
     }
   }
   const size_t lettered = static_cast<size_t>(
@@ -119,6 +125,7 @@ void WineCase::ExpectSameServers() {
   EXPECT_EQ(server_->prefix().Drives().size(), lettered) << "there are other drives";
   if (scenario_.HasBootStore()) {
     EXPECT_EQ(state.boot.store, rehearsed_.boot);
+    EXPECT_EQ(unused_boot, rehearsed_.unused_boot);
   }
   EXPECT_EQ(fs::exists(server_->CommonStartupLink()), rehearsed_.has_common_link);
   EXPECT_EQ(fs::exists(server_->ProgramLink()), rehearsed_.has_program_link);

@@ -15,7 +15,7 @@
 namespace tests {
 
 // Returns the text of a log with the parts replaced that differ from run to run: time stamps,
-// durations, and the date in the log's own name.
+// durations, the date in the log's own name, and the texts of system errors.
 std::string Masked(const std::string& log);
 
 simulator::Scenario Shipped(const std::string& name);

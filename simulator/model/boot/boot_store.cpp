@@ -64,7 +64,7 @@ BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identi
   return {BootEntryType::kLoader,
           std::string(identifier),
           {{"device", {partition}},
-           {"path", {root + "\\system32\\winload.exe"}},
+           {"path", {root + "\\system32\\winload." + (windows.uefi ? "efi" : "exe")}},
            {"description", {windows.description}},
            {"locale", {windows.locale}},
            {"inherit", {"{bootloadersettings}"}},
@@ -84,6 +84,7 @@ BootEntry WindowsManager(const BootManagerFacts& facts) {
     if (!value.empty()) manager.Set(element, {value});
   };
   manager.Set("device", {facts.device});
+  if (facts.uefi) manager.Set("path", {"\\EFI\\Microsoft\\Boot\\bootmgfw.efi"});
   manager.Set("description", {"Windows Boot Manager"});
   manager.Set("locale", {facts.locale});
   manager.Set("inherit", {"{globalsettings}"});
@@ -102,13 +103,13 @@ std::string NumberedIdentifier(uint32_t number) {
   return text.data();
 }
 
-Boot HealthyBoot() {
-  BootEntry loader = WindowsLoader({"C:\\Windows", "Windows Server 2016", "en-US"},
+Boot HealthyBoot(bool uefi) {
+  BootEntry loader = WindowsLoader({"C:\\Windows", "Windows Server 2016", "en-US", uefi},
                                    "{b35d4dcb-5b1e-11e9-a814-000d3a05463f}",
                                    "{b35d4dca-5b1e-11e9-a814-000d3a05463f}");
   std::string current = loader.identifier;
-  BootEntry manager =
-      WindowsManager({"partition=C:", "en-US", current, loader.Value("resumeobject"), {current}});
+  BootEntry manager = WindowsManager(
+      {"partition=C:", "en-US", current, loader.Value("resumeobject"), {current}, uefi});
   return {{{std::move(manager), std::move(loader)}}, std::move(current)};
 }
 

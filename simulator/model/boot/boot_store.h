@@ -1,14 +1,17 @@
-// The BCD store of a server: what its boot manager offers and how each entry starts, and the
-// entries of a healthy Windows Server that boots from BIOS.
+// A BCD store of a server: what its boot manager offers and how each entry starts, and the entries
+// of a healthy Windows Server.
 #ifndef SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 #define SIMULATOR_MODEL_BOOT_BOOT_STORE_H_
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace simulator {
+
+struct Volume;
 
 inline constexpr std::string_view kBootManager = "{bootmgr}";
 
@@ -55,14 +58,17 @@ bool RefersToEntries(std::string_view element);
 
 // Used by the thread of one tool at a time, and by tests while no child runs.
 struct Boot {
-  BootStore store;
+  BootStore store;      // the one in use, on the partition that the firmware boots from
   std::string current;  // the loader that started the running Windows; empty if none did
+  // The stores on other volumes, which nothing reads at boot.
+  std::map<const Volume*, BootStore> unused = {};
 };
 
 struct InstalledWindows {
   std::string folder;  // a full path: "C:\Windows"
   std::string description;
   std::string locale;
+  bool uefi = false;  // the server's firmware
 };
 
 BootEntry WindowsLoader(const InstalledWindows& windows, std::string_view identifier,
@@ -74,6 +80,7 @@ struct BootManagerFacts {
   std::string default_loader;  // an identifier; empty if there is none
   std::string resume_object;   // likewise
   std::vector<std::string> displayed;
+  bool uefi = false;
 };
 
 BootEntry WindowsManager(const BootManagerFacts& facts);
@@ -82,7 +89,7 @@ BootEntry WindowsManager(const BootManagerFacts& facts);
 std::string NumberedIdentifier(uint32_t number);
 
 // Returns a boot manager and one loader, which is the default entry and the current one.
-Boot HealthyBoot();
+Boot HealthyBoot(bool uefi = false);
 
 }  // namespace simulator
 

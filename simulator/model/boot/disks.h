@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ struct Volume;
 
 struct Partition {
   int number = 1;
-  uint64_t size = 0;               // bytes
-  std::string info;                // "System", "Boot", "Hidden" or empty
+  uint64_t size = 0;  // bytes
+  // "System": the firmware boots from here. "Boot": Windows is here, and the firmware boots from
+  // another partition. Else "Hidden" or empty.
+  std::string info;
   std::shared_ptr<Volume> volume;  // null if none is shown, as for a reserved partition
 };
 
@@ -29,6 +32,17 @@ struct Disk {
   bool gpt = false;
   std::vector<Partition> partitions;
 };
+
+// The partition that the firmware boots from. The BCD store in use is on its volume.
+struct SystemPartition {
+  int disk = 0;
+  bool uefi = false;  // the firmware; the disk is then a GPT disk, otherwise an MBR disk
+  Partition partition;
+};
+
+// Returns the first partition with the info "System". If there is none, the server boots from the
+// partition of Windows, with a BIOS.
+std::optional<SystemPartition> FindSystemPartition(const std::vector<Disk>& disks);
 
 }  // namespace simulator
 

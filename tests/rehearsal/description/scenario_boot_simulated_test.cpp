@@ -46,10 +46,46 @@ TEST_F(ScenarioBootTest, MakesAManagerAndItsLoadersInTheirOrder) {
   EXPECT_EQ(boot.store.entries[3].type, BootEntryType::kBootSector);
 }
 
-TEST_F(ScenarioBootTest, IsOfAUefiServerWhenTold) {
-  const Boot boot = Made(R"({"manager": {"uefi": true}, "loaders": [{"description": "a"}]})");
-  EXPECT_EQ(boot.store.entries[0].Value("path"), "\\EFI\\Microsoft\\Boot\\bootmgfw.efi");
-  EXPECT_EQ(boot.store.entries[1].Value("path"), "\\Windows\\system32\\winload.efi");
+constexpr char kSystemPartition[] =
+    R"("partitions": [{"size": "100 MB", "info": "System"}], "size": "1 GB"})";
+
+TEST_F(ScenarioBootTest, IsOfAUefiServerWhoseSystemPartitionIsOnAGptDisk) {
+  for (const std::string& boot :
+       {std::string(), std::string(R"(, "boot": {"loaders": [{"description": "a"}]})")}) {
+    Server server;
+    Build(Read(WithDisks(std::string(R"(, {"gpt": true, )") + kSystemPartition, boot)), server);
+    const std::vector<BootEntry>& entries = server.boot().store.entries;
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].Value("path"), "\\EFI\\Microsoft\\Boot\\bootmgfw.efi") << boot;
+    EXPECT_EQ(entries[1].Value("path"), "\\Windows\\system32\\winload.efi") << boot;
+  }
+}
+
+TEST_F(ScenarioBootTest, IsOfABiosServerOtherwise) {
+  for (const std::string& disks : {std::string(), std::string(", {") + kSystemPartition}) {
+    Server server;
+    Build(Read(WithDisks(disks)), server);
+    const std::vector<BootEntry>& entries = server.boot().store.entries;
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].Value("path"), "") << disks;
+    EXPECT_EQ(entries[1].Value("path"), "\\Windows\\system32\\winload.exe") << disks;
+  }
+}
+
+TEST_F(ScenarioBootTest, HasNoBcdbootOnWindowsServer2008) {
+  const Scenario scenario = Read(WithDisks("", R"(, "windows": {"version": "6.0.6002"})"));
+  Server server;
+  Build(scenario, server);
+  EXPECT_EQ(scenario.Tools(), (std::vector<std::string>{"diskpart", "bcdedit"}));
+  const auto start = [&server](const std::string& name) {
+    return server.processes().Start({.program = name,
+                                     .command_line = name,
+                                     .inherited = {},
+                                     .output = nullptr,
+                                     .error = nullptr});
+  };
+  EXPECT_NE(start("bcdedit"), nullptr);
+  EXPECT_EQ(start("bcdboot"), nullptr);
 }
 
 TEST_F(ScenarioBootTest, IsTheServersOwn) {
@@ -94,7 +130,12 @@ TEST_F(ScenarioBootTest, NamesWhatIsWrong) {
             ": /boot/loaders/0/current: expected true for a \"loader\" alone");
   EXPECT_EQ(ErrorOf(WithDisks("", R"(, "windows": {"version": "5.2.3790"},
                                      "tools": [{"name": "bcdedit", "exit_code": 1}])")),
-            ": /tools/0/name: expected \"diskpart\", the only tool on Windows 5.2");
+            ": /tools/0/name: expected a tool of this Windows: \"diskpart\"");
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "windows": {"version": "6.0.6002"},
+                                     "tools": [{"name": "bcdboot", "exit_code": 1}])")),
+            ": /tools/0/name: expected a tool of this Windows: \"diskpart\" \"bcdedit\"");
+  EXPECT_EQ(ErrorOf(WithDisks(std::string(", {") + kSystemPartition + ", {" + kSystemPartition)),
+            ": /disks/2/partitions/0/info: expected \"System\" for one partition only");
   EXPECT_EQ(ErrorOf(WithBoot(R"({"loaders": [{"description": "a", "type": "legacy"},
                                              {"description": "b", "type": "legacy"}]})")),
             ": /boot/loaders/1: expected no more than one \"legacy\" loader");

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "simulator/model/boot/boot_store.h"
+#include "simulator/model/boot/disks.h"
+#include "simulator/model/files/volume.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "simulator/server_tools.h"
@@ -32,6 +36,16 @@ class Bcdboot : public testing::Test {
     EXPECT_EQ(result.output, kFailure);
     EXPECT_EQ(result.exit_code, 1u);
     EXPECT_EQ(store_, before);
+  }
+
+  // Adds a partition that the firmware boots from.
+  void BootFrom(std::optional<char> letter, bool uefi) {
+    Disk disk;
+    disk.gpt = uefi;
+    disk.partitions = {{1, 1, "System", server_.files().AddVolume({})},
+                       {2, 1, "Boot", server_.files().VolumeAt('C')}};
+    if (letter) server_.files().Mount(*letter, disk.partitions[0].volume);
+    server_.disks() = {disk};
   }
 
   Server server_;
@@ -83,12 +97,46 @@ TEST_F(Bcdboot, LeavesNoReferenceToALoaderThatGoes) {
 }
 
 TEST_F(Bcdboot, MakesTheManagerAnewOnTheDrive) {
-  server_.files().MountEmpty('S');
+  BootFrom('S', false);
   BootStore expected = store_;
   expected.Find("{bootmgr}")->Set("device", {"partition=S:"});
   store_.entries.erase(store_.entries.begin());
   ExpectSuccess({"C:\\Windows", "/s", "s:", "/l", "en-US"});
   EXPECT_EQ(store_, expected);
+  EXPECT_TRUE(server_.boot().unused.empty());
+}
+
+// The store of the volume that it names, for the firmware that it runs on.
+TEST_F(Bcdboot, LeavesTheStoreInUseAloneOnAnotherVolume) {
+  for (const bool uefi : {false, true}) {
+    BootFrom(std::nullopt, uefi);
+    const BootStore before = store_;
+    ExpectSuccess({"c:\\Windows", "/s", "c:", "/l", "zh-CN"});
+    EXPECT_EQ(store_, before);
+    ASSERT_EQ(server_.boot().unused.size(), 1u);
+    const auto& [volume, written] = *server_.boot().unused.begin();
+    EXPECT_EQ(volume, server_.files().VolumeAt('C').get());
+    ASSERT_EQ(written.entries.size(), 2u);
+    EXPECT_EQ(written.entries[0].Value("device"), "partition=C:");
+    EXPECT_EQ(written.entries[0].Value("path"), uefi ? "\\EFI\\Microsoft\\Boot\\bootmgfw.efi" : "");
+    EXPECT_EQ(written.entries[0].Value("locale"), "zh-CN");
+    EXPECT_EQ(written.entries[1].Value("path"),
+              uefi ? "\\Windows\\system32\\winload.efi" : "\\Windows\\system32\\winload.exe");
+    EXPECT_EQ(written.entries[1].Value("locale"), "zh-CN");
+    server_.boot().unused.clear();
+  }
+}
+
+TEST_F(Bcdboot, KeepsAStoreThatIsNotInUseWhenItsVolumeHasAnotherLetter) {
+  const std::shared_ptr<Volume> data = server_.files().AddVolume({});
+  server_.files().Mount('D', data);
+  ExpectSuccess({"c:\\Windows", "/s", "d:", "/l", "zh-CN"});
+  server_.files().Unmount('D');
+  server_.files().MountEmpty('D');
+  server_.files().Mount('E', data);
+  ExpectSuccess({"c:\\Windows", "/s", "e:", "/l", "en-US"});
+  ASSERT_EQ(server_.boot().unused.size(), 1u);
+  EXPECT_EQ(server_.boot().unused.at(data.get()).entries.at(0).Value("device"), "partition=E:");
 }
 
 TEST_F(Bcdboot, MakesALoaderWhereTheRunningWindowsHasNone) {

@@ -151,11 +151,16 @@ TEST(Diskpart, EndsAtExit) {
 }
 
 TEST(Diskpart, MayNotTakeTheLetterOfTheBootVolume) {
-  Server server;
-  AddTwoDisks(server);
-  EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nremove", server).exit_code, 5u);
-  EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nassign letter=Z", server).exit_code, 5u);
-  EXPECT_EQ(server.files().VolumeAt('C'), server.disks()[0].partitions[0].volume);
+  for (const char* const info : {"Boot", "System"}) {
+    Server server;
+    AddTwoDisks(server);
+    server.disks()[0].partitions[0].info = info;
+    EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nremove", server).exit_code, 5u);
+    EXPECT_EQ(RunDiskpartScript("sel disk 0\nsel part 1\nassign letter=Z", server).exit_code, 5u);
+    EXPECT_EQ(server.files().VolumeAt('C'), server.disks()[0].partitions[0].volume);
+    EXPECT_TRUE(DiskpartOutput("sel disk 0\ndetail disk", server).find("Boot Disk  : Yes") !=
+                std::string::npos);
+  }
 }
 
 TEST(Diskpart, SelectingADiskDropsTheSelectedPartition) {

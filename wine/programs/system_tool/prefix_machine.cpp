@@ -64,13 +64,14 @@ std::optional<char> PrefixMachine::LetterOf(const Volume& volume) const {
   return state_.LetterOf(volume);
 }
 
-bool PrefixMachine::IsTaken(char letter) const {
-  return state_.letters.count(UpperLetter(letter)) != 0;
+std::shared_ptr<Volume> PrefixMachine::VolumeAt(char letter) const {
+  const auto found = state_.letters.find(UpperLetter(letter));
+  return found == state_.letters.end() ? nullptr : found->second;
 }
 
 std::optional<char> PrefixMachine::FreeLetter() const {
   for (char letter = 'C'; letter <= 'Z'; ++letter) {
-    if (!IsTaken(letter)) return letter;
+    if (VolumeAt(letter) == nullptr) return letter;
   }
   return std::nullopt;
 }

@@ -23,7 +23,7 @@ class PrefixMachine : public Machine {
   Boot& boot() override { return state_.boot; }
 
   std::optional<char> LetterOf(const Volume& volume) const override;
-  bool IsTaken(char letter) const override;
+  std::shared_ptr<Volume> VolumeAt(char letter) const override;
   std::optional<char> FreeLetter() const override;
   void Mount(char letter, const std::shared_ptr<Volume>& volume) override;
   void Unmount(char letter) override;
