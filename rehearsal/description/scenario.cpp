@@ -214,6 +214,8 @@ Scenario ReadScenario(const std::filesystem::path& file) {
   if (const auto boot = root.Find("boot")) {
     if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
     scenario.boot = std::make_shared<Boot>(ReadBoot(*boot, context.uefi));
+  } else if (scenario.HasBootStore()) {
+    scenario.boot = std::make_shared<Boot>(HealthyBoot(context.uefi));
   }
   if (!context.letters.contains('C')) {
     disks.Fail("a volume with the letter C, where Windows and the program are");

@@ -5,9 +5,8 @@
 //   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
 //   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
-//   partitions:    size, [number], [info] "System", "Boot" or "Hidden" as disks.h explains them,
-//   [volume] volume:        [label], [file_system], [letter] at present, [source_letter],
-//   [drive_type]
+//   partitions:    size, [number], [info] "System", "Boot" or "Hidden", see disks.h, [volume]
+//   volume:        [label], [file_system], [letter] at present, [source_letter], [drive_type]
 //                  "fixed" or "removable", [backup_info] lines, [import] a host folder, [source],
 //                  [lost], [unreadable]: see scenario_source.h
 //   tools:         name of a tool that this Windows has: "diskpart", "bcdedit" from 6.0 on,
@@ -96,7 +95,7 @@ struct Scenario {
   LANGID language = 1033;
   std::string computer_name = "MIGRATED";
   std::vector<ScenarioDisk> disks;  // numbered from 0
-  std::shared_ptr<Boot> boot;       // null if there is nothing to repair
+  std::shared_ptr<Boot> boot;       // if null and there is a store, a BIOS server's in order
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;
   bool common_startup_link = true;

@@ -204,14 +204,8 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
   for (const std::string& tool : scenario.Tools()) {
     InstallTool(tool, ToolProgram(tool), scenario, pace, server);
   }
-  if (scenario.boot) {
-    server.boot() = *scenario.boot;
-  } else if (scenario.HasBootStore()) {
-    const std::optional<SystemPartition> partition = FindSystemPartition(server.disks());
-    server.boot() = HealthyBoot(partition && partition->uefi);
-  } else {
-    server.boot() = {};
-  }
+  if (scenario.boot) server.boot() = *scenario.boot;
+  if (!scenario.HasBootStore()) server.boot() = {};
 
   const auto write_link = [&server](const std::string& folder) {
     constexpr size_t kRoot = 3;  // "C:\"

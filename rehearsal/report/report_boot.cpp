@@ -188,8 +188,11 @@ std::string BootReport(const BootChange& change) {
       text += "not repaired";
       break;
   }
-  for (size_t i = 0; i < outcome.wrong.size(); ++i)
-    text += (i == 0 ? ": " : "; ") + outcome.wrong[i];
+  const char* separator = ": ";
+  for (const std::string& wrong : outcome.wrong) {
+    text += separator + wrong;
+    separator = "; ";
+  }
   if (!outcome.cause.empty()) text += ": " + outcome.cause;
   text += "\n";
   if (!outcome.remedy.empty()) text += "  " + outcome.remedy + "\n";
