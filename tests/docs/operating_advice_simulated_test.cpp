@@ -62,7 +62,7 @@ TEST(SecondRun, DoesNotRepairABootManagerOnAnotherPartition) {
   EXPECT_EQ(run.server().boot().store, first);
 }
 
-// The commands under "The boot manager kept its language".
+// The steps under "The boot manager kept its language".
 TEST(BootAdvice, RepairsABootManagerOnAnotherPartition) {
   for (const char* const scenario : {"system_reserved", "uefi"}) {
     WholeRun run(scenario);
