@@ -171,6 +171,7 @@ int Rehearse(const Scenario& scenario, const Options& options) {
     return kWrongUsage;
   }
   Server server;
+  server.calls().KeepTrace(false);
   const Screen::Kind kind = KindOfScreen();
   const std::vector<SourceVolume> sources =
       Build(scenario, server, [&server, kind](const std::string& tool, const ChildProcess& child) {

@@ -1,8 +1,9 @@
 #include "rehearsal/description/prepare_folder.h"
 
+#include "rehearsal/description/sddl_texts.h"
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/common/path_name.h"
-#include "simulator/model/security/sddl_text.h"
+#include "simulator/model/files/node.h"
 
 namespace simulator {
 namespace {
@@ -17,11 +18,19 @@ std::string AclListName(char letter) { return ListName("aclbackup", letter); }
 std::string JunctionListName(char letter) { return ListName("juncbackup", letter); }
 
 std::string AclList(char letter, const Node& root, const AccountDomains& domains) {
+  SddlTexts texts(domains);
+  const auto line = [&texts](const std::string& path, const Node& node) {
+    return "\"" + path + "\"," + std::to_string(node.attributes) + ",\"" + texts.Of(node.security) +
+           "\"\r\n";
+  };
+  // In a block of just its size: the list of a large volume is most of what the volume needs.
+  size_t size = 0;
+  VisitTree(letter, root,
+            [&](const std::string& path, const Node& node) { size += line(path, node).size(); });
   std::string list;
-  VisitTree(letter, root, [&list, &domains](const std::string& path, const Node& node) {
-    list += "\"" + path + "\"," + std::to_string(node.attributes) + ",\"" +
-            SddlText(*node.security, domains) + "\"\r\n";
-  });
+  list.reserve(size);
+  VisitTree(letter, root,
+            [&](const std::string& path, const Node& node) { list += line(path, node); });
   return list;
 }
 

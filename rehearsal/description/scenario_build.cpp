@@ -30,7 +30,7 @@ bool CanHoldFile(const Volume& volume, std::string_view path) {
   for (const std::string& name : NamesBelowRoot(path)) {
     if (!IsValidName(name)) return false;
     if (node == nullptr) continue;
-    if (!node->IsFolder() || !node->reparse_data.empty()) return false;
+    if (!node->IsFolder() || !node->contents().reparse_data.empty()) return false;
     node = node->Child(name).get();
   }
   return node == nullptr || !node->IsFolder();

@@ -83,7 +83,7 @@ Descriptor Completed(const Descriptor& given, const Descriptor& inherited, const
 
 // Gives what is below a folder the descriptors that it lacks.
 void Secure(const Node& folder, const Given& given, SharedDescriptors& inherited) {
-  for (const auto& [key, child] : folder.children) {
+  for (const std::shared_ptr<Node>& child : folder.contents().children) {
     if (!child->security) {
       const bool is_folder = child->IsFolder();
       child->security = inherited.Below(folder.security, is_folder);
@@ -100,8 +100,8 @@ void Secure(const Node& folder, const Given& given, SharedDescriptors& inherited
 void CopyChildren(const Node& source, const ScenarioLosses& lost, Node& copy) {
   if (!lost.descriptors) copy.security = source.security;
   if (!lost.attributes) copy.attributes = source.attributes;
-  for (const auto& [key, child] : source.children) {
-    if (!child->reparse_data.empty()) continue;
+  for (const std::shared_ptr<Node>& child : source.contents().children) {
+    if (!child->contents().reparse_data.empty()) continue;
     const DWORD usual = child->IsFolder() ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
     CopyChildren(*child, lost, *Child(copy, child->name, usual));
   }
@@ -117,7 +117,7 @@ void CopyJunction(const ScenarioJunction& junction, const ScenarioLosses& lost, 
   const std::shared_ptr<Node> node = Make(root, junction.object.path, kind);
   if (!lost.descriptors) node->security = source.security;
   if (copy != JunctionCopy::kJunction) return;
-  if (!node->children.empty()) {
+  if (!node->contents().children.empty()) {
     throw ScenarioError(junction.object.path + ": expected a junction where the copy has no files");
   }
   if (!lost.attributes) node->attributes = source.attributes;
@@ -128,7 +128,7 @@ void Visit(const std::string& path, const Node& node,
            const std::function<void(const std::string& path, const Node& node)>& visit) {
   visit(path, node);
   const std::string below = path.ends_with('\\') ? path : path + "\\";
-  for (const auto& [key, child] : node.children) Visit(below + child->name, *child, visit);
+  for (const auto& child : node.contents().children) Visit(below + child->name, *child, visit);
 }
 
 }  // namespace
@@ -185,7 +185,7 @@ void VisitTree(char letter, const Node& root,
 }
 
 std::string JunctionTargetOf(const Node& node) {
-  std::string name = SubstituteName(node.reparse_data).value_or("");
+  std::string name = SubstituteName(node.contents().reparse_data).value_or("");
   return name.starts_with(kNtPrefix) ? name.substr(kNtPrefix.size()) : name;
 }
 

@@ -33,9 +33,10 @@ class Collector {
     std::string& text = state_[volume + ":" + path];
     text = std::to_string(node.attributes) + " " +
            simulator::SddlText(*node.security, server_.security().domains());
-    if (!node.reparse_data.empty()) text += " -> " + simulator::JunctionTargetOf(node);
-    if (!HasOtherBytes(path)) text += " " + std::to_string(std::hash<std::string>()(node.bytes));
-    for (const auto& [key, child] : node.children) {
+    if (!node.contents().reparse_data.empty()) text += " -> " + simulator::JunctionTargetOf(node);
+    if (!HasOtherBytes(path))
+      text += " " + std::to_string(std::hash<std::string>()(node.contents().bytes));
+    for (const auto& child : node.contents().children) {
       Collect(volume, path + "\\" + child->name, *child);
     }
   }

@@ -68,8 +68,8 @@ std::map<std::string, std::string> WholeRun::Copies() {
                          [&](const std::string& path, const simulator::Node&) {
                            const auto* const node = volume.copy->root->Find(path.substr(3));
                            if (node == nullptr) return;
-                           all[path] = std::to_string(node->attributes) + " " + node->reparse_data +
-                                       " " + SddlOf(server_, path);
+                           all[path] = std::to_string(node->attributes) + " " +
+                                       node->contents().reparse_data + " " + SddlOf(server_, path);
                          });
   }
   return all;

@@ -46,14 +46,15 @@ std::string ReadFile(const fs::path& file) {
 // Lists are text of the server's code page.
 void WriteTree(const Node& node, const fs::path& folder, LANGID language) {
   fs::create_directories(folder);
-  for (const auto& [key, child] : node.children) {
-    if (!child->reparse_data.empty()) continue;
+  for (const auto& child : node.contents().children) {
+    if (!child->contents().reparse_data.empty()) continue;
     const fs::path place = WinePrefix::Below(folder, child->name);
     if (child->IsFolder()) {
       WriteTree(*child, place, language);
     } else {
       const bool is_list = NameKey(node.name) == kPrepareFolder;
-      WriteFile(place, is_list ? InCodePage(child->bytes, language) : child->bytes);
+      WriteFile(place,
+                is_list ? InCodePage(child->contents().bytes, language) : child->contents().bytes);
     }
     if ((child->attributes & FILE_ATTRIBUTE_READONLY) != 0 && !child->IsFolder()) {
       fs::permissions(place,

@@ -186,4 +186,10 @@ std::string NameKey(std::string_view name) {
   return key;
 }
 
+bool IsNameBefore(std::string_view a, std::string_view b) {
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return static_cast<unsigned char>(ToLower(x)) < static_cast<unsigned char>(ToLower(y));
+  });
+}
+
 }  // namespace simulator

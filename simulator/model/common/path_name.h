@@ -52,6 +52,9 @@ bool IsValidName(std::string_view name);
 // Returns the key by which names are compared: the name with its ASCII letters in lower case.
 std::string NameKey(std::string_view name);
 
+// Returns true if the key of `a` is less than that of `b`; otherwise returns false.
+bool IsNameBefore(std::string_view a, std::string_view b);
+
 }  // namespace simulator
 
 #endif  // SIMULATOR_MODEL_COMMON_PATH_NAME_H_

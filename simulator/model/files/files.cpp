@@ -24,7 +24,7 @@ char UpperLetter(char letter) {
 
 // The path that a junction leads to, with the names that are left. Windows puts text to text.
 DWORD Redirect(const Node& junction, const PathName& path, size_t walked, std::string* onward) {
-  const std::optional<std::string> target = SubstituteName(junction.reparse_data);
+  const std::optional<std::string> target = SubstituteName(junction.contents().reparse_data);
   if (!target) return ERROR_CANT_ACCESS_FILE;  // nobody handles such a reparse point
   *onward = *target;
   for (size_t i = walked; i < path.names.size(); ++i) {
@@ -140,7 +140,7 @@ DWORD FileSystem::Walk(const PathName& path, AtEnd at_end, Place* place,
   place->ends_in_separator = path.ends_in_separator;
   for (size_t walked = 0;; ++walked) {
     const bool is_end = walked == path.names.size();
-    if (place->node && !place->node->reparse_data.empty() &&
+    if (place->node && !place->node->contents().reparse_data.empty() &&
         (!is_end || at_end == AtEnd::kFollow)) {
       return Redirect(*place->node, path, walked, onward);
     }

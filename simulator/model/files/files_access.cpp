@@ -76,13 +76,13 @@ DWORD FileSystem::MakeDirectory(std::string_view path) {
 
 DWORD FileSystem::Erase(const Place& place) {
   if (!place.parent || !May(place, DELETE, Intent::kBackup)) return ERROR_ACCESS_DENIED;
-  const Sharing& sharing = place.node->sharing;
+  const Sharing& sharing = place.node->contents().sharing;
   if (sharing.share_deleting < sharing.holders) return ERROR_SHARING_VIOLATION;
   if (sharing.holders > 0) Unsupported("deleting what is open");
   if (IsReadOnly(*place.node)) return ERROR_ACCESS_DENIED;
-  if (!place.node->children.empty()) return ERROR_DIR_NOT_EMPTY;
-  place.volume->free += place.node->bytes.size();
-  place.parent->children.erase(NameKey(place.name));
+  if (!place.node->contents().children.empty()) return ERROR_DIR_NOT_EMPTY;
+  place.volume->free += place.node->contents().bytes.size();
+  place.parent->RemoveChild(place.name);
   return ERROR_SUCCESS;
 }
 
@@ -120,16 +120,16 @@ DWORD FileSystem::Prepare(const Place& place, const OpenMode& mode, std::shared_
   if (IsReadOnly(*place.node) && (mode.write || mode.creation == Creation::kCreateAlways)) {
     return ERROR_ACCESS_DENIED;
   }
-  if (!Hold::IsPossible(place.node->sharing, AccessOf(mode), ShareOf(mode))) {
+  if (!Hold::IsPossible(place.node->contents().sharing, AccessOf(mode), ShareOf(mode))) {
     return ERROR_SHARING_VIOLATION;
   }
-  if (place.node->make_bytes && mode.write) {
+  if (place.node->contents().make_bytes && mode.write) {
     Unsupported("writing to a file that makes its bytes as they are read");
   }
   *node = place.node;
   if (mode.creation == Creation::kCreateAlways) {
-    place.volume->free += place.node->bytes.size();
-    place.node->bytes.clear();
+    place.volume->free += place.node->contents().bytes.size();
+    place.node->OwnContents().bytes.clear();
   }
   return ERROR_SUCCESS;
 }
@@ -169,7 +169,8 @@ DWORD FileSystem::OpenHandle(std::string_view path, const HandleMode& mode,
   if (!is_folder && IsReadOnly(*place.node) && (access & kWriting) != 0) {
     return ERROR_ACCESS_DENIED;
   }
-  if (!Hold::IsPossible(place.node->sharing, access, mode.share)) return ERROR_SHARING_VIOLATION;
+  if (!Hold::IsPossible(place.node->contents().sharing, access, mode.share))
+    return ERROR_SHARING_VIOLATION;
   opened = std::make_shared<OpenNode>(
       place.volume, std::make_unique<Hold>(shared_, place.node, access, mode.share), access);
   node->swap(opened);
@@ -184,11 +185,13 @@ DWORD FileSystem::SetReparsePoint(const OpenNode& node, std::string_view buffer)
   const DWORD error = CheckReparseBuffer(buffer);
   if (error != ERROR_SUCCESS) return error;
   if (!held.IsFolder()) return ERROR_DIRECTORY;
-  if (!held.reparse_data.empty() && ReparseTag(held.reparse_data) != ReparseTag(buffer)) {
+  if (!held.contents().reparse_data.empty() &&
+      ReparseTag(held.contents().reparse_data) != ReparseTag(buffer)) {
     return ERROR_REPARSE_TAG_MISMATCH;
   }
   // A root always holds the file system's own files.
-  if (!held.children.empty() || &held == node.On().root.get()) return ERROR_DIR_NOT_EMPTY;
+  if (!held.contents().children.empty() || &held == node.On().root.get())
+    return ERROR_DIR_NOT_EMPTY;
   held.MakeReparsePoint(std::string(buffer));
   return ERROR_SUCCESS;
 }

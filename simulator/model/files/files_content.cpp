@@ -13,13 +13,16 @@ namespace simulator {
 namespace {
 
 void SetBytes(Node& node, std::string bytes) {
-  node.bytes = std::move(bytes);
-  node.make_bytes = nullptr;
+  if (bytes.empty() && node.contents().bytes.empty() && !node.contents().make_bytes) return;
+  NodeContents& contents = node.OwnContents();
+  contents.bytes = std::move(bytes);
+  contents.make_bytes = nullptr;
 }
 
 const std::string& BytesOf(const Node& node) {
-  if (node.make_bytes) Unsupported("all the bytes of a file that makes them as they are read");
-  return node.bytes;
+  if (node.contents().make_bytes)
+    Unsupported("all the bytes of a file that makes them as they are read");
+  return node.contents().bytes;
 }
 
 }  // namespace
@@ -33,7 +36,8 @@ std::shared_ptr<Node> FileSystem::MakeBelow(const Volume& volume,
     const bool is_last = i + 1 == names.size();
     const std::string& name = names[i];
     if (!node->IsFolder()) Unsupported("a file or folder below a file: " + name);
-    if (!node->reparse_data.empty()) Unsupported("a file or folder below a junction: " + name);
+    if (!node->contents().reparse_data.empty())
+      Unsupported("a file or folder below a junction: " + name);
     if (!IsValidName(name)) Unsupported("the file name " + name);
     const std::shared_ptr<Node> child = node->Child(name);
     node = child ? child : Add(*node, name, is_last ? attributes : FILE_ATTRIBUTE_DIRECTORY);
@@ -70,7 +74,7 @@ void FileSystem::WriteMade(std::string_view path, MakeBytes make_bytes) {
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_ARCHIVE);
   SetBytes(node, {});
-  node.make_bytes = std::move(make_bytes);
+  node.OwnContents().make_bytes = std::move(make_bytes);
 }
 
 void FileSystem::WriteOn(const Volume& volume, std::string_view path, std::string bytes) {
@@ -105,7 +109,9 @@ std::vector<std::string> FileSystem::List(std::string_view folder) const {
   std::vector<std::string> names;
   const std::shared_ptr<Node> node = Find(folder);
   if (!node) return names;
-  for (const auto& [key, child] : node->children) names.push_back(child->name);
+  for (const std::shared_ptr<Node>& child : node->contents().children) {
+    names.push_back(child->name);
+  }
   return names;
 }
 
@@ -114,7 +120,7 @@ void FileSystem::Remove(std::string_view path) {
   Place place;
   if (Locate(path, AtEnd::kStay, &place) != ERROR_SUCCESS || !place.node) return;
   if (!place.parent) Unsupported("removing the root " + std::string(path));
-  place.parent->children.erase(NameKey(place.name));
+  place.parent->RemoveChild(place.name);
 }
 
 void FileSystem::SetDescriptor(std::string_view path, const Descriptor& descriptor) {
@@ -136,14 +142,15 @@ void FileSystem::MakeJunction(std::string_view path, std::string_view target) {
   const std::lock_guard lock(shared_->mutex);
   const std::vector<std::string> names = ParsePath(path, current_folder_).names;
   Node& node = *MakeBelow(VolumeFor(path), names, FILE_ATTRIBUTE_DIRECTORY);
-  if (!node.children.empty()) Unsupported("a junction in place of a folder that is not empty");
+  if (!node.contents().children.empty())
+    Unsupported("a junction in place of a folder that is not empty");
   node.MakeReparsePoint(JunctionBuffer(target));
 }
 
 std::optional<std::string> FileSystem::JunctionTarget(std::string_view path) const {
   const std::lock_guard lock(shared_->mutex);
   const std::shared_ptr<Node> node = Find(path);
-  return node ? SubstituteName(node->reparse_data) : std::nullopt;
+  return node ? SubstituteName(node->contents().reparse_data) : std::nullopt;
 }
 
 const Volume& FileSystem::VolumeFor(std::string_view path) const {

@@ -130,7 +130,7 @@ DWORD FileSystem::SetSecurity(std::string_view path, const SecurityChange& chang
     if (place.parent) Reinherit(kind, *place.parent->security, is_folder, &after);
   }
   if (!Fits(after)) return ERROR_INVALID_ACL;
-  place.node->security = std::make_shared<const Descriptor>(std::move(after));
+  place.node->security = inherited_->Of(std::move(after));
   const SECURITY_INFORMATION lists = change.information & kLists;
   if (lists != 0 && is_folder) {
     Passed passed;
@@ -144,7 +144,7 @@ DWORD FileSystem::SetSecurity(std::string_view path, const SecurityChange& chang
 // others; what they lead to lies elsewhere.
 void FileSystem::PassOn(const Place& folder, const Descriptor& before, SECURITY_INFORMATION lists,
                         Passed* passed) {
-  for (const auto& [key, child] : folder.node->children) {
+  for (const std::shared_ptr<Node>& child : folder.node->contents().children) {
     Place place;
     place.volume = folder.volume;
     place.parent = folder.node;
@@ -159,9 +159,8 @@ void FileSystem::PassOn(const Place& folder, const Descriptor& before, SECURITY_
         MarkInherited(kind, before, is_folder, &after);
         Reinherit(kind, *folder.node->security, is_folder, &after);
       }
-      made = after == *child->security || !Fits(after)
-                 ? child->security
-                 : std::make_shared<const Descriptor>(std::move(after));
+      made = after == *child->security || !Fits(after) ? child->security
+                                                       : inherited_->Of(std::move(after));
     }
     if (made == child->security || !May(place, WRITE_DAC, Intent::kBackup)) continue;
     const SharedDescriptors::Shared child_before = std::exchange(child->security, made);

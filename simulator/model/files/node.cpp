@@ -6,9 +6,32 @@
 
 namespace simulator {
 
+bool ByName::operator()(const std::shared_ptr<Node>& a, const std::shared_ptr<Node>& b) const {
+  return IsNameBefore(a->name, b->name);
+}
+
+bool ByName::operator()(const std::shared_ptr<Node>& a, std::string_view b) const {
+  return IsNameBefore(a->name, b);
+}
+
+bool ByName::operator()(std::string_view a, const std::shared_ptr<Node>& b) const {
+  return IsNameBefore(a, b->name);
+}
+
+const NodeContents& Node::contents() const {
+  static const NodeContents none;
+  return contents_ ? *contents_ : none;
+}
+
+NodeContents& Node::OwnContents() {
+  if (!contents_) contents_ = std::make_unique<NodeContents>();
+  return *contents_;
+}
+
 std::shared_ptr<Node> Node::Child(std::string_view child) const {
-  const auto found = children.find(NameKey(child));
-  return found == children.end() ? nullptr : found->second;
+  const auto& children = contents().children;
+  const auto found = children.find(child);
+  return found == children.end() ? nullptr : *found;
 }
 
 const Node* Node::Find(std::string_view path) const {
@@ -25,12 +48,17 @@ std::shared_ptr<Node> Node::AddChild(std::string_view child, DWORD child_attribu
   auto node = std::make_shared<Node>();
   node->name = child;
   node->attributes = child_attributes;
-  children.emplace(NameKey(child), node);
+  OwnContents().children.insert(node);
   return node;
 }
 
+void Node::RemoveChild(std::string_view child) {
+  auto& children = OwnContents().children;
+  children.erase(children.find(child));
+}
+
 void Node::MakeReparsePoint(std::string buffer) {
-  reparse_data = std::move(buffer);
+  OwnContents().reparse_data = std::move(buffer);
   attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
 }
 

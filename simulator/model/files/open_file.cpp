@@ -40,7 +40,7 @@ Hold::~Hold() {
 
 void Hold::Count(int by) {
   if (!IsCounted(access_)) return;
-  Sharing& sharing = node_->sharing;
+  Sharing& sharing = node_->OwnContents().sharing;
   sharing.holders += by;
   if ((access_ & kReading) != 0) sharing.readers += by;
   if ((access_ & kWriting) != 0) sharing.writers += by;
@@ -64,11 +64,11 @@ DWORD OpenFile::Read(char* buffer, size_t size, size_t* read) {
   *read = 0;
   if (!mode_.read) return ERROR_ACCESS_DENIED;
   const std::lock_guard lock(shared_->mutex);
-  const Node& node = hold_->Held();
-  if (node.make_bytes) {
-    *read = node.make_bytes(position_, buffer, size);
-  } else if (position_ < node.bytes.size()) {
-    *read = node.bytes.copy(buffer, size, position_);
+  const NodeContents& contents = hold_->Held().contents();
+  if (contents.make_bytes) {
+    *read = contents.make_bytes(position_, buffer, size);
+  } else if (position_ < contents.bytes.size()) {
+    *read = contents.bytes.copy(buffer, size, position_);
   }
   position_ += *read;
   return ERROR_SUCCESS;
@@ -79,7 +79,7 @@ DWORD OpenFile::Write(std::string_view bytes, size_t* written) {
   if (!mode_.write) return ERROR_ACCESS_DENIED;
   if (bytes.empty()) return ERROR_SUCCESS;
   const std::lock_guard lock(shared_->mutex);
-  std::string& stored = hold_->Held().bytes;
+  std::string& stored = hold_->Held().OwnContents().bytes;
   if (mode_.append) position_ = stored.size();
 
   const size_t gap = position_ > stored.size() ? position_ - stored.size() : 0;
@@ -105,8 +105,9 @@ void OpenFile::StepBack() {
 
 void OpenFile::DropLast(char byte) {
   const std::lock_guard lock(shared_->mutex);
-  if (hold_->Held().bytes.empty() || hold_->Held().bytes.back() != byte) return;
-  hold_->Held().bytes.pop_back();
+  std::string& stored = hold_->Held().OwnContents().bytes;
+  if (stored.empty() || stored.back() != byte) return;
+  stored.pop_back();
   ++volume_->free;
 }
 

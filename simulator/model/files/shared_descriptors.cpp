@@ -1,5 +1,8 @@
 #include "simulator/model/files/shared_descriptors.h"
 
+#include <algorithm>
+#include <functional>
+#include <string>
 #include <utility>
 
 #include "simulator/model/files/node.h"
@@ -58,9 +61,25 @@ SharedDescriptors::Shared SharedDescriptors::Below(const Shared& parent, bool is
   return child;
 }
 
+SharedDescriptors::Shared SharedDescriptors::Of(Descriptor descriptor) {
+  const size_t hash = std::hash<std::string>()(DescriptorBytes(descriptor));
+  for (auto [known, end] = known_.equal_range(hash); known != end; ++known) {
+    Shared shared = known->second.lock();
+    if (shared && *shared == descriptor) return shared;
+  }
+  if (known_.size() >= most_known_) {
+    std::erase_if(known_, [](const auto& known) { return known.second.expired(); });
+    most_known_ = std::max(most_known_, 2 * known_.size());
+  }
+  // A block of its own, unlike that of make_shared, is freed with its last user.
+  Shared made(new Descriptor(std::move(descriptor)));
+  known_.emplace(hash, made);
+  return made;
+}
+
 void SharedDescriptors::Complete(Node& node, const Shared& missing) {
   if (!node.security) node.security = missing;
-  for (const auto& [key, child] : node.children) {
+  for (const std::shared_ptr<Node>& child : node.contents().children) {
     Complete(*child, Below(node.security, child->IsFolder()));
   }
 }

@@ -49,7 +49,7 @@ class SourceTreeTest : public tests::ScenarioTest {
   }
   Names NamesIn(const std::string& path) {
     Names names;
-    for (const auto& [key, child] : At(path).children) names.push_back(child->name);
+    for (const auto& child : At(path).contents().children) names.push_back(child->name);
     return names;
   }
 

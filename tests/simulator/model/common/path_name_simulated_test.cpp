@@ -185,5 +185,14 @@ TEST(ValidName, MayHave255Units) {
 
 TEST(NameKey, LowersAsciiOnly) { EXPECT_EQ(NameKey("aB\xC3\x84"), "ab\xC3\x84"); }
 
+TEST(NameOrder, IsThatOfTheKeys) {
+  const std::vector<std::string> names = {"", "A", "a", "a.", "aB", "AC", "Z", "_", "\xC3\x84"};
+  for (const std::string& a : names) {
+    for (const std::string& b : names) {
+      EXPECT_EQ(IsNameBefore(a, b), NameKey(a) < NameKey(b)) << a << " " << b;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace simulator

@@ -185,14 +185,14 @@ TEST_F(SimulatedJunctions, AreNotMadeOfFiles) {
 TEST_F(SimulatedJunctions, DoNotReplaceReparsePointsOfAnotherKind) {
   files_.MakeJunction("C:\\Link", "D:\\Data");
   const auto link = OpenFolder("C:\\Link", true);
-  link->Held().reparse_data[0] = '\x0C';  // a symbolic link's
+  link->Held().OwnContents().reparse_data[0] = '\x0C';  // a symbolic link's
   EXPECT_EQ(files_.SetReparsePoint(*link, JunctionBuffer("D:\\")),
             DWORD{ERROR_REPARSE_TAG_MISMATCH});
 }
 
 TEST_F(SimulatedJunctions, AreTheOnlyReparsePointsThatLeadAnywhere) {
   files_.MakeJunction("C:\\Link", "D:\\Data");
-  OpenFolder("C:\\Link", true)->Held().reparse_data[0] = '\x0C';
+  OpenFolder("C:\\Link", true)->Held().OwnContents().reparse_data[0] = '\x0C';
   EXPECT_EQ(AttributesError("C:\\Link\\a.txt"), DWORD{ERROR_CANT_ACCESS_FILE});
 }
 

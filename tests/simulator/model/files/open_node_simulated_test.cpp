@@ -143,7 +143,7 @@ TEST_F(HandlesToFiles, OutliveTheServersFiles) {
                                &node),
               DWORD{ERROR_SUCCESS});
   }
-  EXPECT_EQ(node->Held().bytes, "x");
+  EXPECT_EQ(node->Held().contents().bytes, "x");
 }
 
 }  // namespace

@@ -74,6 +74,23 @@ TEST_F(NewDescriptors, AreOneObjectForAllThatGetTheSame) {
   EXPECT_NE(root.Child("a")->security, root.Child("folder")->security);
 }
 
+// As the program sets them, one after the other.
+TEST_F(NewDescriptors, AreOneObjectForAllThatAreGivenTheSame) {
+  for (const char* const path : {"C:\\a", "C:\\b", "C:\\c"}) files_.Write(path, "");
+  const auto set = [this](const char* path, const std::string& sddl) {
+    SecurityChange change;
+    change.information = DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION;
+    change.parts = *Parse(sddl);
+    EXPECT_EQ(files_.SetSecurity(path, change), DWORD{ERROR_SUCCESS});
+  };
+  set("C:\\a", "D:P(A;;FA;;;BA)");
+  set("C:\\b", "D:P(A;;FA;;;BA)");
+  set("C:\\c", "D:P(A;;FR;;;BA)");
+  const Node& root = *files_.VolumeAt('C')->root;
+  EXPECT_EQ(root.Child("a")->security, root.Child("b")->security);
+  EXPECT_NE(root.Child("a")->security, root.Child("c")->security);
+}
+
 TEST_F(NewDescriptors, FillTheGapsOfATreeThatIsAdded) {
   Volume volume;
   volume.root = std::make_shared<Node>();
