@@ -1,5 +1,5 @@
 // The capture of a tool's output against a bare loop of the same reads, and its growth with the
-// size.
+// size. Two threads wait for each other: the times are only shown. tests/load counts the reads.
 #include <windows.h>
 
 #include <benchmark/benchmark.h>
@@ -92,8 +92,8 @@ BENCHMARK(Captured256)->UseRealTime()->Iterations(1);
 BENCHMARK(Bare64)->UseRealTime()->Iterations(1);
 
 const benchmarks::RegisterRatio against_bare({"64 MB of captured output / bare reads", "Captured64",
-                                              "Bare64", 1.1});
+                                              "Bare64", 0});
 const benchmarks::RegisterRatio growth({"256 MB of captured output / 64 MB", "Captured256",
-                                        "Captured64", 4.4});
+                                        "Captured64", 0});
 
 }  // namespace

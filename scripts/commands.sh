@@ -5,7 +5,7 @@
 program_packages='g++ cmake ninja-build nlohmann-json3-dev binutils-mingw-w64-x86-64'
 test_packages='libgtest-dev clang libclang-rt-14-dev'
 windows_packages='g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 googletest wine wine64 wine64-preloader xvfb xauth locales imagemagick zip'
-bench_packages='libbenchmark-dev valgrind acl'
+bench_packages='libbenchmark-dev valgrind acl time'
 coverage_packages='gcovr'
 static_packages='clang-tidy cppcheck'
 font_packages='fonts-wine fonts-wqy-microhei'  # for pictures

@@ -75,8 +75,8 @@ void CheckTrims(std::string_view text, std::string_view set) {
              text.substr(first + trimmed.size()).find_first_not_of(' ') == std::string_view::npos,
          "nothing but blanks is trimmed");
 
-  const std::string left = common::TrimLeft(text, set);
-  const std::string right = common::TrimRight(text, set);
+  const std::string_view left = common::TrimLeft(text, set);
+  const std::string_view right = common::TrimRight(text, set);
   if (text.find_first_not_of(set) == std::string_view::npos) {
     Expect(left == text && right == text, "a text of such characters alone is not trimmed");
     return;

@@ -31,20 +31,13 @@ bool IsProtected(std::string_view sddl, size_t start) {
   return first_entry != kNone && sddl.substr(start, first_entry - start).find('P') != kNone;
 }
 
-uint32_t ListInformation(std::string_view sddl, std::string_view name, uint32_t list,
-                         uint32_t is_protected, uint32_t is_unprotected) {
-  const size_t found = sddl.find(name);
-  if (found == kNone) return 0;
-  return list | (IsProtected(sddl, found + name.size()) ? is_protected : is_unprotected);
-}
-
 }  // namespace
 
 AclBackupRecord ParseAclLine(std::string_view line) {
   line = line.substr(0, line.find('\0'));
   // The trims below would return a line end alone unchanged, but an empty line has no path.
   if (line.find_first_not_of("\r\n") == kNone) return {};
-  const std::string text = common::TrimLeft(common::TrimRight(line, "\r\n\""), "\"");
+  const std::string_view text = common::TrimLeft(common::TrimRight(line, "\r\n\""), "\"");
 
   // Oddity: line without separators, see docs/oddities.md.
   const size_t path_end = text.find("\",");
@@ -61,9 +54,20 @@ AclBackupRecord ParseAclLine(std::string_view line) {
 uint32_t SecurityInformationOf(std::string_view sddl) {
   // Oddity: parts found anywhere, see docs/oddities.md.
   // Oddity: labels in the SACL, see docs/oddities.md.
-  return ListInformation(sddl, "D:", kDacl, kProtectedDacl, kUnprotectedDacl) |
-         ListInformation(sddl, "S:", kSacl, kProtectedSacl, kUnprotectedSacl) |
-         (sddl.find("O:") != kNone ? kOwner : 0) | (sddl.find("G:") != kNone ? kGroup : 0);
+  uint32_t parts = 0;
+  for (size_t colon = sddl.find(':', 1); colon != kNone; colon = sddl.find(':', colon + 1)) {
+    const char name = sddl[colon - 1];
+    if (name == 'O') parts |= kOwner;
+    if (name == 'G') parts |= kGroup;
+    // The first of each kind decides.
+    if (name == 'D' && (parts & kDacl) == 0) {
+      parts |= kDacl | (IsProtected(sddl, colon + 1) ? kProtectedDacl : kUnprotectedDacl);
+    }
+    if (name == 'S' && (parts & kSacl) == 0) {
+      parts |= kSacl | (IsProtected(sddl, colon + 1) ? kProtectedSacl : kUnprotectedSacl);
+    }
+  }
+  return parts;
 }
 
 }  // namespace acl

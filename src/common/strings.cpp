@@ -6,12 +6,13 @@
 namespace common {
 namespace {
 
-char ToUpper(char character) {
-  return character >= 'a' && character <= 'z' ? static_cast<char>(character - 0x20) : character;
+// Both convert in place, and store only what changes: most of a descriptor is upper case already.
+void ToUpper(char& character) {
+  if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 0x20);
 }
 
-char ToLower(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 0x20) : character;
+void ToLower(char& character) {
+  if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 0x20);
 }
 
 }  // namespace
@@ -36,26 +37,26 @@ std::string TrimSpaces(std::string_view text) {
 }
 
 // Oddity: trims that leave a text, see docs/oddities.md.
-std::string TrimLeft(std::string_view text, std::string_view set) {
+std::string_view TrimLeft(std::string_view text, std::string_view set) {
   const size_t first = text.find_first_not_of(set);
-  return std::string(first == std::string_view::npos ? text : text.substr(first));
+  return first == std::string_view::npos ? text : text.substr(first);
 }
 
 // Oddity: trims that leave a text, see docs/oddities.md.
-std::string TrimRight(std::string_view text, std::string_view set) {
+std::string_view TrimRight(std::string_view text, std::string_view set) {
   const size_t last = text.find_last_not_of(set);
-  return std::string(last == std::string_view::npos ? text : text.substr(0, last + 1));
+  return last == std::string_view::npos ? text : text.substr(0, last + 1);
 }
 
 std::string ToUpperAscii(std::string_view text) {
   std::string upper(text);
-  for (char& character : upper) character = ToUpper(character);
+  for (char& character : upper) ToUpper(character);
   return upper;
 }
 
 std::string ToLowerAscii(std::string_view text) {
   std::string lower(text);
-  for (char& character : lower) character = ToLower(character);
+  for (char& character : lower) ToLower(character);
   return lower;
 }
 

@@ -21,8 +21,9 @@ std::string TrimSpaces(std::string_view text);
 
 // Remove leading or trailing characters of `set`. If all characters of the text are in `set`, it is
 // returned unchanged: unlike TrimSpaces, these two never return an empty text for a nonempty one.
-std::string TrimLeft(std::string_view text, std::string_view set);
-std::string TrimRight(std::string_view text, std::string_view set);
+// The result refers to the characters of `text`.
+std::string_view TrimLeft(std::string_view text, std::string_view set);
+std::string_view TrimRight(std::string_view text, std::string_view set);
 
 // Convert the 26 ASCII letters; all other bytes are unchanged.
 std::string ToUpperAscii(std::string_view text);
