@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@
 #include "rehearsal/command.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
+#include "rehearsal/description/tool_history.h"
 #include "rehearsal/options.h"
 #include "rehearsal/report/report_boot.h"
 #include "rehearsal/report/report_descriptors.h"
@@ -173,10 +175,14 @@ int Rehearse(const Scenario& scenario, const Options& options) {
   Server server;
   server.calls().KeepTrace(false);
   const Screen::Kind kind = KindOfScreen();
-  const std::vector<SourceVolume> sources =
-      Build(scenario, server, [&server, kind](const std::string& tool, const ChildProcess& child) {
+  const auto history = std::make_shared<ToolHistory>();
+  const std::vector<SourceVolume> sources = Build(
+      scenario, server,
+      [&server, kind](const std::string& tool, const ChildProcess& child) {
         PassTime(server, kind, tool, child);
-      });
+      },
+      history);
+  const std::vector<DiskFacts> disks = GatherDisks(server);
   const std::vector<JunctionState> junctions = JunctionStates(sources);
   const BootStore boot = server.boot().store;
   std::cout << scenario.title << "\n\n";
@@ -189,11 +195,12 @@ int Rehearse(const Scenario& scenario, const Options& options) {
 
   std::cout << "\n"
             << BootReport(GatherBoot(scenario, boot, server))
-            << LetterReport(GatherLetters(scenario, server))
+            << LetterReport(GatherLetters(scenario, disks, history->Calls(), LettersOn(server)))
             << JunctionReport(GatherJunctions(sources, junctions, server))
             << DescriptorReport(GatherDescriptors(sources, server.security().domains()))
             << RestartReport(server.shutdown().Scheduled());
   if (!CopyLogs(server, options.logs)) return kRunFailed;
+  if (outcome != Outcome::kCancelled) ExpectReached(scenario, server);
   return ExitStatus(outcome, server, user);
 }
 

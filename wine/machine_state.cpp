@@ -99,6 +99,13 @@ MachineState Read(const json& from) {
     state.answers.push_back(std::move(answer));
   }
   from.at("calls").get_to(state.calls);
+  for (const json& each : from.at("history")) {
+    ToolCall call;
+    each.at("name").get_to(call.name);
+    each.at("script").get_to(call.script);
+    each.at("exit_code").get_to(call.exit_code);
+    state.history.push_back(std::move(call));
+  }
   return state;
 }
 
@@ -122,6 +129,11 @@ std::string MachineStateText(const MachineState& state) {
                        {"output", answer.output},
                        {"is_held", answer.is_held}});
   }
+  json history = json::array();
+  for (const ToolCall& call : state.history) {
+    history.push_back(
+        {{"name", call.name}, {"script", call.script}, {"exit_code", call.exit_code}});
+  }
   const System& system = state.system;
   const json text = {{"system",
                       {{"major_version", system.major_version},
@@ -133,7 +145,8 @@ std::string MachineStateText(const MachineState& state) {
                      {"boot", json::parse(BootStoreFile(state.boot.store))},
                      {"current", state.boot.current},
                      {"answers", std::move(answers)},
-                     {"calls", state.calls}};
+                     {"calls", state.calls},
+                     {"history", std::move(history)}};
   return text.dump(1, ' ', false, json::error_handler_t::replace);
 }
 

@@ -15,6 +15,7 @@
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/server.h"
+#include "simulator/tools/tools.h"
 
 namespace simulator {
 
@@ -45,6 +46,7 @@ struct MachineState {
   Boot boot;
   std::vector<ToolAnswer> answers;
   std::map<std::string, int> calls;  // so far, by the tool's name
+  std::vector<ToolCall> history;     // those that have ended
 
   std::optional<char> LetterOf(const Volume& volume) const;
 };

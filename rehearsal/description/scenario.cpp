@@ -8,6 +8,7 @@
 #include "rehearsal/description/scenario_boot.h"
 #include "rehearsal/description/scenario_json.h"
 #include "simulator/model/boot/boot_store.h"
+#include "simulator/model/call_names.h"
 #include "simulator/model/server.h"
 
 namespace simulator {
@@ -138,6 +139,7 @@ ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
 ScenarioTool ReadTool(const JsonPlace& place, const std::vector<std::string>& tools) {
   place.AllowKeys({"name", "call", "exit_code", "output"});
   ScenarioTool tool;
+  tool.place = place.Where();
   tool.name = place.At("name").Text();
   if (std::ranges::find(tools, tool.name) == tools.end()) {
     std::string names;
@@ -146,6 +148,7 @@ ScenarioTool ReadTool(const JsonPlace& place, const std::vector<std::string>& to
   }
   if (const auto call = place.Find("call")) {
     tool.call = static_cast<int>(call->Number(1, std::numeric_limits<int>::max()));
+    tool.place = call->Where();
   }
   tool.exit_code = static_cast<DWORD>(place.At("exit_code").Number(0, kMaxDword));
   if (const auto output = place.Find("output")) tool.output = output->Text();
@@ -156,8 +159,13 @@ ScenarioFault ReadFault(const JsonPlace& place) {
   place.AllowKeys({"call", "occurrence", "error", "for_good"});
   ScenarioFault fault;
   fault.name = place.At("call").Line();
+  fault.place = place.At("call").Where();
+  if (std::ranges::find(CallNames(), fault.name) == CallNames().end()) {
+    place.At("call").Fail("the name of a call that the program can make, such as \"CreatePipe\"");
+  }
   if (const auto occurrence = place.Find("occurrence")) {
     fault.occurrence = static_cast<int>(occurrence->Number(1, std::numeric_limits<int>::max()));
+    fault.place = occurrence->Where();
   }
   fault.error = static_cast<uint32_t>(place.At("error").Number(0, kMaxDword));
   const auto for_good = place.Find("for_good");

@@ -11,7 +11,8 @@
 //                  [lost], [unreadable]: see scenario_source.h
 //   tools:         name of a tool that this Windows has: "diskpart", "bcdedit" from 6.0 on,
 //                  "bcdboot" from 6.1 on; exit_code, [call] counted from 1, [output]
-//   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]
+//   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]; the names
+//                  are in simulator/model/call_names.cpp
 //   startup_links: [common], [program]: whether each shortcut exists; both true by default
 #ifndef REHEARSAL_DESCRIPTION_SCENARIO_H_
 #define REHEARSAL_DESCRIPTION_SCENARIO_H_
@@ -21,6 +22,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -33,6 +35,7 @@ namespace simulator {
 
 class ChildProcess;
 class Server;
+class ToolHistory;
 enum class Lasting;
 struct Boot;
 struct SourceVolume;
@@ -78,13 +81,15 @@ struct ScenarioTool {
   int call = 1;
   DWORD exit_code = 0;
   std::string output;
+  std::string place = {};  // "FILE: /tools/0/call"
 };
 
 struct ScenarioFault {
   std::string name;
   int occurrence = 1;
   uint32_t error = 0;
-  Lasting lasting{};  // once
+  Lasting lasting{};       // once
+  std::string place = {};  // "FILE: /faults/0/occurrence"
 };
 
 struct Scenario {
@@ -114,11 +119,19 @@ Scenario ReadScenario(const std::filesystem::path& file);
 using ToolPace = std::function<void(const std::string& tool, ChildProcess& child)>;
 
 // Sets up a new server as the scenario describes it. Returns the volumes of the source server, in
-// the order of the disks. Throws ScenarioError if a folder cannot be imported, or if an object of
-// the scenario conflicts with one of the server: a file in place of a folder, or a junction above
-// the server's files.
+// the order of the disks. `history` gets the calls of the tools; it may be null. Throws
+// ScenarioError if a folder cannot be imported, or if an object of the scenario conflicts with one
+// of the server: a file in place of a folder, or a junction above the server's files.
 std::vector<SourceVolume> Build(const Scenario& scenario, Server& server,
-                                const ToolPace& pace = nullptr);
+                                const ToolPace& pace = nullptr,
+                                const std::shared_ptr<ToolHistory>& history = nullptr);
+
+// Call this after a run that was not cancelled. Throws ScenarioError for the first tool call of the
+// scenario that the run did not reach. `tool_calls` says how often each tool was started.
+void ExpectReached(const Scenario& scenario, const std::map<std::string, int>& tool_calls);
+
+// Likewise, for the tools and the faults of a scenario that was built on this server.
+void ExpectReached(const Scenario& scenario, Server& server);
 
 }  // namespace simulator
 

@@ -9,6 +9,7 @@
 #include "rehearsal/description/prepare_folder.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
+#include "rehearsal/description/tool_history.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/common/path_name.h"
@@ -168,31 +169,47 @@ Program ToolProgram(const std::string& name) {
   return name == "bcdedit" ? BcdeditProgram() : BcdbootProgram();
 }
 
+// What the call of the tool was to do; empty if that is not a readable script.
+std::string ScriptOf(const ChildProcess& child, Server& server) {
+  const std::vector<std::string> arguments = child.Arguments();
+  if (arguments.size() != 3 || arguments[1] != "/s") return "";
+  std::string script = server.files().Read(arguments[2]).value_or("");
+  std::erase(script, '\r');
+  return script;
+}
+
 // Installs the tool, but for the calls that are to misbehave.
 void InstallTool(const std::string& name, Program real, const Scenario& scenario,
-                 const ToolPace& pace, Server& server) {
+                 const ToolPace& pace, const std::shared_ptr<ToolHistory>& history,
+                 Server& server) {
   std::vector<ScenarioTool> calls;
   std::copy_if(scenario.tools.begin(), scenario.tools.end(), std::back_inserter(calls),
                [&name](const ScenarioTool& tool) { return tool.name == name; });
   const auto count = std::make_shared<std::atomic<int>>(0);
-  server.processes().Install(name,
-                             [name, pace, count, real = std::move(real), calls = std::move(calls)](
-                                 Server& at, ChildProcess& child) -> DWORD {
-                               if (pace) pace(name, child);
-                               if (child.Terminated()) return 1;
-                               const int call = ++*count;
-                               for (const ScenarioTool& tool : calls) {
-                                 if (tool.call != call) continue;
-                                 child.WriteOutput(tool.output);
-                                 return tool.exit_code;
-                               }
-                               return real(at, child);
-                             });
+  const auto run = [count, real = std::move(real), calls = std::move(calls)](
+                       Server& at, ChildProcess& child) -> DWORD {
+    const int call = ++*count;
+    for (const ScenarioTool& tool : calls) {
+      if (tool.call != call) continue;
+      child.WriteOutput(tool.output);
+      return tool.exit_code;
+    }
+    return real(at, child);
+  };
+  server.processes().Install(name, [=](Server& at, ChildProcess& child) -> DWORD {
+    if (pace) pace(name, child);
+    if (child.Terminated()) return 1;
+    ToolCall call{name, ScriptOf(child, at)};
+    call.exit_code = run(at, child);
+    if (history) history->Add(call);
+    return call.exit_code;
+  });
 }
 
 }  // namespace
 
-std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const ToolPace& pace) {
+std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const ToolPace& pace,
+                                const std::shared_ptr<ToolHistory>& history) {
   System& system = server.system();
   system.major_version = scenario.major_version;
   system.minor_version = scenario.minor_version;
@@ -202,7 +219,7 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
   for (const std::string& tool : scenario.Tools()) {
-    InstallTool(tool, ToolProgram(tool), scenario, pace, server);
+    InstallTool(tool, ToolProgram(tool), scenario, pace, history, server);
   }
   if (scenario.boot) server.boot() = *scenario.boot;
   if (!scenario.HasBootStore()) server.boot() = {};

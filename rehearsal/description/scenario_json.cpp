@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <set>
 
 #include "rehearsal/description/scenario.h"
 
@@ -34,6 +35,56 @@ std::string Escaped(std::string_view key) {
   return text;
 }
 
+// Watches a document while it is parsed, because the parser keeps only the last of several equal
+// keys.
+class EqualKeys {
+ public:
+  // Returns the JSON pointer of a key that its object already has; empty for everything else.
+  std::string Find(nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+    using Event = nlohmann::json::parse_event_t;
+    switch (event) {
+      case Event::object_start:
+      case Event::array_start:
+        CountElement();
+        levels_.push_back({event == Event::array_start});
+        break;
+      case Event::object_end:
+      case Event::array_end:
+        levels_.pop_back();
+        break;
+      case Event::value:
+        CountElement();
+        break;
+      case Event::key:
+        levels_.back().step = Escaped(parsed.get_ref<const std::string&>());
+        if (!levels_.back().keys.insert(levels_.back().step).second) return Pointer();
+        break;
+    }
+    return "";
+  }
+
+ private:
+  struct Level {
+    bool is_array = false;
+    size_t elements = 0;
+    std::string step = {};            // the part of the pointer to the present key or element
+    std::set<std::string> keys = {};  // of an object
+  };
+
+  void CountElement() {
+    if (levels_.empty() || !levels_.back().is_array) return;
+    levels_.back().step = std::to_string(levels_.back().elements++);
+  }
+
+  std::string Pointer() const {
+    std::string pointer;
+    for (const Level& level : levels_) pointer += "/" + level.step;
+    return pointer;
+  }
+
+  std::vector<Level> levels_;
+};
+
 std::string Quoted(const std::vector<std::string>& words) {
   std::string text;
   for (const std::string& word : words) text += (text.empty() ? "\"" : ", \"") + word + "\"";
@@ -50,17 +101,27 @@ nlohmann::json ParseJsonFile(const std::filesystem::path& file) {
     throw ScenarioError(file.string() + ": expected a scenario file, found none that can be read");
   }
   const std::string text{std::istreambuf_iterator<char>(stream), {}};
+  EqualKeys keys;
+  const auto refuse_equal_keys = [&](int, nlohmann::json::parse_event_t event,
+                                     const nlohmann::json& parsed) {
+    const std::string pointer = keys.Find(event, parsed);
+    if (pointer.empty()) return true;
+    throw ScenarioError(file.string() + ": " + pointer + ": expected a key that is given once");
+  };
   try {
-    return nlohmann::json::parse(text);
+    return nlohmann::json::parse(text, refuse_equal_keys);
   } catch (const nlohmann::json::parse_error& bad) {
     throw ScenarioError(file.string() + ":" +
                         LineAndColumn(text, bad.byte == 0 ? 0 : bad.byte - 1) + ": expected JSON");
   }
 }
 
+std::string JsonPlace::Where() const {
+  return file_->string() + (pointer_.empty() ? "" : ": " + pointer_);
+}
+
 void JsonPlace::Fail(std::string_view expected) const {
-  throw ScenarioError(file_->string() + (pointer_.empty() ? "" : ": " + pointer_) + ": expected " +
-                      std::string(expected));
+  throw ScenarioError(Where() + ": expected " + std::string(expected));
 }
 
 void JsonPlace::AllowKeys(const std::vector<std::string>& keys) const {

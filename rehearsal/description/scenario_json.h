@@ -12,7 +12,7 @@
 
 namespace simulator {
 
-// Parses a whole file. Throws ScenarioError.
+// Parses a whole file. Throws ScenarioError, also for an object that has a key twice.
 nlohmann::json ParseJsonFile(const std::filesystem::path& file);
 
 // Refers to the document and to the file's name; both must outlive this object. Every member
@@ -23,6 +23,8 @@ class JsonPlace {
             std::string pointer = "")
       : file_(&file), value_(&value), pointer_(std::move(pointer)) {}
 
+  // Returns "FILE: /disks/0/size".
+  std::string Where() const;
   // Throws ScenarioError with the message "FILE: /disks/0/size: expected WHAT".
   [[noreturn]] void Fail(std::string_view expected) const;
 

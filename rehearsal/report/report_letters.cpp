@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "rehearsal/description/scenario.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
@@ -33,34 +34,81 @@ std::string WithoutFinalBlanks(std::string line) {
   return line;
 }
 
-}  // namespace
-
-std::vector<VolumeLetters> GatherLetters(const Scenario& scenario, Server& server) {
+std::vector<VolumeLetters> AllVolumes(const Scenario& scenario, const LetterOf& letter_of) {
   std::vector<VolumeLetters> volumes;
   for (size_t d = 0; d < scenario.disks.size(); ++d) {
-    const ScenarioDisk& disk = scenario.disks[d];
-    for (size_t p = 0; p < disk.partitions.size(); ++p) {
-      const ScenarioPartition& partition = disk.partitions[p];
-      if (!partition.volume || !partition.volume->source_letter) continue;
-      const Disk& built = server.disks().at(d);
-      const Volume& volume = *built.partitions.at(p).volume;
-      volumes.push_back({built.number, partition.number, partition.volume->label, partition.size,
-                         *partition.volume->source_letter, partition.volume->letter,
-                         server.files().LetterOf(volume)});
+    const int disk = static_cast<int>(d);
+    for (const ScenarioPartition& partition : scenario.disks[d].partitions) {
+      if (!partition.volume) continue;
+      volumes.push_back({disk, partition.number, partition.volume->label, partition.size,
+                         partition.volume->source_letter, partition.volume->letter,
+                         letter_of(disk, partition.number)});
     }
   }
   return volumes;
 }
 
+// Null if no volume has the letter now.
+const VolumeLetters* HolderOf(char letter, const std::vector<VolumeLetters>& volumes) {
+  const auto found =
+      std::find_if(volumes.begin(), volumes.end(),
+                   [letter](const VolumeLetters& volume) { return volume.after == letter; });
+  return found == volumes.end() ? nullptr : &*found;
+}
+
+std::string NameOf(const VolumeLetters& volume) {
+  const std::string place =
+      "disk " + std::to_string(volume.disk) + ", partition " + std::to_string(volume.partition);
+  return volume.label.empty() ? "a volume without a label (" + place + ")"
+                              : volume.label + " (" + place + ")";
+}
+
+}  // namespace
+
+std::vector<VolumeLetters> GatherLetters(const Scenario& scenario,
+                                         const std::vector<DiskFacts>& before,
+                                         const std::vector<ToolCall>& tool_calls,
+                                         const LetterOf& letter_of) {
+  std::vector<VolumeLetters> all = AllVolumes(scenario, letter_of);
+  for (VolumeLetters& volume : all) {
+    if (!volume.IsWrong()) continue;
+    const VolumeLetters* const holder = HolderOf(*volume.source, all);
+    volume.reason = ReasonOf({volume.disk, volume.partition, *volume.source, volume.before,
+                              volume.after, holder == nullptr ? "" : NameOf(*holder)},
+                             before, tool_calls);
+  }
+  const std::vector<VolumeLetters> wanted = all;
+  std::erase_if(all, [&wanted](const VolumeLetters& volume) {
+    const bool is_holder =
+        volume.after && std::any_of(wanted.begin(), wanted.end(), [&](const VolumeLetters& other) {
+          return other.IsWrong() && other.source == volume.after;
+        });
+    return !volume.source && !is_holder;
+  });
+  return all;
+}
+
+LetterOf LettersOn(Server& server) {
+  return [&server](int disk, int partition) -> std::optional<char> {
+    for (const Partition& each : server.disks().at(static_cast<size_t>(disk)).partitions) {
+      if (each.number == partition && each.volume) return server.files().LetterOf(*each.volume);
+    }
+    return std::nullopt;
+  };
+}
+
 std::string LetterReport(const std::vector<VolumeLetters>& volumes) {
   std::vector<Row> rows = {{"disk", "partition", "label", "size", "source", "before", "after"}};
   size_t right = 0;
+  size_t with_source = 0;
   for (const VolumeLetters& volume : volumes) {
-    if (volume.after == volume.source) ++right;
+    if (volume.source) ++with_source;
+    if (volume.source && !volume.IsWrong()) ++right;
     rows.push_back({std::to_string(volume.disk), std::to_string(volume.partition), volume.label,
                     SizeText(volume.size), LetterText(volume.source), LetterText(volume.before),
                     LetterText(volume.after)});
   }
+  if (with_source == 0) return "letters: nothing to compare\n";
   std::array<size_t, kColumns> widths{};
   for (const Row& row : rows) {
     for (size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], CharacterCount(row[i]));
@@ -68,10 +116,11 @@ std::string LetterReport(const std::vector<VolumeLetters>& volumes) {
   std::string text = WithoutFinalBlanks(Line(rows[0], widths)) + "\n";
   for (size_t i = 0; i < volumes.size(); ++i) {
     const std::string line = Line(rows[i + 1], widths);
-    const bool wrong = volumes[i].after != volumes[i].source;
-    text += (wrong ? line + "  <-- wrong" : WithoutFinalBlanks(line)) + "\n";
+    text += volumes[i].IsWrong() ? line + "  <-- wrong: " + volumes[i].reason.text
+                                 : WithoutFinalBlanks(line);
+    text += "\n";
   }
-  return text + "letters: " + std::to_string(right) + " of " + std::to_string(volumes.size()) +
+  return text + "letters: " + std::to_string(right) + " of " + std::to_string(with_source) +
          " right\n";
 }
 

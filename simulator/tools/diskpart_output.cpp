@@ -100,6 +100,8 @@ std::string DiskpartBanner(const System& system) {
          "On computer: " + system.computer_name + "\r\n";
 }
 
+std::string DiskSizeText(uint64_t bytes, const System& /*system*/) { return SizeText(bytes); }
+
 std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,
                         const System& system) {
   if (disks.empty()) return "\r\nThere are no fixed disks to show.\r\n";

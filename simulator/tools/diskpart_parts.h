@@ -6,6 +6,7 @@
 #ifndef SIMULATOR_TOOLS_DISKPART_PARTS_H_
 #define SIMULATOR_TOOLS_DISKPART_PARTS_H_
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ std::string DiskpartVersion(const System& system);
 
 // Returns the lines with the version, the copyright and the computer name.
 std::string DiskpartBanner(const System& system);
+
+// Returns a size as the disk tool shows it: "127 GB".
+std::string DiskSizeText(uint64_t bytes, const System& system);
 
 // Returns the output of "list disk". The line of the selected disk is marked.
 std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selected,

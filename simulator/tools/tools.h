@@ -18,6 +18,14 @@ struct ToolResult {
   std::string error_output = {};
 };
 
+// A call of a tool that has ended.
+struct ToolCall {
+  std::string name;         // "diskpart"
+  std::string script = {};  // what the disk tool was told to do: lines that end with LF alone
+  DWORD exit_code = 0;
+  friend bool operator==(const ToolCall&, const ToolCall&) = default;
+};
+
 // The disk tool: lists the disks of the machine and moves drive letters, driven by a script.
 //
 // The tool supports list disk, select disk, select partition, detail disk, assign, assign letter=x,

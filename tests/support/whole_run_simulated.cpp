@@ -5,6 +5,7 @@
 #include "logger/b_logger.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
+#include "rehearsal/description/tool_history.h"
 #include "rehearsal/report/report_boot.h"
 #include "rehearsal/report/report_descriptors.h"
 #include "rehearsal/report/report_junctions.h"
@@ -23,11 +24,14 @@ struct WholeRun::Parts {
   Parts(const std::string& name, simulator::Server& server)
       : scenario(simulator::ReadScenario(std::filesystem::path(VANTORO_SCENARIO_DIR) /
                                          (name + ".json"))),
-        sources(simulator::Build(scenario, server)) {}
+        sources(simulator::Build(scenario, server, nullptr, history)) {}
 
   const simulator::Scenario scenario;
+  const std::shared_ptr<simulator::ToolHistory> history =
+      std::make_shared<simulator::ToolHistory>();
   const std::vector<simulator::SourceVolume> sources;
   simulator::BootStore boot_before;
+  std::vector<simulator::DiskFacts> disks_before;
   std::vector<simulator::JunctionState> junctions_before;
 };
 
@@ -39,6 +43,7 @@ const std::vector<simulator::SourceVolume>& WholeRun::sources() const { return p
 
 int32_t WholeRun::Run() {
   parts_->boot_before = server_.boot().store;
+  parts_->disks_before = simulator::GatherDisks(server_);
   parts_->junctions_before = simulator::JunctionStates(parts_->sources);
   const HWND window = server_.desktop().CreateWindow();
   logger::BLogger logger("vantoro_restore", "");
@@ -48,14 +53,20 @@ int32_t WholeRun::Run() {
 std::vector<std::string> WholeRun::ClosingLines() {
   const std::string boot =
       simulator::BootReport(simulator::GatherBoot(parts_->scenario, parts_->boot_before, server_));
-  const std::string letters =
-      simulator::LetterReport(simulator::GatherLetters(parts_->scenario, server_));
+  const std::string letters = simulator::LetterReport(Letters());
   const std::string descriptors = simulator::DescriptorReport(Descriptors());
   return {boot.substr(boot.rfind("boot: ")), letters.substr(letters.rfind("letters: ")),
           simulator::JunctionReport(
               simulator::GatherJunctions(parts_->sources, parts_->junctions_before, server_)),
           descriptors.substr(0, descriptors.find('\n') + 1)};
 }
+
+std::vector<simulator::VolumeLetters> WholeRun::Letters() {
+  return simulator::GatherLetters(parts_->scenario, parts_->disks_before, parts_->history->Calls(),
+                                  simulator::LettersOn(server_));
+}
+
+void WholeRun::ExpectReached() { simulator::ExpectReached(parts_->scenario, server_); }
 
 simulator::DescriptorOutcome WholeRun::Descriptors() {
   return simulator::GatherDescriptors(parts_->sources, server_.security().domains());

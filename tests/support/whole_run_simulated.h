@@ -14,6 +14,7 @@
 namespace simulator {
 struct DescriptorOutcome;
 struct SourceVolume;
+struct VolumeLetters;
 }  // namespace simulator
 
 namespace tests {
@@ -27,9 +28,12 @@ class WholeRun {
   WholeRun& operator=(const WholeRun&) = delete;
 
   int32_t Run();
+  // Throws ScenarioError if the scenario lets something fail that the run did not reach.
+  void ExpectReached();
 
   // Returns the closing lines of the reports, without the individual differences.
   std::vector<std::string> ClosingLines();
+  std::vector<simulator::VolumeLetters> Letters();
   simulator::DescriptorOutcome Descriptors();
   // Returns the current attributes, junction and descriptor of each object of the source that
   // exists.

@@ -102,6 +102,7 @@ TEST_P(ScenarioRun, EndsAsItsTitleSays) {
                 std::string("letters: ") + expected.letters + "\n",
                 std::string("junctions: ") + expected.junctions + "\n",
                 std::string("descriptors: ") + expected.descriptors + " equal to the source\n"}));
+  EXPECT_NO_THROW(run.ExpectReached());
   EXPECT_TRUE(run.server().message_boxes().Shown().empty());
   // A tool that cannot be started leaves its pipe, by design.
   const std::vector<std::string> pipe = {"pipe read end", "pipe write end"};

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +22,7 @@
 #include "rehearsal/screen.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/server.h"
 #include "ui/resource.h"
 #include "wine/drive/wine_descriptors.h"
 #include "wine/drive/wine_failure.h"
@@ -77,18 +79,16 @@ void TakePicture(const fs::path& file) {
        .folder = "."});
 }
 
+std::vector<DiskFacts> DisksBefore(const Scenario& scenario) {
+  Server server;
+  Build(scenario, server);
+  return GatherDisks(server);
+}
+
 std::vector<VolumeLetters> Letters(const Scenario& scenario, const WineServer& server) {
-  std::vector<VolumeLetters> volumes;
-  for (size_t d = 0; d < scenario.disks.size(); ++d) {
-    const int disk = static_cast<int>(d);
-    for (const ScenarioPartition& partition : scenario.disks[d].partitions) {
-      if (!partition.volume || !partition.volume->source_letter) continue;
-      volumes.push_back({disk, partition.number, partition.volume->label, partition.size,
-                         *partition.volume->source_letter, partition.volume->letter,
-                         server.LetterOf(disk, partition.number)});
-    }
-  }
-  return volumes;
+  return GatherLetters(
+      scenario, DisksBefore(scenario), server.State().history,
+      [&server](int disk, int partition) { return server.LetterOf(disk, partition); });
 }
 
 // Wine makes none; their targets may be missing besides.
@@ -161,6 +161,7 @@ void Report(const Scenario& scenario, const Options& options, const BootStore& b
 int RehearseUnderWine(const Scenario& scenario, const Options& options) {
   const fs::path folder = PrefixFolder("rehearsal");
   WatchedRun run;
+  std::map<std::string, int> calls;
   {
     std::unique_ptr<WineServer> server;
     BootStore boot;
@@ -173,8 +174,10 @@ int RehearseUnderWine(const Scenario& scenario, const Options& options) {
     };
     RunAgainWhereWineFails(rehearse, std::cout);
     Report(scenario, options, boot, *server, run);
+    calls = server->State().calls;
   }
   RemovePrefix(folder);
+  ExpectReached(scenario, calls);
   // A run that succeeded asks about the restart.
   if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return kSuccess;
   std::cout << std::flush;

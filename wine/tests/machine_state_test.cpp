@@ -41,6 +41,7 @@ MachineState Sample() {
   state.boot.unused[data.get()] = HealthyBoot(true).store;
   state.answers = {{"bcdedit", 2, 5, "text\r\n", true}};
   state.calls = {{"diskpart", 3}};
+  state.history = {{"diskpart", "sel disk 1\ndetail disk", 5}};
   return state;
 }
 

@@ -5,13 +5,11 @@
 
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
-#include "rehearsal/report/report_letters.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/common/clock.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
-#include "simulator/server_tools.h"
 #include "support/simulated_child.h"
 #include "support/simulated_scenario_test.h"
 
@@ -91,6 +89,17 @@ TEST_F(ScenarioTest, NamesTheLineAndColumnOfWhatIsNotJson) {
   EXPECT_EQ(ErrorOf(""), ":1:1: expected JSON");
 }
 
+TEST_F(ScenarioTest, NamesAKeyThatIsGivenTwice) {
+  const std::string expected = ": expected a key that is given once";
+  EXPECT_EQ(ErrorOf(R"({"title": "t", "disks": [], "title": "u"})"), ": /title" + expected);
+  EXPECT_EQ(ErrorOf(WithDisks(R"(, [1, {}], {"a/b": [[], {"size": 1, "sizes": 2, "size": 1}]})")),
+            ": /disks/2/a~1b/1/size" + expected);
+  // The same key of another object, and a text that is no key.
+  EXPECT_EQ(ErrorOf(R"({"title": "disks", "disks": [{"title": "t"}]})"),
+            ": /disks/0/title: expected no such key, only \"size\", \"free\", \"model\", \"gpt\", "
+            "\"online\", \"partitions\"");
+}
+
 TEST_F(ScenarioTest, NamesAMissingKey) {
   EXPECT_EQ(ErrorOf("{}"), ": expected the key \"title\"");
   EXPECT_EQ(ErrorOf(WithDisks(", {}")), ": /disks/1: expected the key \"size\"");
@@ -116,10 +125,11 @@ TEST_F(ScenarioTest, NamesAValueOfTheWrongType) {
 }
 
 TEST_F(ScenarioTest, NamesAValueOutOfRange) {
-  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "faults": [{"call": "x", "error": 4294967296}])")),
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "faults": [{"call": "_open", "error": 4294967296}])")),
             ": /faults/0/error: expected a whole number from 0 to 4294967295");
-  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "faults": [{"call": "x", "error": 18446744073709551615}])")),
-            ": /faults/0/error: expected a whole number from 0 to 4294967295");
+  EXPECT_EQ(
+      ErrorOf(WithDisks("", R"(, "faults": [{"call": "_open", "error": 18446744073709551615}])")),
+      ": /faults/0/error: expected a whole number from 0 to 4294967295");
   EXPECT_EQ(
       ErrorOf(WithDisks(R"(, {"size": "1 GB", "partitions": [{"number": 0, "size": "0 B"}]})")),
       ": /disks/1/partitions/0/number: expected a whole number from 1 to 128");
@@ -336,28 +346,64 @@ TEST_F(ScenarioTest, LetsToolsTakeTheirTime) {
   EXPECT_EQ(server.clock().Milliseconds(), before + 2000);
 }
 
-TEST_F(ScenarioTest, SetsFaults) {
-  Server server;
-  Build(Read(WithDisks("", R"(, "faults": [{"call": "X", "occurrence": 2, "error": 8}])")), server);
-  EXPECT_EQ(server.calls().Enter("X", ""), std::nullopt);
-  EXPECT_EQ(server.calls().Enter("X", ""), 8u);
-  EXPECT_EQ(server.calls().Enter("X", ""), std::nullopt);
+TEST_F(ScenarioTest, NamesACallThatNoProgramCanMake) {
+  for (const char* const name : {"X", "createpipe", "fopen", "SeShutdownPrivilege"}) {
+    EXPECT_EQ(ErrorOf(WithDisks(
+                  "", R"(, "faults": [{"error": 8, "call": ")" + std::string(name) + "\"}]")),
+              ": /faults/0/call: expected the name of a call that the program can make, such as "
+              "\"CreatePipe\"")
+        << name;
+  }
 }
 
-TEST(GatherLetters, TellsLettersBeforeAndAfterAMove) {
-  const Scenario scenario = ReadScenario(fs::path(VANTORO_SCENARIO_DIR) / "default.json");
+TEST_F(ScenarioTest, SetsFaults) {
+  Server server;
+  Build(Read(WithDisks("", R"(, "faults": [{"call": "ReadFile", "occurrence": 2, "error": 8}])")),
+        server);
+  EXPECT_EQ(server.calls().Enter("ReadFile", ""), std::nullopt);
+  EXPECT_EQ(server.calls().Enter("ReadFile", ""), 8u);
+  EXPECT_EQ(server.calls().Enter("ReadFile", ""), std::nullopt);
+}
+
+// What ExpectReached throws, without the file's name at its beginning; empty if nothing.
+std::string Unreached(const Scenario& scenario, Server& server, const fs::path& file) {
+  try {
+    ExpectReached(scenario, server);
+  } catch (const ScenarioError& error) {
+    return std::string(error.what()).substr(file.string().size());
+  }
+  return "";
+}
+
+TEST_F(ScenarioTest, NamesAToolCallThatTheRunDidNotReach) {
+  const Scenario scenario = Read(WithDisks("", R"(, "tools": [{"name": "bcdedit", "exit_code": 7},
+                                        {"name": "diskpart", "call": 2, "exit_code": 7}])"));
   Server server;
   Build(scenario, server);
-  ASSERT_EQ(RunDiskpartScript("sel disk 3\nsel part 2\nassign letter=G", server).exit_code, 0u);
-  const std::vector<VolumeLetters> volumes = GatherLetters(scenario, server);
-  ASSERT_EQ(volumes.size(), 5u);
-  EXPECT_EQ(volumes[3].disk, 3);
-  EXPECT_EQ(volumes[3].partition, 2);
-  EXPECT_EQ(volumes[3].label, "Archive");
-  EXPECT_EQ(volumes[3].size, 2999 * kGB);
-  EXPECT_EQ(volumes[3].source, 'G');
-  EXPECT_EQ(volumes[3].before, std::nullopt);
-  EXPECT_EQ(volumes[3].after, 'G');
+  EXPECT_EQ(Unreached(scenario, server, File()),
+            ": /tools/0: expected a call that the run makes; it made 0 of bcdedit");
+  tests::RunChild("BCDEDIT.EXE /x");
+  tests::RunChild("diskpart /s C:\\none");
+  EXPECT_EQ(Unreached(scenario, server, File()),
+            ": /tools/1/call: expected a call that the run makes; it made 1 of diskpart");
+  tests::RunChild("diskpart /s C:\\none");
+  EXPECT_EQ(Unreached(scenario, server, File()), "");
+}
+
+TEST_F(ScenarioTest, NamesAFaultThatTheRunDidNotReach) {
+  const Scenario scenario =
+      Read(WithDisks("", R"(, "faults": [{"call": "_mkdir", "occurrence": 2, "error": 8},
+                                         {"call": "_access", "error": 8}])"));
+  Server server;
+  Build(scenario, server);
+  server.calls().Enter("_mkdir", "");
+  EXPECT_EQ(Unreached(scenario, server, File()),
+            ": /faults/0/occurrence: expected a call that the run makes; it made 1 of _mkdir");
+  server.calls().Enter("_mkdir", "");
+  EXPECT_EQ(Unreached(scenario, server, File()),
+            ": /faults/1/call: expected a call that the run makes; it made 0 of _access");
+  server.calls().Enter("_access", "");
+  EXPECT_EQ(Unreached(scenario, server, File()), "");
 }
 
 }  // namespace

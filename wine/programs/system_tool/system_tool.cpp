@@ -58,6 +58,14 @@ ToolResult Run(const std::string& tool, const std::vector<std::string>& argument
   Unsupported("a tool of the name " + tool);
 }
 
+// What the call was to do; empty if that is not a readable script.
+std::string ScriptOf(const std::vector<std::string>& arguments, const PrefixMachine& machine) {
+  std::string script;
+  if (arguments.size() == 2 && arguments[0] == "/s") machine.ReadFrom(arguments[1], &script);
+  std::erase(script, '\r');
+  return script;
+}
+
 DWORD Main() {
   std::vector<std::string> arguments = SplitCommandLine(::GetCommandLineA());
   arguments.erase(arguments.begin());
@@ -76,9 +84,12 @@ DWORD Main() {
     if (answer.name != tool || answer.call != call) continue;
     Write(answer.output, stdout);
     if (answer.is_held) WaitToBeTerminated();
+    state.history.push_back({tool, ScriptOf(arguments, machine), answer.exit_code});
+    Save(state, machine);
     return answer.exit_code;
   }
   const ToolResult result = Run(tool, arguments, machine);
+  state.history.push_back({tool, ScriptOf(arguments, machine), result.exit_code});
   Save(state, machine);
   Write(result.output, stdout);
   Write(result.error_output, stderr);
