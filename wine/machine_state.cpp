@@ -35,16 +35,32 @@ json DiskJson(const MachineState& state, const Disk& disk) {
     if (partition.volume) each["volume"] = VolumeJson(state, *partition.volume);
     partitions.push_back(std::move(each));
   }
-  return {{"number", disk.number}, {"model", disk.model}, {"id", disk.id},
-          {"bus", disk.bus},       {"size", disk.size},   {"free", disk.free},
-          {"online", disk.online}, {"gpt", disk.gpt},     {"partitions", std::move(partitions)}};
+  return {{"number", disk.number},   {"model", disk.model},
+          {"id", disk.id},           {"bus", disk.bus},
+          {"size", disk.size},       {"free", disk.free},
+          {"online", disk.online},   {"gpt", disk.gpt},
+          {"dynamic", disk.dynamic}, {"partitions", std::move(partitions)}};
 }
 
 // These throw json::exception or std::bad_optional_access for what is not there or of another kind.
 
 BootStore ReadStore(const json& from) { return ParseBootStoreFile(from.dump()).value(); }
 
+// The volume of a partition that was read before; null if there is none.
+std::shared_ptr<Volume> FindVolume(const std::string& target, const MachineState& state) {
+  for (const Disk& disk : state.disks) {
+    for (const Partition& partition : disk.partitions) {
+      if (partition.volume && state.targets.at(partition.volume.get()) == target) {
+        return partition.volume;
+      }
+    }
+  }
+  return nullptr;
+}
+
 std::shared_ptr<Volume> ReadVolume(const json& from, MachineState& state) {
+  // A spanned volume is on several disks.
+  if (auto found = FindVolume(from.at("target").get<std::string>(), state)) return found;
   auto volume = std::make_shared<Volume>();
   from.at("label").get_to(volume->label);
   from.at("file_system").get_to(volume->file_system);
@@ -67,6 +83,7 @@ Disk ReadDisk(const json& from, MachineState& state) {
   from.at("free").get_to(disk.free);
   from.at("online").get_to(disk.online);
   from.at("gpt").get_to(disk.gpt);
+  from.at("dynamic").get_to(disk.dynamic);
   for (const json& each : from.at("partitions")) {
     Partition partition;
     each.at("number").get_to(partition.number);
@@ -86,6 +103,7 @@ MachineState Read(const json& from) {
   system.at("build").get_to(state.system.build);
   system.at("language").get_to(state.system.language);
   system.at("computer_name").get_to(state.system.computer_name);
+  system.at("disk_tool_texts").get_to(state.system.disk_tool_texts);
   for (const json& disk : from.at("disks")) state.disks.push_back(ReadDisk(disk, state));
   from.at("current").get_to(state.boot.current);
   state.boot.store = ReadStore(from.at("boot"));
@@ -140,7 +158,8 @@ std::string MachineStateText(const MachineState& state) {
                        {"minor_version", system.minor_version},
                        {"build", system.build},
                        {"language", system.language},
-                       {"computer_name", system.computer_name}}},
+                       {"computer_name", system.computer_name},
+                       {"disk_tool_texts", system.disk_tool_texts}}},
                      {"disks", std::move(disks)},
                      {"boot", json::parse(BootStoreFile(state.boot.store))},
                      {"current", state.boot.current},

@@ -10,6 +10,7 @@
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/call_names.h"
 #include "simulator/model/server.h"
+#include "simulator/tools/diskpart_texts.h"
 
 namespace simulator {
 namespace {
@@ -19,6 +20,7 @@ constexpr int64_t kMaxDword = std::numeric_limits<DWORD>::max();
 // What has been read so far.
 struct Context {
   std::filesystem::path folder;  // of the scenario file
+  std::vector<ScenarioDisk> disks;
   std::set<char> letters;
   std::set<char> source_letters;
   bool has_system_partition = false;
@@ -80,8 +82,23 @@ ScenarioVolume ReadVolume(const JsonPlace& place, Context& context) {
   return volume;
 }
 
+// The partition of an earlier disk that has a spanned volume.
+std::pair<int, int> ReadPartOf(const JsonPlace& place, const Context& context) {
+  place.AllowKeys({"disk", "partition"});
+  const auto disk = static_cast<int>(place.At("disk").Number(0, std::ssize(context.disks) - 1));
+  const auto number = static_cast<int>(place.At("partition").Number(1, 128));
+  const ScenarioDisk& first = context.disks[static_cast<size_t>(disk)];
+  const bool has_volume = std::ranges::any_of(first.partitions, [number](const auto& each) {
+    return each.number == number && each.volume.has_value();
+  });
+  if (!first.dynamic || !first.online || !has_volume) {
+    place.Fail("a volume on a dynamic disk that is online");
+  }
+  return {disk, number};
+}
+
 ScenarioPartition ReadPartition(const JsonPlace& place, int number, Context& context) {
-  place.AllowKeys({"number", "size", "info", "volume"});
+  place.AllowKeys({"number", "size", "info", "volume", "part_of"});
   ScenarioPartition partition;
   partition.number = number;
   if (const auto given = place.Find("number")) {
@@ -99,17 +116,22 @@ ScenarioPartition ReadPartition(const JsonPlace& place, int number, Context& con
     }
   }
   if (const auto volume = place.Find("volume")) partition.volume = ReadVolume(*volume, context);
+  if (const auto part_of = place.Find("part_of")) {
+    if (partition.volume) part_of->Fail("no volume beside it");
+    partition.part_of = ReadPartOf(*part_of, context);
+  }
   return partition;
 }
 
 ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
-  place.AllowKeys({"size", "free", "model", "gpt", "online", "partitions"});
+  place.AllowKeys({"size", "free", "model", "gpt", "online", "dynamic", "partitions"});
   ScenarioDisk disk;
   disk.size = place.At("size").Size();
   if (const auto free = place.Find("free")) disk.free = free->Size();
   if (const auto model = place.Find("model")) disk.model = model->Line();
   if (const auto gpt = place.Find("gpt")) disk.gpt = gpt->Truth();
   if (const auto online = place.Find("online")) disk.online = online->Truth();
+  if (const auto dynamic = place.Find("dynamic")) disk.dynamic = dynamic->Truth();
   if (disk.free > disk.size) place.At("free").Fail("no more than the disk's size");
   const auto partitions = place.Find("partitions");
   if (!partitions) return disk;
@@ -128,6 +150,9 @@ ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
       element.At("size").Fail("a partition that fits beside the disk's others and its free space");
     }
     left -= partition.size;
+    if (partition.part_of && (!disk.dynamic || !disk.online)) {
+      element.At("part_of").Fail("to be on a dynamic disk that is online");
+    }
     if (!disk.online && partition.volume && partition.volume->letter) {
       element.At("volume").At("letter").Fail("no letter on a disk that is offline");
     }
@@ -193,7 +218,14 @@ void ReadVersion(const JsonPlace& place, Scenario& scenario) {
 }
 
 void ReadWindows(const JsonPlace& place, Scenario& scenario) {
-  place.AllowKeys({"version", "language", "computer_name"});
+  place.AllowKeys({"version", "language", "computer_name", "diskpart"});
+  if (const auto texts = place.Find("diskpart")) {
+    const auto names = DiskpartTexts::Names();
+    texts->AllowKeys({names.begin(), names.end()});
+    for (const auto& [english, text] : texts->Members()) {
+      scenario.disk_tool_texts[english] = text.Text();
+    }
+  }
   if (const auto version = place.Find("version")) ReadVersion(*version, scenario);
   if (const auto language = place.Find("language")) {
     scenario.language = static_cast<LANGID>(language->Number(1, 0xFFFF));
@@ -214,11 +246,12 @@ Scenario ReadScenario(const std::filesystem::path& file) {
   const JsonPlace root(file, document);
   root.AllowKeys({"title", "windows", "boot", "disks", "tools", "faults", "startup_links"});
   Scenario scenario;
-  Context context{.folder = file.parent_path(), .letters = {}, .source_letters = {}};
+  Context context{.folder = file.parent_path(), .disks = {}, .letters = {}, .source_letters = {}};
   scenario.title = root.At("title").Line();
   if (const auto windows = root.Find("windows")) ReadWindows(*windows, scenario);
   const JsonPlace disks = root.At("disks");
-  for (const JsonPlace& disk : disks.Elements()) scenario.disks.push_back(ReadDisk(disk, context));
+  for (const JsonPlace& disk : disks.Elements()) context.disks.push_back(ReadDisk(disk, context));
+  scenario.disks = context.disks;
   if (const auto boot = root.Find("boot")) {
     if (!scenario.HasBootStore()) boot->Fail("no boot store on Windows 5.2");
     scenario.boot = std::make_shared<Boot>(ReadBoot(*boot, context.uefi));

@@ -2,10 +2,14 @@
 // optional:
 //
 //   title, disks, [windows], [boot], [startup_links], [tools], [faults]
-//   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name]
+//   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name], [diskpart]: texts
+//                  of the disk tool by the English ones, {"Healthy": "Fehlerfrei"}, where they are
+//                  not those of simulator/tools/diskpart_texts.h
 //   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
-//   disks:         size "127 GB", [free], [model], [gpt], [online], [partitions]
-//   partitions:    size, [number], [info] "System", "Boot" or "Hidden", see disks.h, [volume]
+//   disks:         size "127 GB", [free], [model], [gpt], [online], [dynamic], [partitions]
+//   partitions:    size, [number], [info] "System", "Boot" or "Hidden", see disks.h, [volume], or
+//                  [part_of] {"disk": 0, "partition": 1}: the first part of a spanned volume, on an
+//                  earlier disk; both disks are dynamic
 //   volume:        [label], [file_system], [letter] at present, [source_letter], [drive_type]
 //                  "fixed" or "removable", [backup_info] lines, [import] a host folder, [source],
 //                  [lost], [unreadable]: see scenario_source.h
@@ -27,6 +31,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "rehearsal/description/scenario_source.h"
@@ -64,6 +69,7 @@ struct ScenarioPartition {
   uint64_t size = 0;  // bytes
   std::string info;
   std::optional<ScenarioVolume> volume;
+  std::optional<std::pair<int, int>> part_of;  // the disk and the partition with the volume
 };
 
 struct ScenarioDisk {
@@ -72,6 +78,7 @@ struct ScenarioDisk {
   std::string model = "Virtual HD SCSI Disk Device";
   bool gpt = false;
   bool online = true;
+  bool dynamic = false;
   std::vector<ScenarioPartition> partitions;
 };
 
@@ -99,8 +106,9 @@ struct Scenario {
   DWORD build = 14393;
   LANGID language = 1033;
   std::string computer_name = "MIGRATED";
-  std::vector<ScenarioDisk> disks;  // numbered from 0
-  std::shared_ptr<Boot> boot;       // if null and there is a store, a BIOS server's in order
+  std::map<std::string, std::string> disk_tool_texts;  // by the English ones
+  std::vector<ScenarioDisk> disks;                     // numbered from 0
+  std::shared_ptr<Boot> boot;  // if null and there is a store, a BIOS server's in order
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;
   bool common_startup_link = true;

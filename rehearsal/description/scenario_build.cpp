@@ -137,6 +137,18 @@ std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t 
   return volume;
 }
 
+// The volume that the partition is a part of.
+std::shared_ptr<Volume> ExtendedVolume(const ScenarioPartition& part, Server& server) {
+  const auto [disk, number] = *part.part_of;
+  for (const Partition& first : server.disks().at(static_cast<size_t>(disk)).partitions) {
+    if (first.number != number) continue;
+    first.volume->size += part.size;
+    first.volume->free += part.size;
+    return first.volume;
+  }
+  return nullptr;
+}
+
 std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
   std::vector<SourceVolume> sources;
   int number = 0;
@@ -147,6 +159,7 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
     disk.size = description.size;
     disk.free = description.free;
     disk.online = description.online;
+    disk.dynamic = description.dynamic;
     disk.gpt = description.gpt;
     if (disk.gpt) disk.id = "{00000000-0000-0000-0000-000000000000}";
     for (const ScenarioPartition& part : description.partitions) {
@@ -157,6 +170,7 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
           sources.push_back(BuildSource(*part.volume, volume, server));
         }
       }
+      if (part.part_of) volume = ExtendedVolume(part, server);
       disk.partitions.push_back({part.number, part.size, part.info, std::move(volume)});
     }
     server.disks().push_back(std::move(disk));
@@ -216,6 +230,7 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
   system.build = scenario.build;
   system.language = scenario.language;
   system.computer_name = scenario.computer_name;
+  system.disk_tool_texts = scenario.disk_tool_texts;
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
   for (const std::string& tool : scenario.Tools()) {

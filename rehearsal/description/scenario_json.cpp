@@ -146,6 +146,13 @@ JsonPlace JsonPlace::At(const std::string& key) const {
   return *found;
 }
 
+std::vector<std::pair<std::string, JsonPlace>> JsonPlace::Members() const {
+  if (!value_->is_object()) Fail("an object");
+  std::vector<std::pair<std::string, JsonPlace>> members;
+  for (const auto& [key, value] : value_->items()) members.emplace_back(key, At(key));
+  return members;
+}
+
 std::vector<JsonPlace> JsonPlace::Elements() const {
   if (!value_->is_array()) Fail("an array");
   std::vector<JsonPlace> elements;

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace simulator {
@@ -32,6 +33,8 @@ class JsonPlace {
   void AllowKeys(const std::vector<std::string>& keys) const;
   std::optional<JsonPlace> Find(const std::string& key) const;
   JsonPlace At(const std::string& key) const;
+
+  std::vector<std::pair<std::string, JsonPlace>> Members() const;  // of an object, by their keys
 
   std::vector<JsonPlace> Elements() const;
   std::string Text() const;

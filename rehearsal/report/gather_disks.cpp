@@ -46,6 +46,7 @@ std::vector<DiskFacts> GatherDisks(Server& server) {
   for (const Disk& disk : server.disks()) {
     DiskFacts facts;
     facts.online = disk.online;
+    facts.dynamic = disk.dynamic;
     facts.size = DiskSizeText(disk.size, server.system());
     const auto found = std::find_if(listed.begin(), listed.end(), [&disk](const auto& each) {
       return each.DiskNumber == disk.number;

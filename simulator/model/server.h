@@ -57,6 +57,10 @@ struct System {
   // Texts that replace the usual ones of error codes, without a line end.
   std::map<DWORD, std::string> messages;
 
+  // Texts of the disk tool that replace those of the language, by the English ones; see
+  // simulator/tools/diskpart_texts.h.
+  std::map<std::string, std::string> disk_tool_texts;
+
   std::string computer_name = "MIGRATED";
   std::string program_path = "C:\\vantoro_restore\\vantoro_restore.exe";
   std::string system_directory = "C:\\Windows\\system32";

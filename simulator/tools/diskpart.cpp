@@ -76,7 +76,7 @@ class Session {
     if (disk_ == nullptr) {
       return Fail("The disk you specified is not valid.\r\n\r\nThere is no disk selected.");
     }
-    return Done("Disk " + std::to_string(number) + " is now the selected disk.");
+    return Done(SelectedDiskText(number, machine_.system()));
   }
 
   bool SelectPartition(int number) {
@@ -103,9 +103,11 @@ class Session {
     return true;
   }
 
-  // The volume of the selected partition; null when it shows none.
+  // The volume of the selected partition; null when it shows none. On a dynamic disk, partitions
+  // and volumes are selected independently.
   Volume* SelectedVolume() const {
-    return partition_ != nullptr && disk_->online ? partition_->volume.get() : nullptr;
+    const bool is_shown = partition_ != nullptr && disk_->online && !disk_->dynamic;
+    return is_shown ? partition_->volume.get() : nullptr;
   }
 
   bool Assign(std::optional<char> letter) {

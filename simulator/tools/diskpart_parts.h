@@ -1,8 +1,6 @@
-// The command lines of a disk tool script, and the output of the disk tool: its English texts in
-// the columns of the real tool. Lines end with CR LF.
-//
-// The texts are English whatever the server's language is. The language of a simulated server is
-// that of its locale, which can also be set on an English Windows.
+// The command lines of a disk tool script, and the output of the disk tool in the columns of the
+// real tool. Lines end with CR LF. Lists and details are in the server's language as far as
+// captures show them (diskpart_texts.h), all other texts are English.
 #ifndef SIMULATOR_TOOLS_DISKPART_PARTS_H_
 #define SIMULATOR_TOOLS_DISKPART_PARTS_H_
 
@@ -48,6 +46,9 @@ std::string DiskpartVersion(const System& system);
 
 // Returns the lines with the version, the copyright and the computer name.
 std::string DiskpartBanner(const System& system);
+
+// Returns "Disk 1 is now the selected disk.".
+std::string SelectedDiskText(int number, const System& system);
 
 // Returns a size as the disk tool shows it: "127 GB".
 std::string DiskSizeText(uint64_t bytes, const System& system);

@@ -30,6 +30,7 @@ struct Language {
 
 constexpr Language kLanguages[] = {{1033, "C.UTF-8", "", "CP1252"},
                                    {1031, "de_DE.UTF-8", "de_DE", "CP1252"},
+                                   {1036, "fr_FR.UTF-8", "fr_FR", "CP1252"},
                                    {2052, "zh_CN.UTF-8", "zh_CN", "CP936"}};
 
 const Language& LanguageOf(LANGID language) {

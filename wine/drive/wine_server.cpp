@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
@@ -75,9 +76,10 @@ std::string TargetOf(const Disk& disk, const Partition& partition, const Files& 
 }
 
 void WriteVolumes(Server& server, WinePrefix& prefix) {
+  std::set<const Volume*> written;
   for (const Disk& disk : server.disks()) {
     for (const Partition& partition : disk.partitions) {
-      if (!partition.volume) continue;
+      if (!partition.volume || !written.insert(partition.volume.get()).second) continue;
       const std::string target = TargetOf(disk, partition, server.files());
       WriteTree(*partition.volume->root, prefix.folder() / "dosdevices" / target,
                 server.system().language);
@@ -123,7 +125,8 @@ MachineState StateOf(const Scenario& scenario, const WineServerOptions& options,
   for (const Disk& disk : state.disks) {
     for (const Partition& partition : disk.partitions) {
       if (!partition.volume) continue;
-      state.targets[partition.volume.get()] = TargetOf(disk, partition, server.files());
+      // Of a spanned volume, the first partition names it.
+      state.targets.try_emplace(partition.volume.get(), TargetOf(disk, partition, server.files()));
       const std::optional<char> letter = server.files().LetterOf(*partition.volume);
       if (letter) state.letters[*letter] = partition.volume;
     }

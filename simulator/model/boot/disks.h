@@ -30,6 +30,7 @@ struct Disk {
   uint64_t free = 0;  // bytes
   bool online = true;
   bool gpt = false;
+  bool dynamic = false;  // a spanned volume is that of partitions of several dynamic disks
   std::vector<Partition> partitions;
 };
 

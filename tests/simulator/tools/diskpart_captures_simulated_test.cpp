@@ -55,7 +55,9 @@ std::vector<std::string> Tail(std::vector<std::string> lines, size_t count) {
 struct ListedDisk {
   uint64_t size;
   uint64_t free;
-  bool gpt;
+  bool gpt = false;
+  bool dynamic = false;
+  bool online = true;
 };
 
 struct ListCapture {
@@ -63,6 +65,9 @@ struct ListCapture {
   const char* script;
   std::vector<ListedDisk> disks;
   DWORD major = 10;
+  DWORD minor = 0;
+  LANGID language = 1033;
+  size_t heading = 2;  // lines
 };
 
 std::ostream& operator<<(std::ostream& out, const ListCapture& test) { return out << test.file; }
@@ -72,15 +77,19 @@ class DiskpartListing : public testing::TestWithParam<ListCapture> {};
 TEST_P(DiskpartListing, EqualsTheCapture) {
   Server server;
   server.system().major_version = GetParam().major;
+  server.system().minor_version = GetParam().minor;
+  server.system().language = GetParam().language;
   for (const ListedDisk& listed : GetParam().disks) {
     Disk disk;
     disk.number = static_cast<int>(server.disks().size());
     disk.size = listed.size;
     disk.free = listed.free;
     disk.gpt = listed.gpt;
+    disk.dynamic = listed.dynamic;
+    disk.online = listed.online;
     server.disks().push_back(disk);
   }
-  const size_t table = 2 + GetParam().disks.size();
+  const size_t table = GetParam().heading + GetParam().disks.size();
   EXPECT_EQ(Tail(Lines(DiskpartOutput(GetParam().script, server)), table),
             Tail(Lines(Capture(GetParam().file)), table));
 }
@@ -107,8 +116,99 @@ INSTANTIATE_TEST_SUITE_P(
         ListCapture{"list_disk/en-xp-1.0-narrow-status.txt",
                     "list disk",
                     {{75 * kGB, 0, false}, {75 * kGB, 54 * kGB, false}},
+                    5},
+        ListCapture{"list_disk/en-narrow-status-selected-offline-dyn.txt",
+                    "sel disk 1\r\nlist disk",
+                    {{80 * kGB, 0},
+                     {4096 * kMB, 4096 * kMB, false, false, false},
+                     {4096 * kMB, 4096 * kMB, false, true}},
                     5}),
     tests::NamedAsPrinted());
+
+INSTANTIATE_TEST_SUITE_P(
+    OtherLanguages, DiskpartListing,
+    testing::Values(
+        ListCapture{"list_disk/de-10.0.18362-two-gpt.txt",
+                    "list disk",
+                    {{1024209543168, 0, true}, {57 * kGB, 0, true}},
+                    10,
+                    0,
+                    1031},
+        ListCapture{"list_disk/es-6.1.7600-800mb.txt",
+                    "list disk",
+                    {{32 * kGB, 0}, {800 * kMB, 199 * kMB}, {1024 * kMB, 1022 * kMB}},
+                    6,
+                    1,
+                    3082},
+        ListCapture{"list_disk/es-6.3.9600-winre-scripted-padded.txt",
+                    "list disk",
+                    {{750156374016, 0, true}, {30752636928, 0}},
+                    6,
+                    3,
+                    3082},
+        ListCapture{"list_disk/es-10.0.18362-1315mb.txt",
+                    "list disk",
+                    {{1000204886016, 0, true}, {30752636928, 1315 * kMB}},
+                    10,
+                    0,
+                    2058},
+        ListCapture{"list_disk/fr-931go-1024k.txt",
+                    "list disk",
+                    {{256060514304, 0, true}, {1000204886016, kMB, true}},
+                    10,
+                    0,
+                    1036},
+        ListCapture{"list_disk/ja-four-disks-selected.txt",
+                    "sel disk 3\r\nlist disk",
+                    {{1000204886016, kMB, true},
+                     {512110190592, 0, true},
+                     {1000204886016, 0},
+                     {256060514304, 256060514304, true}},
+                    10,
+                    0,
+                    1041,
+                    3},
+        ListCapture{"list_disk/ko-gpt.txt", "list disk", {{256060514304, kMB, true}}, 10, 0, 1042},
+        ListCapture{"list_disk/zh-10.0.17134-447gb.txt",
+                    "list disk",
+                    {{480103981056, 247 * kGB, true}},
+                    10,
+                    0,
+                    2052},
+        ListCapture{"list_disk/zh-6.1.7601-server-six-disks-mb.txt",
+                    "list disk",
+                    {{50 * kGB, 0},
+                     {1024 * kMB, 1984 << 10},
+                     {1024 * kMB, 1984 << 10},
+                     {1024 * kMB, 1984 << 10},
+                     {2048 * kMB, 1984 << 10},
+                     {4096 * kMB, 1024 << 10}},
+                    6,
+                    1,
+                    2052},
+        ListCapture{"list_disk/zh-2003-narrow-dynamic-672kb.txt",
+                    "list disk",
+                    {{70 * kGB, 10 * kGB}, {100 * kGB, 672 << 10, false, true}},
+                    5,
+                    2,
+                    2052}),
+    tests::NamedAsPrinted());
+
+TEST(DiskpartListing, MarksDynamicDisksAsTheCapture) {
+  Server server;
+  Disk first;
+  first.size = 480103981056;
+  first.dynamic = true;
+  Disk second;
+  second.number = 1;
+  second.size = 480103981056;
+  second.free = second.size;
+  server.disks() = {first, second};
+  // The last line of the capture is a disk that is missing.
+  std::vector<std::string> capture = Lines(Capture("list_disk/en-missing-M0-dynamic.txt"));
+  capture.pop_back();
+  EXPECT_EQ(Tail(Lines(DiskpartOutput("list disk", server)), 4), capture);
+}
 
 TEST(Diskpart, PadsADiskLineAsTheCaptureThatKeptItsBlanks) {
   Server server;
@@ -136,6 +236,8 @@ struct BannerCapture {
   const char* file;
   DWORD minor;
   DWORD build;
+  LANGID language = 1033;
+  const char* computer = "HOST";
 };
 
 std::ostream& operator<<(std::ostream& out, const BannerCapture& test) { return out << test.file; }
@@ -147,7 +249,8 @@ TEST_P(DiskpartBanner, EqualsTheCapture) {
   server.system().major_version = 6;
   server.system().minor_version = GetParam().minor;
   server.system().build = GetParam().build;
-  server.system().computer_name = "HOST";
+  server.system().language = GetParam().language;
+  server.system().computer_name = GetParam().computer;
   const std::vector<std::string> banner = Lines(DiskpartBannerOf(server).substr(2));
   std::vector<std::string> capture = Lines(Capture(GetParam().file));
   capture.resize(banner.size());
@@ -157,7 +260,10 @@ TEST_P(DiskpartBanner, EqualsTheCapture) {
 INSTANTIATE_TEST_SUITE_P(
     Captures, DiskpartBanner,
     testing::Values(BannerCapture{"list_disk/en-6.1.7600-no-media.txt", 1, 7600},
-                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200}),
+                    BannerCapture{"list_disk/en-6.2.9200-winre-scripted.txt", 2, 9200},
+                    BannerCapture{"list_disk/es-6.1.7600-800mb.txt", 1, 7600, 3082, "HOST-PC"},
+                    BannerCapture{"list_disk/zh-6.1.7601-server-six-disks-mb.txt", 1, 7601, 2052,
+                                  "RAC1"}),
     tests::NamedAsPrinted());
 
 // The lines from the disk's model on, without those whose facts the simulator does not keep.
@@ -265,6 +371,94 @@ TEST(DiskpartDetail, EqualsTheCaptureOfASelectedVolumeWithoutAFileSystem) {
   EXPECT_EQ(
       DetailLines(DiskpartOutput("sel disk 1\r\nsel part 1\r\ndetail disk", server), disk.model),
       DetailLines(Capture("detail_disk/en-usb-removable-star-offline-nofs.txt"), disk.model));
+}
+
+TEST(DiskpartDetail, EqualsTheCaptureOfADynamicDisk) {
+  Server server;
+  Disk disk = MakeDisk(0, "AVAGO SMC3108 SCSI Disk Device",
+                       "{057A21CC-17C6-45E2-893C-D68B128CAD35}", "RAID");
+  disk.dynamic = true;
+  disk.partitions = {{1, 7151 * kGB, "", MakeVolume(server, "New Volume", 'E')}};
+  server.disks() = {disk};
+  std::vector<std::string> output =
+      DetailLines(DiskpartOutput("sel disk 0\r\ndetail disk", server), disk.model);
+  std::vector<std::string> capture =
+      DetailLines(Capture("detail_disk/en-raid-data-dynamic-simple.txt"), disk.model);
+  // The path of the adapter, which the simulator does not keep.
+  for (std::vector<std::string>* lines : {&output, &capture}) {
+    std::erase_if(*lines, [](const std::string& line) {
+      return line.starts_with("Path ") || line.starts_with("Target ");
+    });
+  }
+  EXPECT_EQ(output, capture);
+}
+
+struct DetailCapture {
+  const char* file;
+  LANGID language;
+  Disk disk;
+  Volume volume;
+  int number;            // of the volume
+  const char* location;  // what the line that the simulator does not keep begins with
+};
+
+std::ostream& operator<<(std::ostream& out, const DetailCapture& test) { return out << test.file; }
+
+class DiskpartDetailInLanguage : public testing::TestWithParam<DetailCapture> {};
+
+TEST_P(DiskpartDetailInLanguage, EqualsTheCapture) {
+  Server server;
+  server.system().language = GetParam().language;
+  Disk other = MakeDisk(0, "other", "00000000", "SATA");
+  for (int i = 1; i <= GetParam().number; ++i) {
+    other.partitions.push_back({i, kGB, "", MakeVolume(server, "", std::nullopt)});
+  }
+  Disk disk = GetParam().disk;
+  disk.number = 1;
+  disk.partitions[0].volume = server.files().AddVolume(GetParam().volume);
+  if (GetParam().volume.label == "zwybk") server.files().Mount('E', disk.partitions[0].volume);
+  if (GetParam().volume.drive_type == DRIVE_REMOVABLE) {
+    server.files().Mount('F', disk.partitions[0].volume);
+  }
+  server.disks() = {other, disk};
+  const auto lines = [&disk](const std::string& text) {
+    std::vector<std::string> all = DetailLines(text, disk.model);
+    std::erase_if(all,
+                  [](const std::string& line) { return line.starts_with(GetParam().location); });
+    return all;
+  };
+  EXPECT_EQ(lines(DiskpartOutput("sel disk 1\r\ndetail disk", server)),
+            lines(Capture(GetParam().file)));
+}
+
+DetailCapture DetailOf(const char* file, LANGID language, const char* model, const char* id,
+                       const char* bus, Partition partition, Volume volume, int number,
+                       const char* location) {
+  Disk disk = MakeDisk(1, model, id, bus);
+  disk.partitions = {std::move(partition)};
+  return {file, language, std::move(disk), std::move(volume), number, location};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Captures, DiskpartDetailInLanguage,
+    testing::Values(
+        DetailOf("detail_disk/es-6.3.9600-sata-hidden-esp-padded.txt", 3082,
+                 "ST750LM022 HN-M750MBB", "{866607CD-B86C-411D-88C1-181B2B90BC39}", "SATA",
+                 {1, 512 * kMB, "Hidden", nullptr}, {.file_system = "FAT32"}, 0, "Ruta de"),
+        DetailOf("detail_disk/zh-ata-mbr-one-volume.txt", 2052, "ST500DM002-1ER14C ATA Device",
+                 "C81657A2", "ATA", {1, 465 * kGB, "", nullptr}, {.label = "zwybk"}, 4, "位置路径"),
+        DetailOf("detail_disk/zh-usb-removable-fat32-restored.txt", 2052,
+                 "Generic Masstorage USB Device", "00000000", "USB", {1, 29 * kGB, "", nullptr},
+                 {.file_system = "FAT32", .drive_type = DRIVE_REMOVABLE}, 4, "位置路径")),
+    tests::NamedAsPrinted());
+
+TEST(DiskpartSelection, IsInSpanishAsTheCapture) {
+  Server server;
+  AddTwoDisks(server);
+  server.system().language = 3082;
+  const std::vector<std::string> capture =
+      Lines(Capture("detail_disk/es-6.3.9600-sata-hidden-esp-padded.txt"));
+  EXPECT_EQ(Lines(DiskpartOutput("sel disk 0", server)).back(), capture.front());
 }
 
 }  // namespace

@@ -83,6 +83,67 @@ TEST(Diskpart, ShowsNoVolumesOfADiskThatIsOffline) {
   EXPECT_TRUE(output.ends_with("\r\n\r\nThere are no volumes.\r\n"));
 }
 
+// Two dynamic disks with a volume on both, and one on the second alone.
+void MakeDynamic(Server& server) {
+  for (Disk& disk : server.disks()) disk.dynamic = true;
+  const std::shared_ptr<Volume> spanned = server.disks()[1].partitions[0].volume;
+  server.disks()[0].partitions.push_back({2, 100 * tests::kGB, "", spanned});
+  server.disks()[1].partitions[1].volume = tests::MakeVolume(server, "Simple", 'S');
+  server.disks()[1].partitions[1].size = 20 * tests::kGB;
+}
+
+TEST(Diskpart, ShowsASpannedVolumeOnEachOfItsDisksWithItsWholeSize) {
+  Server server;
+  AddTwoDisks(server);
+  MakeDynamic(server);
+  const std::string spanned =
+      "  Volume 1     E   Data         NTFS   Spanned      299 GB  Healthy            \r\n";
+  EXPECT_TRUE(DiskpartOutput("sel disk 0\ndetail disk", server)
+                  .ends_with("  Volume 0     C   Windows      NTFS   Simple       126 GB  Healthy"
+                             "    Boot    \r\n" +
+                             spanned));
+  EXPECT_TRUE(DiskpartOutput("sel disk 1\ndetail disk", server)
+                  .ends_with(spanned +
+                             "  Volume 2     S   Simple       NTFS   Simple        20 GB  "
+                             "Healthy            \r\n"));
+}
+
+TEST(Diskpart, SelectsNoVolumeByAPartitionOfADynamicDisk) {
+  Server server;
+  AddTwoDisks(server);
+  MakeDynamic(server);
+  for (const char* const command : {"assign letter=G", "assign", "remove"}) {
+    const ToolResult result =
+        RunDiskpartScript("sel disk 1\nsel part 2\n" + std::string(command), server);
+    EXPECT_EQ(result.exit_code, 5u) << command;
+    EXPECT_TRUE(
+        result.output.ends_with("There is no volume selected.\r\nPlease select a volume "
+                                "and try again.\r\n"));
+  }
+  EXPECT_EQ(server.files().VolumeAt('S'), server.disks()[1].partitions[1].volume);
+}
+
+TEST(Diskpart, PrintsTextsThatTheServerHasOfItsOwn) {
+  Server server;
+  AddTwoDisks(server);
+  server.system().language = 1031;
+  server.system().disk_tool_texts = {{"Disk", "Platte"}, {"Healthy", "Fehlerfrei"}, {"GB", "GiB"}};
+  EXPECT_NE(DiskpartOutput("list disk", server).find("\r\n  Platte 0    Online          127 GiB "),
+            std::string::npos);
+  EXPECT_NE(DiskpartOutput("sel disk 1\ndetail disk", server).find("   199 GiB  Fehlerfrei "),
+            std::string::npos);
+}
+
+TEST(Diskpart, IsInEnglishInALanguageWithoutCaptures) {
+  Server server;
+  AddTwoDisks(server);
+  const std::string english = DiskpartOutput("list disk\nsel disk 1\ndetail disk", server);
+  for (const LANGID language : {1040, 1028, 3076}) {
+    server.system().language = language;
+    EXPECT_EQ(DiskpartOutput("list disk\nsel disk 1\ndetail disk", server), english) << language;
+  }
+}
+
 TEST(Diskpart, CutsALabelAtElevenCharactersNotBytes) {
   Server server;
   AddTwoDisks(server);
