@@ -64,7 +64,8 @@ void BuildServer(const simulator::Scenario& scenario) {
   for (const auto& source : sources) {
     Expect(source.root != nullptr && source.copy != nullptr, "a source has a tree and a copy");
   }
-  static_cast<void>(simulator::LetterReport(simulator::GatherLetters(scenario, server)));
+  static_cast<void>(simulator::LetterReport(simulator::GatherLetters(
+      scenario, simulator::GatherDisks(server), {}, simulator::LettersOn(server))));
 }
 
 }  // namespace

@@ -20,11 +20,13 @@ std::string LineAndColumn(std::string_view text, size_t byte) {
          std::to_string(1 + before.size() - line_start);
 }
 
-// A key as a JSON pointer writes it.
+// A key as a JSON pointer writes it, on one line.
 std::string Escaped(std::string_view key) {
   std::string text;
   for (const char c : key) {
-    if (c == '~') {
+    if (c == '\n' || c == '\r') {
+      text += c == '\n' ? "\\n" : "\\r";
+    } else if (c == '~') {
       text += "~0";
     } else if (c == '/') {
       text += "~1";

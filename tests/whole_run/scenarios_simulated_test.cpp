@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "rehearsal/report/report_descriptors.h"
+#include "rehearsal/report/report_letters.h"
 #include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/security/sddl_text.h"
@@ -47,6 +48,9 @@ constexpr Expected kExpected[] = {
     {"letterless_disk", 0, "nothing to do", "2 of 2 right", "0 of 0", "89 of 89"},
     {"disk_without_volume", 1, "nothing to do", "1 of 3 right", "0 of 0", "51 of 149"},
     {"disk_without_backup_info", 1, "nothing to do", "1 of 3 right", "0 of 0", "51 of 149"},
+    {"offline_disk", 1, "nothing to do", "1 of 4 right", "0 of 0", "52 of 159"},
+    {"dynamic_disks", 1, "nothing to do", "2 of 3 right", "0 of 0", "90 of 149"},
+    {"french_server", 1, "nothing to do", "1 of 3 right", "0 of 0", "51 of 149"},
     {"deny_everyone_later", 0, "nothing to do", "2 of 2 right", "0 of 0", "106 of 109"},
     {"german_server", 0, "nothing to do", "2 of 2 right", "0 of 0", "110 of 110"},
     {"junction_list_missing", 1, "nothing to do", "2 of 2 right", "0 of 1 (1 not made)",
@@ -231,6 +235,50 @@ TEST(LaterVolumeRun, LeavesWhatNeedsPrivileges) {
   EXPECT_EQ(outcome.differences[2].path, "D:\\Finance\\Payroll.xlsx");
   EXPECT_EQ(outcome.differences[2].wanted, "O:BAG:SYD:PAI(D;;FA;;;WD)(A;;FR;;;BG)");
   EXPECT_EQ(outcome.differences[2].found, "O:BAG:SYD:PAI(D;;FA;;;WD)");
+}
+
+// The reasons of the letters that are wrong, by the letters of the source.
+std::map<char, std::string> WrongLetters(WholeRun& run) {
+  std::map<char, std::string> reasons;
+  for (const simulator::VolumeLetters& volume : run.Letters()) {
+    if (volume.IsWrong()) reasons[*volume.source] = volume.reason.text;
+  }
+  return reasons;
+}
+
+TEST(OfflineDiskRun, NamesTheDiskAtWhichTheWorkOnLettersEnded) {
+  WholeRun run("offline_disk");
+  run.Run();
+  const std::string ended = "the work on letters ended at disk 2, which is offline";
+  EXPECT_EQ(WrongLetters(run),
+            (std::map<char, std::string>{{'D', ended}, {'E', ended}, {'F', "disk 2 is offline"}}));
+}
+
+TEST(DynamicDisksRun, SaysThatPartitionsSelectNoVolume) {
+  WholeRun run("dynamic_disks");
+  run.Run();
+  EXPECT_EQ(WrongLetters(run),
+            (std::map<char, std::string>{
+                {'E', "on a dynamic disk, diskpart selects no volume by a partition"}}));
+}
+
+TEST(FrenchServerRun, LooksAtNoDisk) {
+  WholeRun run("french_server");
+  run.Run();
+  EXPECT_EQ(WrongLetters(run),
+            (std::map<char, std::string>{
+                {'D', "the size of disk 1 is not shown in GB: \"200 G octets\""},
+                {'E', "the size of disk 2 is not shown in GB: \"500 G octets\""}}));
+  // It lists the disks, and that is all.
+  EXPECT_EQ(run.server().calls().ArgumentsOf("CreateProcessA").size(), 2u);
+}
+
+TEST(LetterTakenRun, NamesTheVolumeThatHoldsTheLetter) {
+  WholeRun run("letter_taken");
+  run.Run();
+  EXPECT_EQ(
+      WrongLetters(run),
+      (std::map<char, std::string>{{'E', "E: is taken by Cloud Tools (disk 1, partition 2)"}}));
 }
 
 }  // namespace

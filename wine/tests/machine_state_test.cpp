@@ -19,6 +19,7 @@ MachineState Sample() {
   state.system.build = 9600;
   state.system.language = 2052;
   state.system.computer_name = "WEB-01";
+  state.system.disk_tool_texts = {{"Healthy", "Fehlerfrei"}};
   const auto data = std::make_shared<Volume>();
   data->label = "Größe \"1\"";
   data->file_system = "ReFS";
@@ -33,8 +34,12 @@ MachineState Sample() {
   disk.free = 5;
   disk.online = false;
   disk.gpt = true;
+  disk.dynamic = true;
   disk.partitions = {{1, 7, "", nullptr}, {2, 8, "Boot", data}};
-  state.disks = {disk};
+  Disk other;
+  other.number = 3;
+  other.partitions = {{1, 9, "", data}};
+  state.disks = {disk, other};
   state.letters['G'] = data;
   state.targets[data.get()] = "../volumes/disk2_partition2";
   state.boot = HealthyBoot();
@@ -58,7 +63,9 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(read->boot.current, state.boot.current);
   EXPECT_EQ(read->answers, state.answers);
   EXPECT_EQ(read->calls, state.calls);
-  ASSERT_EQ(read->disks.size(), 1U);
+  EXPECT_EQ(read->history, state.history);
+  EXPECT_EQ(read->system.disk_tool_texts, state.system.disk_tool_texts);
+  ASSERT_EQ(read->disks.size(), 2U);
   const Disk& disk = read->disks.front();
   EXPECT_EQ(disk.number, 2);
   EXPECT_EQ(disk.model, "Model");
@@ -68,6 +75,7 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(disk.free, 5U);
   EXPECT_FALSE(disk.online);
   EXPECT_TRUE(disk.gpt);
+  EXPECT_TRUE(disk.dynamic);
   ASSERT_EQ(disk.partitions.size(), 2U);
   EXPECT_EQ(disk.partitions[0].volume, nullptr);
   EXPECT_EQ(disk.partitions[1].number, 2);
@@ -83,6 +91,8 @@ TEST(MachineState, ComesBackFromItsText) {
   ASSERT_EQ(read->boot.unused.size(), 1U);
   EXPECT_EQ(read->boot.unused.at(&volume), HealthyBoot(true).store);
   EXPECT_EQ(read->targets.at(&volume), "../volumes/disk2_partition2");
+  EXPECT_FALSE(read->disks[1].dynamic);
+  EXPECT_EQ(read->disks[1].partitions.at(0).volume.get(), &volume);
 }
 
 TEST(MachineState, KeepsAnEmptyBootStore) {

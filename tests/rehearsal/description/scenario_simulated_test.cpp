@@ -97,7 +97,53 @@ TEST_F(ScenarioTest, NamesAKeyThatIsGivenTwice) {
   // The same key of another object, and a text that is no key.
   EXPECT_EQ(ErrorOf(R"({"title": "disks", "disks": [{"title": "t"}]})"),
             ": /disks/0/title: expected no such key, only \"size\", \"free\", \"model\", \"gpt\", "
-            "\"online\", \"partitions\"");
+            "\"online\", \"dynamic\", \"partitions\"");
+}
+
+TEST_F(ScenarioTest, ReadsSpannedVolumesAndTextsOfTheDiskTool) {
+  const Scenario scenario = Read(WithDisks(
+      R"(, {"size": "2 GB", "dynamic": true, "partitions": [{"size": "1 GB", "volume": {}}]},
+         {"size": "9 GB", "dynamic": true, "partitions": [{"size": "8 GB",
+          "part_of": {"disk": 1, "partition": 1}}]})",
+      R"(, "windows": {"language": 1031, "diskpart": {"Healthy": "Fehlerfrei"}})"));
+  Server server;
+  Build(scenario, server);
+  EXPECT_EQ(server.system().disk_tool_texts,
+            (std::map<std::string, std::string>{{"Healthy", "Fehlerfrei"}}));
+  EXPECT_TRUE(server.disks()[1].dynamic);
+  const Volume& volume = *server.disks()[1].partitions[0].volume;
+  EXPECT_EQ(server.disks()[2].partitions[0].volume.get(), &volume);
+  EXPECT_EQ(volume.size, 9 * kGB);
+}
+
+TEST_F(ScenarioTest, NamesAPartThatIsOfNoSpannedVolume) {
+  const std::string disk =
+      R"(, {"size": "2 GB", "dynamic": true, "partitions": [{"size": "1 GB", "volume": {}}]})";
+  const auto error_of = [this, &disk](const std::string& keys, const std::string& part) {
+    return ErrorOf(WithDisks(disk + R"(, {"size": "2 GB", )" + keys +
+                             R"("partitions": [{"size": "1 GB", )" + part + "}]}"));
+  };
+  const std::string part_of = ": /disks/2/partitions/0/part_of: expected ";
+  const std::string dynamic = R"("dynamic": true, )";
+  const std::string part = R"("part_of": {"disk": 1, "partition": 1})";
+  EXPECT_EQ(error_of(dynamic, part), "no error");
+  EXPECT_EQ(error_of("", part), part_of + "to be on a dynamic disk that is online");
+  EXPECT_EQ(error_of(dynamic + R"("online": false, )", part),
+            part_of + "to be on a dynamic disk that is online");
+  EXPECT_EQ(error_of(dynamic, part + R"(, "volume": {})"), part_of + "no volume beside it");
+  for (const char* const other :
+       {R"("part_of": {"disk": 0, "partition": 1})", R"("part_of": {"disk": 1, "partition": 2})"}) {
+    EXPECT_EQ(error_of(dynamic, other), part_of + "a volume on a dynamic disk that is online");
+  }
+  EXPECT_EQ(error_of(dynamic, R"("part_of": {"disk": 2, "partition": 1})"),
+            ": /disks/2/partitions/0/part_of/disk: expected a whole number from 0 to 1");
+}
+
+TEST_F(ScenarioTest, NamesATextThatTheDiskToolDoesNotHave) {
+  const std::string error =
+      ErrorOf(WithDisks("", R"(, "windows": {"diskpart": {"healthy": "x"}})"));
+  EXPECT_TRUE(error.starts_with(": /windows/diskpart/healthy: expected no such key, only "))
+      << error;
 }
 
 TEST_F(ScenarioTest, NamesAMissingKey) {

@@ -130,7 +130,7 @@ TEST(Diskpart, PrintsTextsThatTheServerHasOfItsOwn) {
   server.system().disk_tool_texts = {{"Disk", "Platte"}, {"Healthy", "Fehlerfrei"}, {"GB", "GiB"}};
   EXPECT_NE(DiskpartOutput("list disk", server).find("\r\n  Platte 0    Online          127 GiB "),
             std::string::npos);
-  EXPECT_NE(DiskpartOutput("sel disk 1\ndetail disk", server).find("   199 GiB  Fehlerfrei "),
+  EXPECT_NE(DiskpartOutput("sel disk 1\ndetail disk", server).find("   199 GiB  Fehlerfre  "),
             std::string::npos);
 }
 
@@ -138,7 +138,7 @@ TEST(Diskpart, IsInEnglishInALanguageWithoutCaptures) {
   Server server;
   AddTwoDisks(server);
   const std::string english = DiskpartOutput("list disk\nsel disk 1\ndetail disk", server);
-  for (const LANGID language : {1040, 1028, 3076}) {
+  for (const LANGID language : {LANGID{1040}, LANGID{1028}, LANGID{3076}}) {
     server.system().language = language;
     EXPECT_EQ(DiskpartOutput("list disk\nsel disk 1\ndetail disk", server), english) << language;
   }
