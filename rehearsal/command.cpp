@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -63,6 +64,35 @@ int RunCommand(int argc, char** argv, int (*rehearse)(const Scenario&, const Opt
     return Fail(kRunFailed, error.what());
   }
   return kSuccess;
+}
+
+bool WriteJson(const Report& report, const fs::path& file) {
+  if (file.empty()) return true;
+  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+  stream << ReportJson(report);
+  if (!stream.flush()) {
+    std::cerr << "rehearse: cannot write the report to " << file.string() << "\n";
+    return false;
+  }
+  std::cout << "report: " << file.string() << "\n";
+  return true;
+}
+
+int ExitStatus(const Report& report, bool strict) {
+  std::cout << std::flush;
+  int status = kSuccess;
+  switch (report.run.outcome) {
+    case RunOutcome::kSucceeded:
+      break;
+    case RunOutcome::kFailed:
+      status = Fail(kRunFailed, "the run failed: " + report.run.reason);
+      break;
+    case RunOutcome::kCancelled:
+      status = Fail(kRunFailed, "the run was cancelled " + report.run.reason);
+      break;
+  }
+  if (strict && !IsRight(report)) return Fail(kReportIsWrong, "the report is not all right");
+  return status;
 }
 
 }  // namespace simulator

@@ -21,11 +21,7 @@
 #include "rehearsal/description/source_tree.h"
 #include "rehearsal/description/tool_history.h"
 #include "rehearsal/options.h"
-#include "rehearsal/report/report_boot.h"
-#include "rehearsal/report/report_descriptors.h"
-#include "rehearsal/report/report_junctions.h"
-#include "rehearsal/report/report_letters.h"
-#include "rehearsal/report/report_restart.h"
+#include "rehearsal/report/report.h"
 #include "rehearsal/screen.h"
 #include "rehearsal/user.h"
 #include "simulator/model/boot/boot_store.h"
@@ -98,23 +94,21 @@ void PassTime(Server& server, Screen::Kind screen, const std::string& tool,
   }
 }
 
-enum class Outcome { kSucceeded, kFailed, kCancelled };
-
 // Runs the program from its entry point to its exit. What became of the run is told by what the
 // user did, by the boxes, and by how the dialog looked last.
-Outcome RunProgram(Server& server, const User& user) {
+RunOutcome RunProgram(Server& server, const User& user) {
   server.own_process().Run(
       [] { return ::wWinMain(ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
-  if (user.cancelled_at()) return Outcome::kCancelled;
+  if (user.cancelled_at()) return RunOutcome::kCancelled;
   const std::vector<ShownMessageBox> boxes = server.message_boxes().Shown();
   const bool has_warned = std::any_of(boxes.begin(), boxes.end(), [](const ShownMessageBox& box) {
     return (box.type & MB_ICONWARNING) == MB_ICONWARNING;
   });
   const std::vector<ShownDialog> dialogs = server.dialogs().All();
-  if (has_warned || dialogs.empty()) return Outcome::kFailed;
+  if (has_warned || dialogs.empty()) return RunOutcome::kFailed;
   const ShownControl& bar = dialogs.back().Control(IDC_PROGRESS);
   const bool is_full = bar.state == PBST_NORMAL && bar.position == bar.maximum;
-  return is_full ? Outcome::kSucceeded : Outcome::kFailed;
+  return is_full ? RunOutcome::kSucceeded : RunOutcome::kFailed;
 }
 
 // Copies the program's logs to the host and says where they lie. False when that failed.
@@ -152,19 +146,16 @@ std::string ReasonOf(Server& server) {
   return boxes.empty() ? "see the log" : boxes.front().text;
 }
 
-int ExitStatus(Outcome outcome, Server& server, const User& user) {
-  std::cout << std::flush;
+RunEnd EndOf(RunOutcome outcome, Server& server, const User& user) {
   switch (outcome) {
-    case Outcome::kSucceeded:
-      return kSuccess;
-    case Outcome::kFailed:
-      std::cerr << "rehearse: the run failed: " << ReasonOf(server) << "\n";
-      return kRunFailed;
-    case Outcome::kCancelled:
-      std::cerr << "rehearse: the run was cancelled at " << *user.cancelled_at() << "%\n";
-      return kRunFailed;
+    case RunOutcome::kSucceeded:
+      return {outcome, ""};
+    case RunOutcome::kFailed:
+      return {outcome, ReasonOf(server)};
+    case RunOutcome::kCancelled:
+      break;
   }
-  return kRunFailed;
+  return {outcome, "at " + std::to_string(*user.cancelled_at()) + "%"};
 }
 
 int Rehearse(const Scenario& scenario, const Options& options) {
@@ -182,26 +173,21 @@ int Rehearse(const Scenario& scenario, const Options& options) {
         PassTime(server, kind, tool, child);
       },
       history);
-  const std::vector<DiskFacts> disks = GatherDisks(server);
-  const std::vector<JunctionState> junctions = JunctionStates(sources);
-  const BootStore boot = server.boot().store;
+  const ReportStart start(scenario, sources, server);
   std::cout << scenario.title << "\n\n";
   Screen screen(std::cout, kind);
   User user(options.intention);
   Watch(server, screen, user);
-  const Outcome outcome = RunProgram(server, user);
+  RunEnd end = EndOf(RunProgram(server, user), server, user);
+  end.wants_restart = options.intention.wish == Wish::kRestart;
   server.files().Watch(nullptr);
   server.dialogs().Watch(nullptr);
 
-  std::cout << "\n"
-            << BootReport(GatherBoot(scenario, boot, server))
-            << LetterReport(GatherLetters(scenario, disks, history->Calls(), LettersOn(server)))
-            << JunctionReport(GatherJunctions(sources, junctions, server))
-            << DescriptorReport(GatherDescriptors(sources, server.security().domains()))
-            << RestartReport(server.shutdown().Scheduled());
-  if (!CopyLogs(server, options.logs)) return kRunFailed;
-  if (outcome != Outcome::kCancelled) ExpectReached(scenario, server);
-  return ExitStatus(outcome, server, user);
+  const Report report = start.Finish(end, history->Calls(), server);
+  std::cout << "\n" << ReportText(report);
+  if (!CopyLogs(server, options.logs) || !WriteJson(report, options.json)) return kRunFailed;
+  if (end.outcome != RunOutcome::kCancelled) ExpectReached(scenario, server);
+  return ExitStatus(report, options.strict);
 }
 
 }  // namespace

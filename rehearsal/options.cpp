@@ -51,13 +51,15 @@ std::string ParseOption(const std::string& option, Values& values, Options& opti
     options.windows = true;
   } else if (option == "--help") {
     options.help = true;
-  } else if (option == "--scenario" || option == "--logs") {
+  } else if (option == "--strict") {
+    options.strict = true;
+  } else if (option == "--scenario" || option == "--logs" || option == "--json") {
     const std::string value = values.Take();
     if (value.empty()) return option + " needs a value";
     if (option == "--scenario") {
       options.scenario = value;
     } else {
-      options.logs = value;
+      (option == "--logs" ? options.logs : options.json) = value;
     }
   } else if (option == "--language") {
     constexpr int kLast = 0xFFFF;
@@ -76,7 +78,7 @@ std::string ParseOption(const std::string& option, Values& values, Options& opti
 
 const std::string_view kHelp =
     "usage: rehearse [--windows] [--scenario NAME|FILE] [--language LANGID] [--answer ANSWER]\n"
-    "                [--logs FOLDER]\n"
+    "                [--logs FOLDER] [--json FILE] [--strict]\n"
     "       rehearse --list | --help\n"
     "\n"
     "Runs the restore program on a simulated server, shows its dialog and its log, and reports "
@@ -92,14 +94,21 @@ const std::string_view kHelp =
     "  --answer cancel-at PERCENT\n"
     "                     the user cancels the run as soon as the bar has come so far\n"
     "  --logs FOLDER      where the program's log is copied; ./out/Logs without this option\n"
+    "  --json FILE        writes the report for machines; docs/report.md describes it\n"
+    "  --strict           ends with status 3 if anything in the report is wrong. A junction that\n"
+    "                     was there already, or whose target the source lacked too, is not wrong\n"
     "  --windows          the program of Windows itself, under Wine, on drives of a prefix of its "
     "own;\n"
     "                     what the screen showed at the end lies beside the log\n"
     "  --list             the shipped scenarios and what they show\n"
     "  --help             this text\n"
     "\n"
-    "Exit status: 0, 1 when the run failed or was cancelled, 2 for wrong usage or a broken "
-    "scenario.\n";
+    "Exit status: the first of these that applies\n"
+    "  2  wrong usage or a broken scenario, also one that names a call which the run did not make\n"
+    "  1  the log or the report could not be written\n"
+    "  3  with --strict: something in the report is wrong, whether or not the run failed\n"
+    "  1  the run failed or was cancelled\n"
+    "  0  otherwise\n";
 
 std::string ParseArguments(const std::vector<std::string>& arguments, Options& options) {
   Values values(arguments);

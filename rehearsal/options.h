@@ -17,9 +17,11 @@ namespace simulator {
 struct Options {
   std::string scenario = "default";
   std::filesystem::path logs = "out/Logs";
+  std::filesystem::path json;      // where the report for machines is written; empty for nowhere
   std::optional<LANGID> language;  // instead of the scenario's
   Intention intention;
   bool windows = false;  // the Windows build of the program, under Wine
+  bool strict = false;   // something wrong in the report decides on the exit status
   bool list = false;
   bool help = false;
 };

@@ -50,6 +50,7 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
   for (const SourceVolume& volume : sources) {
     VisitTree(volume.letter, *volume.root, [&](const std::string& path, const Node& node) {
       ++outcome.objects;
+      if (path.size() == kRoot) ++outcome.roots;
       const std::string& wanted = texts.Of(node.security);
       const Node* const found = volume.copy->root->Find(path.substr(kRoot));
       const std::string text = found == nullptr ? "" : texts.Of(found->security);
@@ -59,10 +60,14 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
   return outcome;
 }
 
-std::string DescriptorReport(const DescriptorOutcome& outcome) {
+std::string DescriptorReport(const DescriptorOutcome& outcome, const std::string& subject,
+                             const std::string& standard) {
   const size_t different = outcome.differences.size();
-  std::string report = "descriptors: " + WithCommas(outcome.objects - different) + " of " +
-                       WithCommas(outcome.objects) + " equal to the source\n";
+  if (outcome.objects == outcome.roots && different == 0) {
+    return subject + ": nothing " + (outcome.objects == 0 ? "" : "but roots ") + "to compare\n";
+  }
+  std::string report = subject + ": " + WithCommas(outcome.objects - different) + " of " +
+                       WithCommas(outcome.objects) + " " + standard + "\n";
   const size_t shown = std::min(different, kMostShown);
   for (size_t i = 0; i < shown; ++i) {
     const DescriptorDifference& difference = outcome.differences[i];

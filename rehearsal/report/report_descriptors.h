@@ -21,6 +21,7 @@ struct DescriptorDifference {
 struct DescriptorOutcome {
   size_t objects = 0;  // files and folders that the source server had
   std::vector<DescriptorDifference> differences;
+  size_t roots = 0;  // of the objects
 };
 
 // Compares the descriptor of each object of the sources, as text, with that of the server's object
@@ -29,8 +30,12 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
                                     const AccountDomains& domains);
 
 // Returns the line "descriptors: 5,999 of 6,000 equal to the source", followed by the first ten
-// differences and the number of further ones. Lines end with "\n".
-std::string DescriptorReport(const DescriptorOutcome& outcome);
+// differences and the number of further ones. `standard` is what they were compared with. It is
+// "descriptors: nothing to compare" for no objects, and "descriptors: nothing but roots to compare"
+// for roots alone that are equal. Lines end with "\n".
+std::string DescriptorReport(const DescriptorOutcome& outcome,
+                             const std::string& subject = "descriptors",
+                             const std::string& standard = "equal to the source");
 
 }  // namespace simulator
 

@@ -13,19 +13,9 @@
 namespace simulator {
 namespace {
 
-enum class Reason { kTargetMissing, kAlreadyThere, kWrongTarget, kNotMade };
-constexpr std::string_view kReasons[] = {"target missing", "already there", "wrong target",
-                                         "not made"};
-
-bool IsMade(const JunctionOutcome& junction) {
-  return junction.before != JunctionState::kRight && junction.after == JunctionState::kRight;
-}
-
-Reason ReasonOf(const JunctionOutcome& junction) {
-  if (junction.after == JunctionState::kRight) return Reason::kAlreadyThere;
-  if (junction.after == JunctionState::kElsewhere) return Reason::kWrongTarget;
-  return junction.has_target ? Reason::kNotMade : Reason::kTargetMissing;
-}
+// By JunctionVerdict; nothing for a junction that was made.
+constexpr std::string_view kReasons[] = {
+    "", "target missing", "target lost", "already there", "wrong target", "not made"};
 
 void VisitJunctions(const std::vector<SourceVolume>& sources,
                     const std::function<void(const SourceVolume& volume, const std::string& path,
@@ -38,53 +28,69 @@ void VisitJunctions(const std::vector<SourceVolume>& sources,
   }
 }
 
-JunctionState StateOf(const SourceVolume& volume, const std::string& path,
-                      const std::string& target) {
+}  // namespace
+
+JunctionVerdict VerdictOn(const JunctionOutcome& junction) {
+  if (junction.after == JunctionState::kRight) {
+    return junction.before == JunctionState::kRight ? JunctionVerdict::kAlreadyThere
+                                                    : JunctionVerdict::kMade;
+  }
+  if (junction.after == JunctionState::kElsewhere) return JunctionVerdict::kWrongTarget;
+  if (junction.has_target) return JunctionVerdict::kNotMade;
+  return junction.source_had_target ? JunctionVerdict::kTargetLost
+                                    : JunctionVerdict::kTargetMissing;
+}
+
+bool IsRight(JunctionVerdict verdict) {
+  return verdict == JunctionVerdict::kMade || verdict == JunctionVerdict::kAlreadyThere ||
+         verdict == JunctionVerdict::kTargetMissing;
+}
+
+JunctionState StateOf(const Volume& copy, const std::string& path, const std::string& target) {
   constexpr size_t kRoot = 3;  // "C:\"
-  const Node* const node = volume.copy->root->Find(path.substr(kRoot));
+  if (path.size() < kRoot) return JunctionState::kNone;
+  const Node* const node = copy.root->Find(path.substr(kRoot));
   const std::string found = node == nullptr ? "" : JunctionTargetOf(*node);
   if (found.empty()) return JunctionState::kNone;
   return NameKey(found) == NameKey(target) ? JunctionState::kRight : JunctionState::kElsewhere;
 }
 
-}  // namespace
-
 std::vector<JunctionState> JunctionStates(const std::vector<SourceVolume>& sources) {
   std::vector<JunctionState> states;
   VisitJunctions(sources, [&states](const SourceVolume& volume, const std::string& path,
                                     const std::string& target) {
-    states.push_back(StateOf(volume, path, target));
+    states.push_back(StateOf(*volume.copy, path, target));
   });
   return states;
 }
 
 std::vector<JunctionOutcome> GatherJunctions(const std::vector<SourceVolume>& sources,
                                              const std::vector<JunctionState>& before,
-                                             Server& server) {
+                                             const TargetTest& source_had, Server& server) {
   std::vector<JunctionOutcome> junctions;
   VisitJunctions(
       sources, [&](const SourceVolume& volume, const std::string& path, const std::string& target) {
-        junctions.push_back({before.at(junctions.size()), StateOf(volume, path, target),
-                             server.files().Exists(target)});
+        junctions.push_back({before.at(junctions.size()), StateOf(*volume.copy, path, target),
+                             server.files().Exists(target), path, target, source_had(target)});
       });
   return junctions;
 }
 
-std::string JunctionReport(const std::vector<JunctionOutcome>& junctions) {
-  size_t made = 0;
-  std::array<size_t, std::size(kReasons)> others{};
+std::string JunctionReport(const std::vector<JunctionOutcome>& junctions,
+                           const std::string& subject, const std::string& standard) {
+  std::array<size_t, std::size(kReasons)> counts{};
   for (const JunctionOutcome& junction : junctions) {
-    ++(IsMade(junction) ? made : others.at(static_cast<size_t>(ReasonOf(junction))));
+    ++counts.at(static_cast<size_t>(VerdictOn(junction)));
   }
   std::string reasons;
-  for (size_t i = 0; i < others.size(); ++i) {
-    if (others.at(i) == 0) continue;
-    reasons += (reasons.empty() ? " (" : ", ") + std::to_string(others.at(i)) + " ";
+  for (size_t i = 1; i < counts.size(); ++i) {
+    if (counts.at(i) == 0) continue;
+    reasons += (reasons.empty() ? " (" : ", ") + std::to_string(counts.at(i)) + " ";
     reasons += kReasons[i];
   }
   if (!reasons.empty()) reasons += ")";
-  return "junctions: " + std::to_string(made) + " of " + std::to_string(junctions.size()) +
-         reasons + "\n";
+  return subject + ": " + std::to_string(counts[0]) + " of " + std::to_string(junctions.size()) +
+         (standard.empty() ? "" : " " + standard) + reasons + "\n";
 }
 
 }  // namespace simulator

@@ -2,6 +2,7 @@
 #ifndef REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 #define REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 namespace simulator {
 
 class Server;
+struct Volume;
 
 enum class JunctionState { kNone, kElsewhere, kRight };
 
@@ -18,7 +20,31 @@ struct JunctionOutcome {
   JunctionState before = JunctionState::kNone;
   JunctionState after = JunctionState::kNone;
   bool has_target = true;  // the target exists
+  std::string path = {};   // with the source's drive letter
+  std::string target = {};
+  bool source_had_target = false;
 };
+
+enum class JunctionVerdict {
+  kMade,
+  kTargetMissing,  // the source did not have the target, either
+  kTargetLost,     // the source had the target
+  kAlreadyThere,
+  kWrongTarget,
+  kNotMade,
+};
+
+JunctionVerdict VerdictOn(const JunctionOutcome& junction);
+
+// Returns true for a junction that the run made, or that it could not or need not make: its target
+// was missing on the source, too, or it was there already.
+bool IsRight(JunctionVerdict verdict);
+
+// Returns whether the source server had a path: "D:\Data".
+using TargetTest = std::function<bool(const std::string& path)>;
+
+// Returns the state of a junction on the copy of a volume. `path` starts with the source's letter.
+JunctionState StateOf(const Volume& copy, const std::string& path, const std::string& target);
 
 // Returns the current state on the server of each junction of the sources, in the order of the
 // sources.
@@ -27,11 +53,15 @@ std::vector<JunctionState> JunctionStates(const std::vector<SourceVolume>& sourc
 // `before` is the result of JunctionStates before the run.
 std::vector<JunctionOutcome> GatherJunctions(const std::vector<SourceVolume>& sources,
                                              const std::vector<JunctionState>& before,
-                                             Server& server);
+                                             const TargetTest& source_had, Server& server);
 
 // Returns the line "junctions: 10 of 12 (1 target missing, 1 already there)": the number of
-// junctions that the run created, and why the others were not created. The line ends with "\n".
-std::string JunctionReport(const std::vector<JunctionOutcome>& junctions);
+// junctions that the run created, and why the others were not created. A target that the source had
+// is lost, another one missing. `standard` is what they were compared with, if that is not the
+// source. The line ends with "\n".
+std::string JunctionReport(const std::vector<JunctionOutcome>& junctions,
+                           const std::string& subject = "junctions",
+                           const std::string& standard = "");
 
 }  // namespace simulator
 

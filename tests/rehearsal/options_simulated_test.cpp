@@ -18,6 +18,8 @@ TEST(RehearseOptions, AreTheDefaultsWithoutArguments) {
   EXPECT_FALSE(options.language);
   EXPECT_EQ(options.intention.wish, Wish::kRestart);
   EXPECT_FALSE(options.windows);
+  EXPECT_TRUE(options.json.empty());
+  EXPECT_FALSE(options.strict);
   EXPECT_FALSE(options.list);
   EXPECT_FALSE(options.help);
 }
@@ -31,11 +33,13 @@ TEST(RehearseOptions, TellTheProgramOfWindows) {
 TEST(RehearseOptions, TakeEveryOptionTogether) {
   Options options;
   EXPECT_EQ(ParseArguments({"--scenario", "x", "--logs", "y", "--language", "2052", "--answer",
-                            "cancel-at", "40", "--list", "--help"},
+                            "cancel-at", "40", "--json", "z", "--strict", "--list", "--help"},
                            options),
             "");
   EXPECT_EQ(options.scenario, "x");
   EXPECT_EQ(options.logs, "y");
+  EXPECT_EQ(options.json, "z");
+  EXPECT_TRUE(options.strict);
   EXPECT_EQ(options.language, 2052);
   EXPECT_EQ(options.intention.wish, Wish::kCancel);
   EXPECT_EQ(options.intention.percent, 40);
@@ -61,6 +65,7 @@ TEST(RehearseOptions, NameWhatIsWrong) {
       {{"40"}, "unknown argument \"40\""},
       {{"--scenario"}, "--scenario needs a value"},
       {{"--logs", ""}, "--logs needs a value"},
+      {{"--json"}, "--json needs a value"},
       {{"--language"}, "--language needs a LANGID from 1 to 65535"},
       {{"--language", "0"}, "--language needs a LANGID from 1 to 65535"},
       {{"--language", "65536"}, "--language needs a LANGID from 1 to 65535"},
@@ -82,7 +87,8 @@ TEST(RehearseOptions, NameWhatIsWrong) {
 TEST(RehearseOptions, AreAllInTheHelp) {
   for (const char* const option :
        {"--scenario NAME", "--scenario FILE", "--language LANGID", "--answer restart",
-        "--answer later", "--answer cancel-at PERCENT", "--logs FOLDER", "--list", "--help"}) {
+        "--answer later", "--answer cancel-at PERCENT", "--logs FOLDER", "--json FILE", "--strict",
+        "--list", "--help"}) {
     EXPECT_NE(kHelp.find(std::string("\n  ") + option), std::string_view::npos) << option;
   }
 }

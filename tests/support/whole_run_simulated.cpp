@@ -1,15 +1,13 @@
 #include "support/whole_run_simulated.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "logger/b_logger.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/description/source_tree.h"
 #include "rehearsal/description/tool_history.h"
-#include "rehearsal/report/report_boot.h"
-#include "rehearsal/report/report_descriptors.h"
-#include "rehearsal/report/report_junctions.h"
-#include "rehearsal/report/report_letters.h"
+#include "rehearsal/report/report.h"
 #include "restore/run.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/desktop/desktop.h"
@@ -20,53 +18,62 @@
 
 namespace tests {
 
+namespace {
+
+std::filesystem::path ScenarioFile(const std::string& scenario) {
+  if (scenario.ends_with(".json")) return scenario;
+  return std::filesystem::path(VANTORO_SCENARIO_DIR) / (scenario + ".json");
+}
+
+}  // namespace
+
 struct WholeRun::Parts {
   Parts(const std::string& name, simulator::Server& server)
-      : scenario(simulator::ReadScenario(std::filesystem::path(VANTORO_SCENARIO_DIR) /
-                                         (name + ".json"))),
+      : scenario(simulator::ReadScenario(ScenarioFile(name))),
         sources(simulator::Build(scenario, server, nullptr, history)) {}
 
   const simulator::Scenario scenario;
   const std::shared_ptr<simulator::ToolHistory> history =
       std::make_shared<simulator::ToolHistory>();
   const std::vector<simulator::SourceVolume> sources;
-  simulator::BootStore boot_before;
-  std::vector<simulator::DiskFacts> disks_before;
-  std::vector<simulator::JunctionState> junctions_before;
+  std::optional<simulator::ReportStart> start;  // of the last run
+  int32_t result = 0;
 };
 
-WholeRun::WholeRun(const std::string& name) : parts_(std::make_unique<Parts>(name, server_)) {}
+WholeRun::WholeRun(const std::string& scenario)
+    : parts_(std::make_unique<Parts>(scenario, server_)) {}
 
 WholeRun::~WholeRun() = default;
 
 const std::vector<simulator::SourceVolume>& WholeRun::sources() const { return parts_->sources; }
 
 int32_t WholeRun::Run() {
-  parts_->boot_before = server_.boot().store;
-  parts_->disks_before = simulator::GatherDisks(server_);
-  parts_->junctions_before = simulator::JunctionStates(parts_->sources);
+  parts_->start.emplace(parts_->scenario, parts_->sources, server_);
   const HWND window = server_.desktop().CreateWindow();
   logger::BLogger logger("vantoro_restore", "");
-  return restore::RestoreWorker(logger, window, "", "");
-}
-
-std::vector<std::string> WholeRun::ClosingLines() {
-  const std::string boot =
-      simulator::BootReport(simulator::GatherBoot(parts_->scenario, parts_->boot_before, server_));
-  const std::string letters = simulator::LetterReport(Letters());
-  const std::string descriptors = simulator::DescriptorReport(Descriptors());
-  return {boot.substr(boot.rfind("boot: ")), letters.substr(letters.rfind("letters: ")),
-          simulator::JunctionReport(
-              simulator::GatherJunctions(parts_->sources, parts_->junctions_before, server_)),
-          descriptors.substr(0, descriptors.find('\n') + 1)};
-}
-
-std::vector<simulator::VolumeLetters> WholeRun::Letters() {
-  return simulator::GatherLetters(parts_->scenario, parts_->disks_before, parts_->history->Calls(),
-                                  simulator::LettersOn(server_));
+  parts_->result = restore::RestoreWorker(logger, window, "", "");
+  return parts_->result;
 }
 
 void WholeRun::ExpectReached() { simulator::ExpectReached(parts_->scenario, server_); }
+
+simulator::Report WholeRun::Report() {
+  const bool succeeded = parts_->result == 0;
+  const simulator::RunEnd end{
+      succeeded ? simulator::RunOutcome::kSucceeded : simulator::RunOutcome::kFailed,
+      succeeded ? "" : "code " + std::to_string(parts_->result), false};
+  return parts_->start.value().Finish(end, parts_->history->Calls(), server_);
+}
+
+std::vector<std::string> WholeRun::ClosingLines() {
+  const simulator::Report report = Report();
+  const std::string boot = simulator::BootReport(report.boot);
+  const std::string letters = simulator::LetterReport(report.letters);
+  const std::string descriptors = simulator::DescriptorReport(report.descriptors);
+  return {boot.substr(boot.rfind("boot: ")), letters.substr(letters.rfind("letters: ")),
+          simulator::JunctionReport(report.junctions),
+          descriptors.substr(0, descriptors.find('\n') + 1)};
+}
 
 simulator::DescriptorOutcome WholeRun::Descriptors() {
   return simulator::GatherDescriptors(parts_->sources, server_.security().domains());

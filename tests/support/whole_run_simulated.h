@@ -13,8 +13,8 @@
 
 namespace simulator {
 struct DescriptorOutcome;
+struct Report;
 struct SourceVolume;
-struct VolumeLetters;
 }  // namespace simulator
 
 namespace tests {
@@ -22,7 +22,8 @@ namespace tests {
 // A server built from a scenario, and a process in which the program has not run yet.
 class WholeRun {
  public:
-  explicit WholeRun(const std::string& name);
+  // `scenario` is the name of a shipped scenario or the path of a scenario file.
+  explicit WholeRun(const std::string& scenario);
   ~WholeRun();
   WholeRun(const WholeRun&) = delete;
   WholeRun& operator=(const WholeRun&) = delete;
@@ -31,9 +32,10 @@ class WholeRun {
   // Throws ScenarioError if the scenario lets something fail that the run did not reach.
   void ExpectReached();
 
+  // Returns the report on the last run.
+  simulator::Report Report();
   // Returns the closing lines of the reports, without the individual differences.
   std::vector<std::string> ClosingLines();
-  std::vector<simulator::VolumeLetters> Letters();
   simulator::DescriptorOutcome Descriptors();
   // Returns the current attributes, junction and descriptor of each object of the source that
   // exists.

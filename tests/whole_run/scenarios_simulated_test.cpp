@@ -9,8 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "rehearsal/report/report_descriptors.h"
-#include "rehearsal/report/report_letters.h"
+#include "rehearsal/report/report.h"
 #include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/security/sddl_text.h"
@@ -111,6 +110,16 @@ TEST_P(ScenarioRun, EndsAsItsTitleSays) {
   // A tool that cannot be started leaves its pipe, by design.
   const std::vector<std::string> pipe = {"pipe read end", "pipe write end"};
   EXPECT_EQ(run.server().OpenHandles(), expected.lacks_tool ? pipe : std::vector<std::string>());
+}
+
+// Those in whose report everything is right.
+const std::set<std::string> kRight = {"default", "letterless_disk", "german_server",
+                                      "boot_nothing_to_do", "windows_server_2003"};
+
+TEST_P(ScenarioRun, IsJudgedByItsReport) {
+  WholeRun run(GetParam().name);
+  run.Run();
+  EXPECT_EQ(simulator::IsRight(run.Report()), kRight.contains(GetParam().name));
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, ScenarioRun, testing::ValuesIn(kExpected),
@@ -240,7 +249,7 @@ TEST(LaterVolumeRun, LeavesWhatNeedsPrivileges) {
 // The reasons of the letters that are wrong, by the letters of the source.
 std::map<char, std::string> WrongLetters(WholeRun& run) {
   std::map<char, std::string> reasons;
-  for (const simulator::VolumeLetters& volume : run.Letters()) {
+  for (const simulator::VolumeLetters& volume : run.Report().letters) {
     if (volume.IsWrong()) reasons[*volume.source] = volume.reason.text;
   }
   return reasons;

@@ -14,11 +14,7 @@
 #include "rehearsal/command.h"
 #include "rehearsal/description/scenario.h"
 #include "rehearsal/options.h"
-#include "rehearsal/report/report_boot.h"
-#include "rehearsal/report/report_descriptors.h"
-#include "rehearsal/report/report_junctions.h"
-#include "rehearsal/report/report_letters.h"
-#include "rehearsal/report/report_restart.h"
+#include "rehearsal/report/report.h"
 #include "rehearsal/screen.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/desktop/shown_dialog.h"
@@ -99,7 +95,9 @@ std::vector<JunctionOutcome> Junctions(const Scenario& scenario, const WineServe
       if (!partition.volume || !partition.volume->source) continue;
       for (const ScenarioJunction& junction : partition.volume->source->junctions) {
         junctions.push_back(
-            {JunctionState::kNone, JunctionState::kNone, server.prefix().Exists(junction.target)});
+            {JunctionState::kNone, JunctionState::kNone, server.prefix().Exists(junction.target),
+             std::string(1, *partition.volume->source_letter) + ":\\" + junction.object.path,
+             junction.target});
       }
     }
   }
@@ -133,19 +131,37 @@ WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer
   return run;
 }
 
+// A run that succeeded asks about the restart.
+RunEnd EndOf(const WatchedRun& run, const Options& options) {
+  const bool wants_restart = options.intention.wish == Wish::kRestart;
+  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) {
+    return {RunOutcome::kSucceeded, "", wants_restart};
+  }
+  return {RunOutcome::kFailed, run.boxes.empty() ? "see the log" : run.boxes.back().text,
+          wants_restart};
+}
+
 // `boot` is the boot store before the run.
-void Report(const Scenario& scenario, const Options& options, const BootStore& boot,
-            const WineServer& server, const WatchedRun& run) {
+Report GatherReport(const Scenario& scenario, const Options& options, const BootStore& boot,
+                    const WineServer& server, const WatchedRun& run) {
   const MachineState state = server.State();
-  const BootChange boot_change =
-      GatherBoot(scenario, boot, state.boot, state.disks,
-                 [&state](const Volume& volume) { return state.LetterOf(volume); });
+  Report report;
+  report.title = scenario.title;
+  report.run = EndOf(run, options);
+  report.boot = GatherBoot(scenario, boot, state.boot, state.disks,
+                           [&state](const Volume& volume) { return state.LetterOf(volume); });
+  report.letters = Letters(scenario, server);
+  report.junctions = Junctions(scenario, server);
+  report.descriptors = GatherKeptDescriptors(scenario, server, PrefixFolder("plain")).outcome;
+  if (!run.shutdowns.empty()) report.restart = run.shutdowns.front();
+  return report;
+}
+
+// Returns false if a file cannot be written.
+bool Show(const Report& report, const Options& options, const WineServer& server) {
   std::cout
       << "\n"
-      << BootReport(boot_change) << LetterReport(Letters(scenario, server))
-      << JunctionReport(Junctions(scenario, server))
-      << DescriptorReport(GatherKeptDescriptors(scenario, server, PrefixFolder("plain")).outcome)
-      << RestartReport(run.shutdowns.empty() ? std::nullopt : std::optional(run.shutdowns.front()))
+      << ReportText(report)
       << "Wine makes no junctions, and keeps of a descriptor what fits into a file's mode: it "
          "is\ncompared with what plain calls leave of the source's there.\n";
   const std::vector<fs::path> files = server.LogFiles();
@@ -156,15 +172,18 @@ void Report(const Scenario& scenario, const Options& options, const BootStore& b
   if (files.empty()) std::cout << "log: none was written\n";
   const fs::path picture = PictureFile(options);
   if (fs::exists(picture)) std::cout << "picture: " << picture.string() << "\n";
+  return WriteJson(report, options.json);
 }
 
 int RehearseUnderWine(const Scenario& scenario, const Options& options) {
   const fs::path folder = PrefixFolder("rehearsal");
-  WatchedRun run;
+  Report report;
+  bool is_written = false;
   std::map<std::string, int> calls;
   {
     std::unique_ptr<WineServer> server;
     BootStore boot;
+    WatchedRun run;
     const auto rehearse = [&] {
       server.reset();
       server = std::make_unique<WineServer>(scenario, WineServerOptions{}, folder);
@@ -173,17 +192,14 @@ int RehearseUnderWine(const Scenario& scenario, const Options& options) {
       run = Rehearse(scenario, options, *server);
     };
     RunAgainWhereWineFails(rehearse, std::cout);
-    Report(scenario, options, boot, *server, run);
+    report = GatherReport(scenario, options, boot, *server, run);
+    is_written = Show(report, options, *server);
     calls = server->State().calls;
   }
   RemovePrefix(folder);
+  if (!is_written) return kRunFailed;
   ExpectReached(scenario, calls);
-  // A run that succeeded asks about the restart.
-  if (!run.boxes.empty() && run.boxes.back().buttons.size() > 1) return kSuccess;
-  std::cout << std::flush;
-  std::cerr << "rehearse: the run failed: "
-            << (run.boxes.empty() ? "see the log" : run.boxes.back().text) << "\n";
-  return kRunFailed;
+  return ExitStatus(report, options.strict);
 }
 
 }  // namespace

@@ -12,11 +12,24 @@ namespace simulator {
 namespace {
 
 TEST(DescriptorReport, WritesThousandsWithCommas) {
-  EXPECT_EQ(DescriptorReport({0, {}}), "descriptors: 0 of 0 equal to the source\n");
   EXPECT_EQ(DescriptorReport({999, {}}), "descriptors: 999 of 999 equal to the source\n");
   EXPECT_EQ(DescriptorReport({1000, {}}), "descriptors: 1,000 of 1,000 equal to the source\n");
   EXPECT_EQ(DescriptorReport({1234567, {}}),
             "descriptors: 1,234,567 of 1,234,567 equal to the source\n");
+}
+
+TEST(DescriptorReport, ClaimsNothingOverNothing) {
+  DescriptorOutcome outcome;
+  EXPECT_EQ(DescriptorReport(outcome), "descriptors: nothing to compare\n");
+  outcome.objects = outcome.roots = 2;
+  EXPECT_EQ(DescriptorReport(outcome), "descriptors: nothing but roots to compare\n");
+  outcome.differences.push_back({"D:\\", "O:BA", "O:SY"});
+  EXPECT_TRUE(DescriptorReport(outcome).starts_with("descriptors: 1 of 2 equal to the source\n"));
+}
+
+TEST(DescriptorReport, NamesWhatIsComparedWithWhat) {
+  EXPECT_EQ(DescriptorReport({3, {}}, "descriptors of D", "as its own list says"),
+            "descriptors of D: 3 of 3 as its own list says\n");
 }
 
 TEST(DescriptorReport, ShowsWhatWasWantedAndFound) {

@@ -1,4 +1,5 @@
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "rehearsal/description/source_tree.h"
@@ -28,6 +29,28 @@ TEST(JunctionReport, CountsTheOthersByReason) {
             "junctions: 1 of 6 (2 target missing, 1 already there, 1 wrong target, 1 not made)\n");
 }
 
+TEST(JunctionReport, TellsALostTargetFromOneThatTheSourceLackedToo) {
+  EXPECT_EQ(JunctionReport({{kNone, kNone, false, "C:\\a", "D:\\", false},
+                            {kNone, kNone, false, "C:\\b", "E:\\", true}}),
+            "junctions: 0 of 2 (1 target missing, 1 target lost)\n");
+}
+
+TEST(JunctionReport, NamesWhatIsComparedWithWhat) {
+  EXPECT_EQ(JunctionReport({{kNone, kRight, true}, {kRight, kRight, true}}, "junctions of D",
+                           "as its own list says"),
+            "junctions of D: 1 of 2 as its own list says (1 already there)\n");
+}
+
+TEST(JunctionVerdict, IsRightUnlessTheRunOwesTheJunction) {
+  const std::pair<JunctionVerdict, bool> verdicts[] = {
+      {JunctionVerdict::kMade, true},          {JunctionVerdict::kAlreadyThere, true},
+      {JunctionVerdict::kTargetMissing, true}, {JunctionVerdict::kTargetLost, false},
+      {JunctionVerdict::kWrongTarget, false},  {JunctionVerdict::kNotMade, false}};
+  for (const auto& [verdict, is_right] : verdicts) {
+    EXPECT_EQ(IsRight(verdict), is_right) << static_cast<int>(verdict);
+  }
+}
+
 TEST(JunctionReport, TakesAJunctionThatIsGoneForNotMade) {
   EXPECT_EQ(JunctionReport({{kRight, kNone, true}}), "junctions: 0 of 1 (1 not made)\n");
 }
@@ -54,13 +77,17 @@ TEST_F(GatherJunctionsTest, ComparesWhatStandsBeforeAndAfter) {
   EXPECT_EQ(before, (std::vector<JunctionState>{kRight, kNone, kNone, kNone}));
   server.files().MakeJunction("E:\\b", "C:\\Users");
   server.files().MakeJunction("E:\\d", "C:\\Users");
-  const std::vector<JunctionOutcome> junctions = GatherJunctions(sources, before, server);
+  const std::vector<JunctionOutcome> junctions = GatherJunctions(
+      sources, before, [](const std::string& path) { return path == "X:\\"; }, server);
   ASSERT_EQ(junctions.size(), 4u);
+  EXPECT_EQ(junctions[1].path, "D:\\b");
+  EXPECT_EQ(junctions[1].target, "C:\\users");
   const JunctionState after[] = {kRight, kRight, kNone, kElsewhere};
   for (size_t i = 0; i < junctions.size(); ++i) {
     EXPECT_EQ(junctions[i].before, before[i]) << i;
     EXPECT_EQ(junctions[i].after, after[i]) << i;
     EXPECT_EQ(junctions[i].has_target, i != 2) << i;
+    EXPECT_EQ(junctions[i].source_had_target, i == 2) << i;
   }
 }
 
