@@ -185,8 +185,9 @@ int Rehearse(const Scenario& scenario, const Options& options) {
 
   const Report report = start.Finish(end, history->Calls(), server);
   std::cout << "\n" << ReportText(report);
-  if (!CopyLogs(server, options.logs) || !WriteJson(report, options.json)) return kRunFailed;
+  const bool is_written = CopyLogs(server, options.logs) && WriteJson(report, options.json);
   if (end.outcome != RunOutcome::kCancelled) ExpectReached(scenario, server);
+  if (!is_written) return kRunFailed;
   return ExitStatus(report, options.strict);
 }
 

@@ -197,8 +197,8 @@ int RehearseUnderWine(const Scenario& scenario, const Options& options) {
     calls = server->State().calls;
   }
   RemovePrefix(folder);
-  if (!is_written) return kRunFailed;
   ExpectReached(scenario, calls);
+  if (!is_written) return kRunFailed;
   return ExitStatus(report, options.strict);
 }
 

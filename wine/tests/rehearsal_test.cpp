@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "wine/drive/host_process.h"
@@ -17,7 +18,8 @@ TEST(RehearsalUnderWine, ReportsAsTheOtherOneAndLeavesALogAndAPicture) {
   const fs::path logs = PrefixFolder("logs");
   const std::string text =
       simulator::Run({.arguments = {REHEARSE_PROGRAM, "--windows", "--scenario", "letterless_disk",
-                                    "--answer", "later", "--logs", logs.string()},
+                                    "--answer", "later", "--logs", logs.string(), "--strict",
+                                    "--json", (logs / "report.json").string()},
                       .environment = {},
                       .folder = "."});
   const std::string declined = std::string("message box [Vantoro Restore Tool]: ") +
@@ -30,11 +32,13 @@ TEST(RehearsalUnderWine, ReportsAsTheOtherOneAndLeavesALogAndAPicture) {
         std::string("restart: not asked for\n")}) {
     EXPECT_NE(text.find(line), std::string::npos) << line << "is missing in\n" << text;
   }
+  std::ifstream report(logs / "report.json");
+  EXPECT_EQ(nlohmann::json::parse(report, nullptr, false).value("right", false), true);
   std::ifstream picture(logs / "vantoro_restore.png", std::ios::binary);
   std::string signature(8, '\0');
   picture.read(signature.data(), 8);
   EXPECT_EQ(signature, "\x89PNG\r\n\x1a\n");
-  EXPECT_EQ(std::distance(fs::directory_iterator(logs), fs::directory_iterator()), 2);
+  EXPECT_EQ(std::distance(fs::directory_iterator(logs), fs::directory_iterator()), 3);
   fs::remove_all(logs);
 }
 
