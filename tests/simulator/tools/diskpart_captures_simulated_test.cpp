@@ -431,25 +431,36 @@ TEST_P(DiskpartDetailInLanguage, EqualsTheCapture) {
             lines(Capture(GetParam().file)));
 }
 
+Volume VolumeOf(const std::string& label, const std::string& file_system, UINT drive_type) {
+  Volume volume;
+  volume.label = label;
+  volume.file_system = file_system;
+  volume.drive_type = drive_type;
+  return volume;
+}
+
 DetailCapture DetailOf(const char* file, LANGID language, const char* model, const char* id,
-                       const char* bus, Partition partition, Volume volume, int number,
-                       const char* location) {
+                       const char* bus, const Partition& partition, const Volume& volume,
+                       int number, const char* location) {
   Disk disk = MakeDisk(1, model, id, bus);
-  disk.partitions = {std::move(partition)};
-  return {file, language, std::move(disk), std::move(volume), number, location};
+  disk.partitions = {partition};
+  return {file, language, disk, volume, number, location};
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Captures, DiskpartDetailInLanguage,
-    testing::Values(
-        DetailOf("detail_disk/es-6.3.9600-sata-hidden-esp-padded.txt", 3082,
-                 "ST750LM022 HN-M750MBB", "{866607CD-B86C-411D-88C1-181B2B90BC39}", "SATA",
-                 {1, 512 * kMB, "Hidden", nullptr}, {.file_system = "FAT32"}, 0, "Ruta de"),
-        DetailOf("detail_disk/zh-ata-mbr-one-volume.txt", 2052, "ST500DM002-1ER14C ATA Device",
-                 "C81657A2", "ATA", {1, 465 * kGB, "", nullptr}, {.label = "zwybk"}, 4, "位置路径"),
-        DetailOf("detail_disk/zh-usb-removable-fat32-restored.txt", 2052,
-                 "Generic Masstorage USB Device", "00000000", "USB", {1, 29 * kGB, "", nullptr},
-                 {.file_system = "FAT32", .drive_type = DRIVE_REMOVABLE}, 4, "位置路径")),
+    testing::Values(DetailOf("detail_disk/es-6.3.9600-sata-hidden-esp-padded.txt", 3082,
+                             "ST750LM022 HN-M750MBB", "{866607CD-B86C-411D-88C1-181B2B90BC39}",
+                             "SATA", {1, 512 * kMB, "Hidden", nullptr},
+                             VolumeOf("", "FAT32", DRIVE_FIXED), 0, "Ruta de"),
+                    DetailOf("detail_disk/zh-ata-mbr-one-volume.txt", 2052,
+                             "ST500DM002-1ER14C ATA Device", "C81657A2", "ATA",
+                             {1, 465 * kGB, "", nullptr}, VolumeOf("zwybk", "NTFS", DRIVE_FIXED), 4,
+                             "位置路径"),
+                    DetailOf("detail_disk/zh-usb-removable-fat32-restored.txt", 2052,
+                             "Generic Masstorage USB Device", "00000000", "USB",
+                             {1, 29 * kGB, "", nullptr}, VolumeOf("", "FAT32", DRIVE_REMOVABLE), 4,
+                             "位置路径")),
     tests::NamedAsPrinted());
 
 TEST(DiskpartSelection, IsInSpanishAsTheCapture) {
