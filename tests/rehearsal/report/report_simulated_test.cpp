@@ -28,6 +28,7 @@ std::string FileText(const std::string& path) {
 }
 
 void CollectKeys(const json& value, std::set<std::string>& keys) {
+  if (!value.is_structured()) return;
   for (const auto& [key, member] : value.items()) {
     if (value.is_object()) keys.insert(key);
     CollectKeys(member, keys);
