@@ -7,6 +7,7 @@
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/security/descriptor.h"
+#include "simulator/model/security/sacl_entries.h"
 #include "simulator/model/security/sddl_text.h"
 
 namespace simulator {
@@ -40,6 +41,36 @@ std::string WithCommas(size_t number) {
   return text;
 }
 
+bool HasEntry(const Descriptor* found, const Ace& wanted) {
+  if (found == nullptr || !found->sacl) return false;
+  const std::vector<Ace>& aces = found->sacl->aces;
+  return std::find(aces.begin(), aces.end(), wanted) != aces.end();
+}
+
+void CountLost(const Descriptor& source, const Descriptor* found, LostEntries& lost) {
+  if (!source.sacl) return;
+  for (const Ace& ace : source.sacl->aces) {
+    if (!HasOwnBit(ace) || HasEntry(found, ace)) continue;
+    if (ace.type == SYSTEM_MANDATORY_LABEL_ACE_TYPE) ++lost.labels;
+    if (ace.type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE) ++lost.attributes;
+    if (ace.type == SYSTEM_SCOPED_POLICY_ID_ACE_TYPE) ++lost.policies;
+  }
+}
+
+// "; cannot come back: 1 mandatory label"; empty if nothing is lost.
+std::string LostText(const LostEntries& lost) {
+  std::string text;
+  const auto add = [&text](size_t count, const char* one, const char* several) {
+    if (count == 0) return;
+    text += text.empty() ? "; cannot come back: " : ", ";
+    text += WithCommas(count) + " " + (count == 1 ? one : several);
+  };
+  add(lost.labels, "mandatory label", "mandatory labels");
+  add(lost.attributes, "resource attribute", "resource attributes");
+  add(lost.policies, "central policy", "central policies");
+  return text;
+}
+
 }  // namespace
 
 DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
@@ -54,7 +85,10 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
       const std::string& wanted = texts.Of(node.security);
       const Node* const found = volume.copy->root->Find(path.substr(kRoot));
       const std::string text = found == nullptr ? "" : texts.Of(found->security);
-      if (text != wanted) outcome.differences.push_back({path, wanted, text});
+      if (text == wanted) return;
+      outcome.differences.push_back({path, wanted, text});
+      CountLost(*node.security, found == nullptr ? nullptr : found->security.get(),
+                outcome.lost_entries);
     });
   }
   return outcome;
@@ -67,7 +101,8 @@ std::string DescriptorReport(const DescriptorOutcome& outcome, const std::string
     return subject + ": nothing " + (outcome.objects == 0 ? "" : "but roots ") + "to compare\n";
   }
   std::string report = subject + ": " + WithCommas(outcome.objects - different) + " of " +
-                       WithCommas(outcome.objects) + " " + standard + "\n";
+                       WithCommas(outcome.objects) + " " + standard +
+                       LostText(outcome.lost_entries) + "\n";
   const size_t shown = std::min(different, kMostShown);
   for (size_t i = 0; i < shown; ++i) {
     const DescriptorDifference& difference = outcome.differences[i];

@@ -93,7 +93,8 @@ class FileSystem final : public Files {
   DWORD OpenHandle(std::string_view path, const HandleMode& mode, std::shared_ptr<OpenNode>* node);
   DWORD SetReparsePoint(const OpenNode& node, std::string_view buffer);
   // Sets the descriptor and propagates inheritable entries to the objects below the path. An object
-  // that the program may not change is skipped together with everything below it.
+  // that the program may not change is skipped together with everything below it. A SACL is set
+  // without its labels, attributes and policy ids: the object keeps its own (sacl_entries.h).
   DWORD SetSecurity(std::string_view path, const SecurityChange& change);
   std::string FullPath(std::string_view path) const;  // empty if there is none
   // Returns DRIVE_NO_ROOT_DIR if the path is not the root of a mounted volume.

@@ -9,6 +9,7 @@
 #include "simulator/model/security/access.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/inheritance.h"
+#include "simulator/model/security/sacl_entries.h"
 #include "simulator/model/security/security.h"
 
 namespace simulator {
@@ -127,8 +128,9 @@ DWORD FileSystem::SetSecurity(std::string_view path, const SecurityChange& chang
   for (const ListKind& kind : kListKinds) {
     if (!Asks(change, kind.set)) continue;
     StoreList(kind, change.information, change.parts.*kind.list, is_folder, &after);
-    if (place.parent) Reinherit(kind, *place.parent->security, is_folder, &after);
+    if (place.parent) Reinherit(kind, *WithoutOwnBits(place.parent->security), is_folder, &after);
   }
+  if (Asks(change, SACL_SECURITY_INFORMATION)) KeepOwnBits(before->sacl, &after);
   if (!Fits(after)) return ERROR_INVALID_ACL;
   place.node->security = inherited_->Of(std::move(after));
   const SECURITY_INFORMATION lists = change.information & kLists;
@@ -157,8 +159,9 @@ void FileSystem::PassOn(const Place& folder, const Descriptor& before, SECURITY_
       for (const ListKind& kind : kListKinds) {
         if ((lists & kind.set) == 0) continue;
         MarkInherited(kind, before, is_folder, &after);
-        Reinherit(kind, *folder.node->security, is_folder, &after);
+        Reinherit(kind, *WithoutOwnBits(folder.node->security), is_folder, &after);
       }
+      if ((lists & SACL_SECURITY_INFORMATION) != 0) KeepOwnBits(child->security->sacl, &after);
       made = after == *child->security || !Fits(after) ? child->security
                                                        : inherited_->Of(std::move(after));
     }

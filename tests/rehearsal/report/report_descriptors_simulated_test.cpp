@@ -58,6 +58,18 @@ TEST(DescriptorReport, ShowsTenDifferencesAndCountsTheOthers) {
   EXPECT_EQ(DescriptorReport(outcome), "descriptors: 1,990 of 2,000 equal to the source\n" + shown);
 }
 
+TEST(DescriptorReport, CountsWhatCannotComeBack) {
+  DescriptorOutcome outcome{60, {{"C:\\a", "O:BA", "O:SY"}}, 0, {1, 0, 0}};
+  const std::string line = "descriptors: 59 of 60 equal to the source; cannot come back: ";
+  const std::string rest = "\n  C:\\a\n    wanted  O:BA\n    found   O:SY\n";
+  EXPECT_EQ(DescriptorReport(outcome), line + "1 mandatory label" + rest);
+  outcome.lost_entries = {1000, 1, 2};
+  EXPECT_EQ(DescriptorReport(outcome),
+            line + "1,000 mandatory labels, 1 resource attribute, 2 central policies" + rest);
+  outcome.lost_entries = {0, 2, 1};
+  EXPECT_EQ(DescriptorReport(outcome), line + "2 resource attributes, 1 central policy" + rest);
+}
+
 class GatherDescriptorsTest : public tests::ScenarioTest {};
 
 TEST_F(GatherDescriptorsTest, ComparesEveryObjectWithTheServers) {
@@ -85,6 +97,22 @@ TEST_F(GatherDescriptorsTest, ComparesEveryObjectWithTheServers) {
   EXPECT_EQ(outcome.differences[2].path, "D:\\j");
   EXPECT_EQ(outcome.differences[2].wanted, "O:SYG:SYD:PAI");
   EXPECT_EQ(outcome.differences[2].found, "");
+  EXPECT_EQ(outcome.lost_entries.labels, 0u);
+}
+
+TEST_F(GatherDescriptorsTest, CountsTheLabelsAttributesAndPoliciesThatTheServerLacks) {
+  Server server;
+  const std::vector<SourceVolume> sources = Build(Read(WithVolume(R"json("source": {
+      "files": [{"path": "kept", "sddl": "D:PAI(A;;FA;;;BA)S:AI(ML;;NW;;;LW)"},
+                {"path": "lost", "sddl": "D:PAI(A;;FA;;;BA)S:AI(AU;SA;FA;;;WD)(ML;;NW;;;LW)"},
+                {"path": "attributes", "sddl": "S:AI(RA;;;;;WD;(\"A\",TI,0x0,1))(RA;;;;;WD;(\"B\",TI,0x0,1))"},
+                {"path": "policy", "sddl": "S:AI(SP;;;;;S-1-17-1)"}]})json")),
+                                                  server);
+  tests::Secure(server, "E:\\kept", "O:BAG:SYD:PAI(A;;FA;;;SY)S:AI(ML;;NW;;;LW)");
+  const DescriptorOutcome outcome = GatherDescriptors(sources, server.security().domains());
+  EXPECT_EQ(outcome.lost_entries.labels, 1u);
+  EXPECT_EQ(outcome.lost_entries.attributes, 2u);
+  EXPECT_EQ(outcome.lost_entries.policies, 1u);
 }
 
 }  // namespace

@@ -262,6 +262,50 @@ TEST_F(SetSecurity, OfASaclPassesItOn) {
   EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), kFile + "S:AI(AU;IDSA;FA;;;WD)");
 }
 
+TEST_F(SetSecurity, OfASaclStoresNoLabelAttributeOrPolicy) {
+  Enable(SE_SECURITY_NAME);
+  EXPECT_EQ(Set("C:\\folder\\a.txt", kSacl,
+                "S:(ML;;NW;;;HI)(AU;SA;FA;;;WD)(RA;;;;;WD;(\"A\",TI,0x0,1))(SP;;;;;S-1-17-1)"),
+            DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), kFile + "S:AI(AU;SA;FA;;;WD)");
+}
+
+TEST_F(SetSecurity, OfASaclLeavesTheLabelAttributesAndPolicyOfTheObject) {
+  const std::string own = "(ML;;NW;;;LW)(RA;;;;;WD;(\"A\",TI,0x0,1))(SP;;;;;S-1-17-1)";
+  const std::string inherited = "(ML;ID;NW;;;LW)";
+  tests::Secure(server_, "C:\\folder\\a.txt", kFile + "S:AI(AU;SA;FR;;;BU)" + own + inherited);
+  Enable(SE_SECURITY_NAME);
+  EXPECT_EQ(Set("C:\\folder\\a.txt", kSacl, "S:(AU;SA;FA;;;WD)(ML;;NW;;;HI)"),
+            DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), kFile + "S:AI" + own + "(AU;SA;FA;;;WD)" + inherited);
+  // Setting the same again changes nothing, nor does the place of the entries.
+  const std::string mixed = kFile + "S:AI(AU;SA;FA;;;WD)" + own;
+  tests::Secure(server_, "C:\\folder\\a.txt", mixed);
+  EXPECT_EQ(Set("C:\\folder\\a.txt", kSacl, "S:(AU;SA;FA;;;WD)"), DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), mixed);
+}
+
+TEST_F(SetSecurity, OfASaclPassesOnNoLabel) {
+  tests::Secure(server_, "C:\\folder",
+                "O:BAG:SYD:PAI(A;OICI;FA;;;BA)(A;OICI;FA;;;SY)S:AI(ML;OICI;NW;;;LW)");
+  tests::Secure(server_, "C:\\folder\\a.txt", kFile + "S:AI(ML;;NW;;;HI)");
+  files_.Write("C:\\folder\\b.txt", "x");
+  tests::Secure(server_, "C:\\folder\\b.txt", kFile);
+  Enable(SE_SECURITY_NAME);
+  EXPECT_EQ(Set("C:\\folder", kSacl, "S:(AU;OICISA;FA;;;WD)(ML;OICI;NW;;;SI)"),
+            DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), kFile + "S:AI(ML;;NW;;;HI)(AU;IDSA;FA;;;WD)");
+  EXPECT_EQ(SddlOf("C:\\folder\\b.txt"), kFile + "S:AI(AU;IDSA;FA;;;WD)");
+}
+
+TEST_F(SetSecurity, OfTheOtherPartsLeavesTheSacl) {
+  const std::string sacl = "S:AI(ML;;NW;;;LW)(AU;SA;FA;;;WD)";
+  tests::Secure(server_, "C:\\folder\\a.txt", kFile + sacl);
+  EXPECT_EQ(Set("C:\\folder\\a.txt", kDacl | kProtect, "D:(A;;FA;;;BA)S:(ML;;NW;;;HI)"),
+            DWORD{ERROR_SUCCESS});
+  EXPECT_EQ(SddlOf("C:\\folder\\a.txt"), "O:BAG:SYD:PAI(A;;FA;;;BA)" + sacl);
+}
+
 TEST_F(SetSecurity, RefusesToProtectAndUnprotectAtOnce) {
   EXPECT_EQ(Set("C:\\folder\\a.txt", kDacl | kProtect | kUnprotect, "D:(A;;FA;;;BA)"),
             DWORD{ERROR_INVALID_PARAMETER});
