@@ -30,10 +30,10 @@
 #include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/desktop/shown_dialog.h"
 #include "simulator/model/desktop/shutdown.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/processes/console.h"
 #include "simulator/model/processes/own_process.h"
 #include "simulator/model/processes/processes.h"
-#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
 #include "ui/resource.h"
 
@@ -137,7 +137,7 @@ bool CopyLogs(Server& server, const std::filesystem::path& folder) {
 
 // The run's totals when it came so far, else the first message box.
 std::string ReasonOf(Server& server) {
-  const std::string console = server.console().Text();
+  const std::string console = Utf8FromAnsi(server.console().Text(), server.system().ansi_code_page);
   const size_t begin = console.rfind("Vantoro Restore Finish, Total");
   if (begin != std::string::npos) {
     return console.substr(begin, console.find_first_of("\r\n", begin) - begin);
@@ -175,7 +175,8 @@ int Rehearse(const Scenario& scenario, const Options& options) {
       history);
   const ReportStart start(scenario, sources, server);
   std::cout << scenario.title << "\n\n";
-  Screen screen(std::cout, kind);
+  const UINT code_page = server.system().ansi_code_page;
+  Screen screen(std::cout, kind, code_page);
   User user(options.intention);
   Watch(server, screen, user);
   RunEnd end = EndOf(RunProgram(server, user), server, user);

@@ -6,6 +6,7 @@
 #include "rehearsal/screen_picture.h"
 #include "simulator/model/desktop/message_boxes.h"
 #include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/nls/code_page.h"
 
 namespace simulator {
 namespace {
@@ -33,7 +34,8 @@ void Screen::ShowLog(std::string_view bytes) {
   std::string lines;
   for (size_t end = unfinished_.find('\n'); end != std::string::npos;
        end = unfinished_.find('\n')) {
-    const std::string_view line = std::string_view(unfinished_).substr(0, end);
+    const std::string line =
+        Utf8FromAnsi(std::string_view(unfinished_).substr(0, end), log_code_page_);
     const std::string_view colour = kind_ == Kind::kTerminal ? ColourOf(line) : "";
     lines.append(colour).append(line).append(colour.empty() ? "" : "\x1b[0m").append("\n");
     unfinished_.erase(0, end + 1);

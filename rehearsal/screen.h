@@ -3,6 +3,8 @@
 #ifndef REHEARSAL_SCREEN_H_
 #define REHEARSAL_SCREEN_H_
 
+#include <windows.h>
+
 #include <cstddef>
 #include <mutex>
 #include <ostream>
@@ -24,9 +26,11 @@ class Screen {
     kTerminal,  // at least 80 columns of ANSI escape sequences
   };
 
-  Screen(std::ostream& out, Kind kind) : out_(out), kind_(kind) {}
+  // The log is in that code page; all other text is UTF-8.
+  Screen(std::ostream& out, Kind kind, UINT log_code_page)
+      : out_(out), kind_(kind), log_code_page_(log_code_page) {}
 
-  // Appends bytes of the log. A line is shown once it is complete.
+  // Appends bytes of the log. A line is shown, in UTF-8, once it is complete.
   void ShowLog(std::string_view bytes);
   // Shows a message box and its answer.
   void ShowBox(const ShownMessageBox& box, int answer);
@@ -41,6 +45,7 @@ class Screen {
 
   std::ostream& out_;
   const Kind kind_;
+  const UINT log_code_page_;
   std::mutex mutex_;
   std::string unfinished_;  // the incomplete last line of the log
   // The dialog as the terminal shows it; empty if it shows none.

@@ -9,6 +9,7 @@
 #include "simulator/model/files/files.h"
 #include "simulator/model/files/open_file.h"
 #include "simulator/model/files/volume.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/server.h"
 #include "simulator/tools/machine.h"
@@ -71,10 +72,10 @@ class ServerMachine : public Machine {
   Server& server_;
 };
 
-DWORD Finish(const ToolResult& result, ChildProcess& child) {
+DWORD Finish(const ToolResult& result, UINT code_page, ChildProcess& child) {
   // An empty write would be read as one.
-  if (!result.output.empty()) child.WriteOutput(result.output);
-  if (!result.error_output.empty()) child.WriteError(result.error_output);
+  if (!result.output.empty()) child.WriteOutput(AnsiFromUtf8(result.output, code_page));
+  if (!result.error_output.empty()) child.WriteError(AnsiFromUtf8(result.error_output, code_page));
   return result.exit_code;
 }
 
@@ -85,7 +86,7 @@ Program ProgramOf(Tool tool) {
     std::vector<std::string> arguments = child.Arguments();
     arguments.erase(arguments.begin());
     ServerMachine machine(server);
-    return Finish(tool(arguments, machine), child);
+    return Finish(tool(arguments, machine), server.system().oem_code_page, child);
   };
 }
 

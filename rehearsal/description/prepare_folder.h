@@ -1,5 +1,7 @@
 // The files that the preparation tool writes to its folder vantoro_prepare on each volume of the
-// source server. Lines end with CR LF; drive letters in file names are lower case.
+// source server. Lines end with CR LF; drive letters in file names are lower case. The texts are
+// UTF-8 here; the files are in the ANSI code page of the server, with '?' for each character that
+// it lacks.
 #ifndef REHEARSAL_DESCRIPTION_PREPARE_FOLDER_H_
 #define REHEARSAL_DESCRIPTION_PREPARE_FOLDER_H_
 

@@ -2,9 +2,10 @@
 // optional:
 //
 //   title, disks, [windows], [boot], [startup_links], [tools], [faults]
-//   windows:       [version] "10.0.14393", [language] a LANGID, [computer_name], [diskpart]: texts
-//                  of the disk tool by the English ones, {"Healthy": "Fehlerfrei"}, where they are
-//                  not those of simulator/tools/diskpart_texts.h
+//   windows:       [version] "10.0.14393", [language] a LANGID, which also decides the code pages,
+//                  [computer_name], [diskpart]: texts of the disk tool by the English ones,
+//                  {"Healthy": "Fehlerfrei"}, where they are not those of
+//                  simulator/tools/diskpart_texts.h
 //   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
 //   disks:         size "127 GB", [free], [model], [gpt], [online], [dynamic], [partitions]
 //   partitions:    size, [number], [info] "System", "Boot" or "Hidden", see disks.h, [volume], or
@@ -126,10 +127,11 @@ Scenario ReadScenario(const std::filesystem::path& file);
 // Called on the tool's own thread before the tool does its work. The function may let time pass.
 using ToolPace = std::function<void(const std::string& tool, ChildProcess& child)>;
 
-// Sets up a new server as the scenario describes it. Returns the volumes of the source server, in
-// the order of the disks. `history` gets the calls of the tools; it may be null. Throws
-// ScenarioError if a folder cannot be imported, or if an object of the scenario conflicts with one
-// of the server: a file in place of a folder, or a junction above the server's files.
+// Sets up a new server as the scenario describes it. The backup files are written in the ANSI code
+// page of its language. Returns the volumes of the source server, in the order of the disks.
+// `history` gets the calls of the tools; it may be null. Throws ScenarioError if a folder cannot be
+// imported, or if an object of the scenario conflicts with one of the server: a file in place of a
+// folder, or a junction above the server's files.
 std::vector<SourceVolume> Build(const Scenario& scenario, Server& server,
                                 const ToolPace& pace = nullptr,
                                 const std::shared_ptr<ToolHistory>& history = nullptr);

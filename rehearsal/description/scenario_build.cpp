@@ -15,6 +15,7 @@
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/processes/processes.h"
 #include "simulator/model/security/access.h"
 #include "simulator/model/security/descriptor.h"
@@ -88,9 +89,9 @@ void WritePrepareFolder(const ScenarioVolume& description, const SourceVolume& s
                         Server& server) {
   const ScenarioLosses& lost = description.lost;
   if (lost.prepare_folder) return;
-  const auto write = [&](const std::string& name, std::string text, bool is_unreadable) {
-    WriteFile(*source.copy, std::string(kPrepareFolder) + "\\" + name, std::move(text),
-              server.files());
+  const auto write = [&](const std::string& name, const std::string& text, bool is_unreadable) {
+    WriteFile(*source.copy, std::string(kPrepareFolder) + "\\" + name,
+              AnsiFromUtf8(text, server.system().ansi_code_page), server.files());
     if (is_unreadable) Lock(*source.copy, name, server.security().identity());
   };
   const char letter = source.letter;
@@ -118,7 +119,8 @@ SourceVolume BuildSource(const ScenarioVolume& description, const std::shared_pt
 }
 
 std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t size,
-                                    Files& files) {
+                                    Server& server) {
+  Files& files = server.files();
   // The bare server's own volume, with Windows and the program on it.
   const bool is_system = description.letter == 'C';
   std::shared_ptr<Volume> volume = is_system ? files.VolumeAt('C') : files.AddVolume({});
@@ -132,7 +134,8 @@ std::shared_ptr<Volume> BuildVolume(const ScenarioVolume& description, uint64_t 
   if (description.backup_info && !description.lost.prepare_folder) {
     std::string text;
     for (const std::string& line : *description.backup_info) text += line + "\r\n";
-    WriteFile(*volume, std::string(kPrepareFolder) + "\\backup_info", text, files);
+    WriteFile(*volume, std::string(kPrepareFolder) + "\\backup_info",
+              AnsiFromUtf8(text, server.system().ansi_code_page), files);
   }
   return volume;
 }
@@ -165,7 +168,7 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
     for (const ScenarioPartition& part : description.partitions) {
       std::shared_ptr<Volume> volume;
       if (part.volume) {
-        volume = BuildVolume(*part.volume, part.size, server.files());
+        volume = BuildVolume(*part.volume, part.size, server);
         if (part.volume->source) {
           sources.push_back(BuildSource(*part.volume, volume, server));
         }
@@ -205,7 +208,7 @@ void InstallTool(const std::string& name, Program real, const Scenario& scenario
     const int call = ++*count;
     for (const ScenarioTool& tool : calls) {
       if (tool.call != call) continue;
-      child.WriteOutput(tool.output);
+      child.WriteOutput(AnsiFromUtf8(tool.output, at.system().oem_code_page));
       return tool.exit_code;
     }
     return real(at, child);
@@ -229,6 +232,8 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
   system.minor_version = scenario.minor_version;
   system.build = scenario.build;
   system.language = scenario.language;
+  system.ansi_code_page = AnsiCodePageOf(scenario.language);
+  system.oem_code_page = OemCodePageOf(scenario.language);
   system.computer_name = scenario.computer_name;
   system.disk_tool_texts = scenario.disk_tool_texts;
 

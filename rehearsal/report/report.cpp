@@ -8,7 +8,6 @@
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/files/node.h"
-#include "simulator/model/security/security.h"
 #include "simulator/model/server.h"
 
 namespace simulator {
@@ -53,7 +52,7 @@ Report ReportStart::Finish(const RunEnd& run, const std::vector<ToolCall>& tool_
           GatherBoot(scenario_, boot_, server),
           GatherLetters(scenario_, disks_, tool_calls, LettersOn(server)),
           GatherJunctions(sources_, junctions_, source_had, server),
-          GatherDescriptors(sources_, server.security().domains()),
+          GatherDescriptors(sources_, server),
           CompareWithLists(imports_, source_had, server),
           server.shutdown().Scheduled()};
 }

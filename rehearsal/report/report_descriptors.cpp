@@ -6,9 +6,12 @@
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sacl_entries.h"
 #include "simulator/model/security/sddl_text.h"
+#include "simulator/model/security/security.h"
+#include "simulator/model/server.h"
 
 namespace simulator {
 namespace {
@@ -47,9 +50,34 @@ bool HasEntry(const Descriptor* found, const Ace& wanted) {
   return std::find(aces.begin(), aces.end(), wanted) != aces.end();
 }
 
-void CountLost(const Descriptor& source, const Descriptor* found, LostEntries& lost) {
-  if (!source.sacl) return;
-  for (const Ace& ace : source.sacl->aces) {
+// "; cannot come back: 1 mandatory label"; empty if nothing is lost.
+std::string LostText(const DescriptorOutcome& outcome) {
+  std::string text;
+  const auto add = [&text](size_t count, const std::string& one, const std::string& several) {
+    if (count == 0) return;
+    text += text.empty() ? "; cannot come back: " : ", ";
+    text += WithCommas(count) + " " + (count == 1 ? one : several);
+  };
+  const LostEntries& lost = outcome.lost_entries;
+  add(lost.labels, "mandatory label", "mandatory labels");
+  add(lost.attributes, "resource attribute", "resource attributes");
+  add(lost.policies, "central policy", "central policies");
+  const std::string reason = "not in code page " + std::to_string(outcome.code_page);
+  add(CountUnnamed(outcome), reason, reason);
+  return text;
+}
+
+}  // namespace
+
+size_t CountUnnamed(const DescriptorOutcome& outcome) {
+  return static_cast<size_t>(
+      std::count_if(outcome.differences.begin(), outcome.differences.end(),
+                    [](const DescriptorDifference& each) { return each.is_unnamed; }));
+}
+
+void CountLost(const Descriptor& wanted, const Descriptor* found, LostEntries& lost) {
+  if (!wanted.sacl) return;
+  for (const Ace& ace : wanted.sacl->aces) {
     if (!HasOwnBit(ace) || HasEntry(found, ace)) continue;
     if (ace.type == SYSTEM_MANDATORY_LABEL_ACE_TYPE) ++lost.labels;
     if (ace.type == SYSTEM_RESOURCE_ATTRIBUTE_ACE_TYPE) ++lost.attributes;
@@ -57,27 +85,11 @@ void CountLost(const Descriptor& source, const Descriptor* found, LostEntries& l
   }
 }
 
-// "; cannot come back: 1 mandatory label"; empty if nothing is lost.
-std::string LostText(const LostEntries& lost) {
-  std::string text;
-  const auto add = [&text](size_t count, const char* one, const char* several) {
-    if (count == 0) return;
-    text += text.empty() ? "; cannot come back: " : ", ";
-    text += WithCommas(count) + " " + (count == 1 ? one : several);
-  };
-  add(lost.labels, "mandatory label", "mandatory labels");
-  add(lost.attributes, "resource attribute", "resource attributes");
-  add(lost.policies, "central policy", "central policies");
-  return text;
-}
-
-}  // namespace
-
-DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
-                                    const AccountDomains& domains) {
+DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources, Server& server) {
   constexpr size_t kRoot = 3;  // "C:\"
   DescriptorOutcome outcome;
-  Texts texts(domains);
+  outcome.code_page = server.system().ansi_code_page;
+  Texts texts(server.security().domains());
   for (const SourceVolume& volume : sources) {
     VisitTree(volume.letter, *volume.root, [&](const std::string& path, const Node& node) {
       ++outcome.objects;
@@ -86,7 +98,7 @@ DescriptorOutcome GatherDescriptors(const std::vector<SourceVolume>& sources,
       const Node* const found = volume.copy->root->Find(path.substr(kRoot));
       const std::string text = found == nullptr ? "" : texts.Of(found->security);
       if (text == wanted) return;
-      outcome.differences.push_back({path, wanted, text});
+      outcome.differences.push_back({path, wanted, text, !IsInCodePage(path, outcome.code_page)});
       CountLost(*node.security, found == nullptr ? nullptr : found->security.get(),
                 outcome.lost_entries);
     });
@@ -101,8 +113,7 @@ std::string DescriptorReport(const DescriptorOutcome& outcome, const std::string
     return subject + ": nothing " + (outcome.objects == 0 ? "" : "but roots ") + "to compare\n";
   }
   std::string report = subject + ": " + WithCommas(outcome.objects - different) + " of " +
-                       WithCommas(outcome.objects) + " " + standard +
-                       LostText(outcome.lost_entries) + "\n";
+                       WithCommas(outcome.objects) + " " + standard + LostText(outcome) + "\n";
   const size_t shown = std::min(different, kMostShown);
   for (size_t i = 0; i < shown; ++i) {
     const DescriptorDifference& difference = outcome.differences[i];

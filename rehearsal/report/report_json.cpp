@@ -52,6 +52,8 @@ std::string VerdictName(JunctionVerdict verdict) {
       return "already_there";
     case JunctionVerdict::kWrongTarget:
       return "wrong_target";
+    case JunctionVerdict::kNotInCodePage:
+      return "not_in_code_page";
     case JunctionVerdict::kNotMade:
       break;
   }
@@ -121,9 +123,14 @@ ordered_json DescriptorsJson(const DescriptorOutcome& outcome) {
     differences.push_back(
         {{"path", difference.path}, {"wanted", difference.wanted}, {"found", difference.found}});
   }
+  const ordered_json lost = {{"mandatory_labels", outcome.lost_entries.labels},
+                             {"resource_attributes", outcome.lost_entries.attributes},
+                             {"central_policies", outcome.lost_entries.policies},
+                             {"not_in_code_page", CountUnnamed(outcome)}};
   return {{"right", outcome.differences.empty()},
           {"objects", outcome.objects},
           {"equal", outcome.objects - outcome.differences.size()},
+          {"cannot_come_back", lost},
           {"differences", std::move(differences)}};
 }
 

@@ -1,5 +1,6 @@
 #include "rehearsal/report/report_junctions.h"
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <string_view>
@@ -8,6 +9,7 @@
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/server.h"
 
 namespace simulator {
@@ -15,7 +17,8 @@ namespace {
 
 // By JunctionVerdict; nothing for a junction that was made.
 constexpr std::string_view kReasons[] = {
-    "", "target missing", "target lost", "already there", "wrong target", "not made"};
+    "",         "target missing",   "target lost", "already there", "wrong target",
+    "not made", "not in code page "};
 
 void VisitJunctions(const std::vector<SourceVolume>& sources,
                     const std::function<void(const SourceVolume& volume, const std::string& path,
@@ -36,6 +39,7 @@ JunctionVerdict VerdictOn(const JunctionOutcome& junction) {
                                                     : JunctionVerdict::kMade;
   }
   if (junction.after == JunctionState::kElsewhere) return JunctionVerdict::kWrongTarget;
+  if (junction.lacking_code_page != 0) return JunctionVerdict::kNotInCodePage;
   if (junction.has_target) return JunctionVerdict::kNotMade;
   return junction.source_had_target ? JunctionVerdict::kTargetLost
                                     : JunctionVerdict::kTargetMissing;
@@ -70,16 +74,21 @@ std::vector<JunctionOutcome> GatherJunctions(const std::vector<SourceVolume>& so
   std::vector<JunctionOutcome> junctions;
   VisitJunctions(
       sources, [&](const SourceVolume& volume, const std::string& path, const std::string& target) {
+        const UINT code_page = server.system().ansi_code_page;
+        const bool is_in_list = IsInCodePage(path, code_page) && IsInCodePage(target, code_page);
         junctions.push_back({before.at(junctions.size()), StateOf(*volume.copy, path, target),
-                             server.files().Exists(target), path, target, source_had(target)});
+                             server.files().Exists(target), path, target, source_had(target),
+                             is_in_list ? 0 : code_page});
       });
   return junctions;
 }
 
 std::string JunctionReport(const std::vector<JunctionOutcome>& junctions,
                            const std::string& subject, const std::string& standard) {
+  UINT code_page = 0;
   std::array<size_t, std::size(kReasons)> counts{};
   for (const JunctionOutcome& junction : junctions) {
+    code_page = std::max(code_page, junction.lacking_code_page);
     ++counts.at(static_cast<size_t>(VerdictOn(junction)));
   }
   std::string reasons;
@@ -87,6 +96,8 @@ std::string JunctionReport(const std::vector<JunctionOutcome>& junctions,
     if (counts.at(i) == 0) continue;
     reasons += (reasons.empty() ? " (" : ", ") + std::to_string(counts.at(i)) + " ";
     reasons += kReasons[i];
+    if (i == static_cast<size_t>(JunctionVerdict::kNotInCodePage))
+      reasons += std::to_string(code_page);
   }
   if (!reasons.empty()) reasons += ")";
   return subject + ": " + std::to_string(counts[0]) + " of " + std::to_string(junctions.size()) +

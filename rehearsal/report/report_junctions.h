@@ -2,6 +2,8 @@
 #ifndef REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 #define REHEARSAL_REPORT_REPORT_JUNCTIONS_H_
 
+#include <windows.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,6 +25,9 @@ struct JunctionOutcome {
   std::string path = {};   // with the source's drive letter
   std::string target = {};
   bool source_had_target = false;
+  // The ANSI code page of the server if it lacks a character of the path or the target, so that
+  // the line of the junction backup file has another; otherwise 0.
+  UINT lacking_code_page = 0;
 };
 
 enum class JunctionVerdict {
@@ -32,6 +37,7 @@ enum class JunctionVerdict {
   kAlreadyThere,
   kWrongTarget,
   kNotMade,
+  kNotInCodePage,  // its line in the junction backup file names something else
 };
 
 JunctionVerdict VerdictOn(const JunctionOutcome& junction);
@@ -56,9 +62,9 @@ std::vector<JunctionOutcome> GatherJunctions(const std::vector<SourceVolume>& so
                                              const TargetTest& source_had, Server& server);
 
 // Returns the line "junctions: 10 of 12 (1 target missing, 1 already there)": the number of
-// junctions that the run created, and why the others were not created. A target that the source had
-// is lost, another one missing. `standard` is what they were compared with, if that is not the
-// source. The line ends with "\n".
+// junctions that the run created, and why the others were not created, such as "1 not in code page
+// 1252". A target that the source had is lost, another one missing. `standard` is what they were
+// compared with, if that is not the source. The line ends with "\n".
 std::string JunctionReport(const std::vector<JunctionOutcome>& junctions,
                            const std::string& subject = "junctions",
                            const std::string& standard = "");

@@ -8,6 +8,7 @@
 #include "rehearsal/description/scenario.h"
 #include "simulator/model/boot/disks.h"
 #include "simulator/model/files/volume.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/security/descriptor.h"
 #include "simulator/model/security/sddl_text.h"
 #include "simulator/model/security/security.h"
@@ -46,8 +47,11 @@ const Node* FindOn(const Volume& volume, const std::string& path) {
   return is_full ? volume.root->Find(path.substr(kRoot)) : nullptr;
 }
 
+// In UTF-8; nothing if there is no such file.
 std::optional<std::string> ReadList(const Volume& volume, const std::string& name, Server& server) {
-  return server.files().ReadOn(volume, std::string(kPrepareFolder) + "\\" + name);
+  const auto text = server.files().ReadOn(volume, std::string(kPrepareFolder) + "\\" + name);
+  if (!text) return std::nullopt;
+  return Utf8FromAnsi(*text, server.system().ansi_code_page);
 }
 
 std::optional<char> LetterOfSource(const ScenarioVolume& description, const Volume& volume,
@@ -101,7 +105,9 @@ DescriptorOutcome CompareObjects(const std::vector<ListedObject>& objects, const
     const std::string text = is_valid ? SddlText(wanted, domains, parts) : object.sddl;
     const Node* const node = FindOn(volume, object.path);
     const std::string found = node == nullptr ? "" : SddlText(*node->security, domains, parts);
-    if (!is_valid || found != text) outcome.differences.push_back({object.path, text, found});
+    if (is_valid && found == text) continue;
+    outcome.differences.push_back({object.path, text, found});
+    CountLost(wanted, node == nullptr ? nullptr : node->security.get(), outcome.lost_entries);
   }
   return outcome;
 }

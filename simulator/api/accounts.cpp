@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
 #include "simulator/model/security/security.h"
@@ -25,12 +26,14 @@ BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid
   }
   const Call call("LookupAccountNameA", account_name, *sid_size, *domain_name_size);
   if (call.fails()) return FALSE;
-  const std::optional<simulator::Account> account = simulator::FindAccount(
-      account_name, call.server().system(), call.server().security().domains());
+  const std::optional<simulator::Account> account =
+      simulator::FindAccount(simulator::FromAnsi(call, account_name), call.server().system(),
+                             call.server().security().domains());
   if (!account) return call.Done(ERROR_NONE_MAPPED);
 
   const std::string bytes = simulator::SidBytes(account->sid);
-  const DWORD length = static_cast<DWORD>(account->domain.size());
+  const std::string domain = simulator::ToAnsi(call, account->domain);
+  const DWORD length = static_cast<DWORD>(domain.size());
   const bool fits = *sid_size >= bytes.size() && *domain_name_size > length;
   *sid_size = static_cast<DWORD>(bytes.size());
   // What is needed counts the terminator, what has been written does not.
@@ -38,7 +41,7 @@ BOOL WINAPI LookupAccountNameA(LPCSTR system_name, LPCSTR account_name, PSID sid
   if (!fits) return call.Done(ERROR_INSUFFICIENT_BUFFER);
   if (sid == nullptr || domain_name == nullptr) Unsupported("LookupAccountNameA: no buffer");
   std::copy(bytes.begin(), bytes.end(), static_cast<char*>(sid));
-  std::copy_n(account->domain.c_str(), length + size_t{1}, domain_name);
+  std::copy_n(domain.c_str(), length + size_t{1}, domain_name);
   *use = account->use;
   return call.Succeed(TRUE);
 }

@@ -66,8 +66,10 @@ std::string TraceText(const char* text) {
 std::string TraceText(const std::string& text) { return '"' + text + '"'; }
 
 std::string TraceText(const wchar_t* text) {
-  return text == nullptr ? TraceText(nullptr) : TraceText(Utf8FromWide(text));
+  return text == nullptr ? TraceText(nullptr) : TraceText(std::wstring(text));
 }
+
+std::string TraceText(const std::wstring& text) { return TraceText(Utf8FromWide(text)); }
 
 std::string TraceText(const void* pointer) {
   if (pointer == nullptr) return TraceText(nullptr);

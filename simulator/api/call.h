@@ -35,6 +35,7 @@ std::string TraceText(std::nullptr_t);
 std::string TraceText(const char* text);
 std::string TraceText(const std::string& text);
 std::string TraceText(const wchar_t* text);
+std::string TraceText(const std::wstring& text);
 std::string TraceText(const void* pointer);
 std::string TraceText(std::integral auto number) { return std::to_string(number); }
 

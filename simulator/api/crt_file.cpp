@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/files/files.h"
 
@@ -54,14 +55,15 @@ std::optional<CrtMode> ParseMode(std::string_view text) {
 CrtFile::CrtFile(std::shared_ptr<OpenFile> file, Translation translation, bool reads_and_writes)
     : file_(std::move(file), translation, reads_and_writes) {}
 
-std::unique_ptr<CrtFile> CrtFile::Open(const char* path, const std::string& mode) {
+std::unique_ptr<CrtFile> CrtFile::Open(const char* path, PathText text, const std::string& mode) {
   CrtCall call("_open", path, mode);
   if (call.fails()) return nullptr;
   const std::optional<CrtMode> parsed = ParseMode(mode);
   // The runtime takes an empty path for a wrong argument, not for a missing file.
   if (!parsed || path == nullptr || *path == '\0') return call.Refuse(nullptr, EINVAL);
+  const std::string utf8 = text == PathText::kAnsi ? FromAnsi(call, path) : path;
   std::shared_ptr<OpenFile> file;
-  if (!call.Done(call.server().file_system().Open(path, parsed->open, &file))) return nullptr;
+  if (!call.Done(call.server().file_system().Open(utf8, parsed->open, &file))) return nullptr;
   const bool reads_and_writes = parsed->open.read && parsed->open.write;
   return std::unique_ptr<CrtFile>(
       new CrtFile(std::move(file), parsed->translation, reads_and_writes));

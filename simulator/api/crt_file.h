@@ -14,9 +14,11 @@ namespace simulator {
 // that name, "_open" to "_close". A failed operation sets errno.
 class CrtFile {
  public:
+  enum class PathText { kAnsi, kUtf8 };
+
   // Returns null on failure. `mode` is fopen's: r, w or a, then any of +, b and t. Text mode is
   // used unless `mode` contains a b.
-  static std::unique_ptr<CrtFile> Open(const char* path, const std::string& mode);
+  static std::unique_ptr<CrtFile> Open(const char* path, PathText text, const std::string& mode);
 
   // Returns the number of characters read, 0 at the end of the file, or -1 on failure.
   int Read(char* buffer, size_t size);

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/api/crt_file.h"
 #include "simulator/model/common/utf8.h"
@@ -41,9 +42,9 @@ int CloseCookie(void* cookie) {
   return file->Close() ? 0 : -1;
 }
 
-FILE* OpenStream(const char* path, const std::string& mode, int share) {
+FILE* OpenStream(const char* path, CrtFile::PathText text, const std::string& mode, int share) {
   if (share != _SH_DENYNO) simulator::Unsupported("a sharing mode other than _SH_DENYNO");
-  std::unique_ptr<CrtFile> file = CrtFile::Open(path, mode);
+  std::unique_ptr<CrtFile> file = CrtFile::Open(path, text, mode);
   if (!file) return nullptr;
   // The host knows no "t" and wants the "+" next to the letter.
   std::string host_mode = mode.substr(0, 1);
@@ -57,13 +58,13 @@ FILE* OpenStream(const char* path, const std::string& mode, int share) {
 }  // namespace
 
 FILE* _fsopen(const char* path, const char* mode, int share) {
-  return OpenStream(path, mode == nullptr ? "" : mode, share);
+  return OpenStream(path, CrtFile::PathText::kAnsi, mode == nullptr ? "" : mode, share);
 }
 
 FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
   const std::string narrow_path = path == nullptr ? "" : simulator::Utf8FromWide(path);
-  return OpenStream(narrow_path.c_str(), mode == nullptr ? "" : simulator::Utf8FromWide(mode),
-                    share);
+  return OpenStream(narrow_path.c_str(), CrtFile::PathText::kUtf8,
+                    mode == nullptr ? "" : simulator::Utf8FromWide(mode), share);
 }
 
 int _access(const char* path, int mode) {
@@ -73,7 +74,9 @@ int _access(const char* path, int mode) {
   if (call.fails()) return -1;
   if (path == nullptr || (mode & ~(kRead | kWrite)) != 0) return call.Refuse(-1, EINVAL);
   DWORD attributes = 0;
-  if (!call.Done(call.server().file_system().Attributes(path, &attributes))) return -1;
+  if (!call.Done(
+          call.server().file_system().Attributes(simulator::FromAnsi(call, path), &attributes)))
+    return -1;
   const bool is_read_only =
       (attributes & FILE_ATTRIBUTE_READONLY) != 0 && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
   if (is_read_only && (mode & kWrite) != 0) return call.Refuse(-1, EACCES);
@@ -84,5 +87,6 @@ int _mkdir(const char* path) {
   CrtCall call("_mkdir", path);
   if (call.fails()) return -1;
   if (path == nullptr) return call.Refuse(-1, EINVAL);
-  return call.Done(call.server().file_system().MakeDirectory(path)) ? 0 : -1;
+  return call.Done(call.server().file_system().MakeDirectory(simulator::FromAnsi(call, path))) ? 0
+                                                                                               : -1;
 }

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/desktop/message_boxes.h"
@@ -24,13 +25,6 @@ BOOL Post(const char* name, HWND window, UINT message, WPARAM wparam, LPARAM lpa
   const Call call(name, window, message, wparam, lparam);
   if (call.fails()) return FALSE;
   return call.Done(call.server().desktop().Post(window, {message, wparam, lparam}));
-}
-
-// Where text is cut to have at most `longest` bytes and no piece of a character.
-size_t CutAtCharacter(const std::string& utf8, size_t longest) {
-  if (utf8.size() <= longest) return utf8.size();
-  while (longest > 0 && (static_cast<unsigned char>(utf8[longest]) & 0xC0) == 0x80) --longest;
-  return longest;
 }
 
 // `cut` makes of UTF-8 the text for the buffer, of at most so many units.
@@ -73,12 +67,15 @@ int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
     return call.Fail(0, ERROR_INVALID_WINDOW_HANDLE);
   }
   return call.Succeed(call.server().message_boxes().Show(
-      {owner, text != nullptr ? text : "", caption != nullptr ? caption : "Error", type, 0}));
+      {owner, simulator::FromAnsi(call, text != nullptr ? text : ""),
+       simulator::FromAnsi(call, caption != nullptr ? caption : "Error"), type, 0}));
 }
 
 int WINAPI LoadStringA(HINSTANCE instance, UINT id, LPSTR buffer, int buffer_size) {
   const auto cut = [](const std::string& utf8, size_t longest) {
-    return utf8.substr(0, simulator::CutAtCharacter(utf8, longest));
+    const UINT code_page = simulator::Server::Current().system().ansi_code_page;
+    const std::string ansi = simulator::AnsiFromUtf8(utf8, code_page);
+    return ansi.substr(0, simulator::WholeCharacters(ansi, longest, code_page));
   };
   return simulator::Load("LoadStringA", instance, id, buffer, buffer_size, cut);
 }

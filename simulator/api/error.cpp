@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/system_messages.h"
 #include "simulator/model/processes/local_heap.h"
@@ -31,7 +32,7 @@ DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID, DWORD message_id, DWORD langua
   std::optional<std::string_view> message = simulator::SystemMessage(message_id);
   if (other != messages.end()) message = other->second;
   if (!message) return call.Fail(0u, ERROR_MR_MID_NOT_FOUND);
-  const std::string text = std::string(*message) + "\r\n";
+  const std::string text = simulator::ToAnsi(call, *message) + "\r\n";
   *block = static_cast<char*>(simulator::AllocateLocal(std::max<size_t>(size, text.size() + 1)));
   std::copy(text.begin(), text.end(), *block);
   return call.Succeed(static_cast<DWORD>(text.size()));

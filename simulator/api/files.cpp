@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <string>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/server.h"
@@ -17,9 +18,10 @@ namespace {
 
 // Those ANSI calls that convert the path to UTF-16 in a per-thread buffer fail before the path is
 // looked up if it does not fit: even a verbatim path must.
-DWORD CheckNarrowPath(LPCSTR path) {
-  if (path == nullptr) return ERROR_PATH_NOT_FOUND;
-  return simulator::Utf16Length(path) > MAX_PATH ? ERROR_FILENAME_EXCED_RANGE : ERROR_SUCCESS;
+DWORD ReadNarrowPath(const Call& call, LPCSTR ansi, std::string* path) {
+  if (ansi == nullptr) return ERROR_PATH_NOT_FOUND;
+  *path = simulator::FromAnsi(call, ansi);
+  return simulator::Utf16Length(*path) > MAX_PATH ? ERROR_FILENAME_EXCED_RANGE : ERROR_SUCCESS;
 }
 
 }  // namespace
@@ -28,22 +30,24 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   Call call("DeleteFileA", path);
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_PATH_NOT_FOUND);
-  return call.Done(call.server().file_system().Delete(path));
+  return call.Done(call.server().file_system().Delete(simulator::FromAnsi(call, path)));
 }
 
-BOOL WINAPI CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES attributes) {
+BOOL WINAPI CreateDirectoryA(LPCSTR ansi_path, LPSECURITY_ATTRIBUTES attributes) {
   if (attributes != nullptr) Unsupported("CreateDirectoryA: security attributes");
-  Call call("CreateDirectoryA", path);
+  Call call("CreateDirectoryA", ansi_path);
   if (call.fails()) return FALSE;
-  const DWORD error = CheckNarrowPath(path);
+  std::string path;
+  const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
   return call.Done(call.server().file_system().MakeDirectory(path));
 }
 
-BOOL WINAPI RemoveDirectoryA(LPCSTR path) {
-  Call call("RemoveDirectoryA", path);
+BOOL WINAPI RemoveDirectoryA(LPCSTR ansi_path) {
+  Call call("RemoveDirectoryA", ansi_path);
   if (call.fails()) return FALSE;
-  const DWORD error = CheckNarrowPath(path);
+  std::string path;
+  const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
   return call.Done(call.server().file_system().RemoveDirectory(path));
 }
@@ -59,10 +63,11 @@ DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
   return call.Succeed(attributes);
 }
 
-BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes) {
-  Call call("SetFileAttributesA", path, attributes);
+BOOL WINAPI SetFileAttributesA(LPCSTR ansi_path, DWORD attributes) {
+  Call call("SetFileAttributesA", ansi_path, attributes);
   if (call.fails()) return FALSE;
-  const DWORD error = CheckNarrowPath(path);
+  std::string path;
+  const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
   return call.Done(call.server().file_system().ChangeAttributes(path, attributes));
 }
@@ -85,7 +90,7 @@ UINT WINAPI GetDriveTypeA(LPCSTR root_path) {
   Call call("GetDriveTypeA", root_path);
   if (call.fails()) return DRIVE_UNKNOWN;
   if (root_path == nullptr) Unsupported("the drive type of the current directory");
-  return call.Succeed(call.server().file_system().DriveType(root_path));
+  return call.Succeed(call.server().file_system().DriveType(simulator::FromAnsi(call, root_path)));
 }
 
 DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer) {
@@ -98,6 +103,7 @@ DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer) {
     path = system.system_directory.substr(0, system.system_directory.rfind('\\'));
   }
   if (path.empty() || path.back() != '\\') path += '\\';
+  path = simulator::ToAnsi(call, path);
   if (size <= path.size()) return call.Succeed(static_cast<DWORD>(path.size() + 1));
   if (buffer == nullptr) return call.Fail(0u, ERROR_INVALID_PARAMETER);
   std::copy_n(path.c_str(), path.size() + 1, buffer);

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/api/security_parts.h"
 #include "simulator/model/files/files.h"
@@ -64,7 +65,7 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
     error = simulator::ReadList(sacl, &change.parts.sacl);
   }
   if (error == ERROR_SUCCESS) {
-    error = call.server().file_system().SetSecurity(object_name, change);
+    error = call.server().file_system().SetSecurity(simulator::FromAnsi(call, object_name), change);
   }
   return result(error);
 }

@@ -1,4 +1,4 @@
-// Conversion between wide text and the ANSI code page, UTF-8 on a simulated server, and languages.
+// Conversion between wide text and the ANSI code page, and languages.
 #include <windows.h>
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <string>
 
 #include "simulator/api/call.h"
-#include "simulator/model/common/utf8.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
 
@@ -56,14 +56,15 @@ int WINAPI MultiByteToWideChar(UINT code_page, DWORD flags, LPCSTR text, int tex
   if (AreArgumentsWrong(text, text_length, buffer, buffer_length)) {
     return call.Fail(0, ERROR_INVALID_PARAMETER);
   }
-  return Deliver(call, simulator::WideFromUtf8(counted), buffer, buffer_length);
+  const UINT ansi_code_page = call.server().system().ansi_code_page;
+  return Deliver(call, simulator::WideFromAnsi(counted, ansi_code_page), buffer, buffer_length);
 }
 
 int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int text_length,
                                LPSTR buffer, int buffer_length, LPCSTR default_char,
                                LPBOOL used_default_char) {
-  const std::string converted = simulator::Utf8FromWide(Counted(text, text_length));
-  Call call("WideCharToMultiByte", code_page, flags, converted, text_length, buffer_length);
+  const std::wstring counted = Counted(text, text_length);
+  Call call("WideCharToMultiByte", code_page, flags, counted, text_length, buffer_length);
   if (call.fails()) return 0;
   RefuseOtherConversions(code_page, flags);
   if (default_char != nullptr || used_default_char != nullptr) {
@@ -72,7 +73,8 @@ int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int te
   if (AreArgumentsWrong(text, text_length, buffer, buffer_length)) {
     return call.Fail(0, ERROR_INVALID_PARAMETER);
   }
-  return Deliver(call, converted, buffer, buffer_length);
+  const UINT ansi_code_page = call.server().system().ansi_code_page;
+  return Deliver(call, simulator::AnsiFromWide(counted, ansi_code_page), buffer, buffer_length);
 }
 
 // Cannot fail, so it is neither numbered nor traced.

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/command_line.h"
 #include "simulator/model/common/path_name.h"
@@ -94,14 +95,15 @@ BOOL WINAPI CreateProcessA(LPCSTR application_name, LPSTR command_line,
   if (call.fails()) return FALSE;
   simulator::Server& server = call.server();
   simulator::ChildStart start;
-  start.command_line = command_line != nullptr ? command_line : application_name;
+  start.command_line =
+      simulator::FromAnsi(call, command_line != nullptr ? command_line : application_name);
   if (simulator::Utf16Length(start.command_line) > simulator::kLongestCommandLine) {
     return call.Done(ERROR_FILENAME_EXCED_RANGE);
   }
   if (application_name != nullptr) {
-    const DWORD error = simulator::CheckApplication(server.files(), application_name);
+    start.program = simulator::FromAnsi(call, application_name);
+    const DWORD error = simulator::CheckApplication(server.files(), start.program);
     if (error != ERROR_SUCCESS) return call.Done(error);
-    start.program = application_name;
   } else {
     start.program = simulator::ProgramOf(start.command_line);
   }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/files/files.h"
 
@@ -33,20 +34,25 @@ BOOL WINAPI PathFileExistsA(LPCSTR path) {
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   DWORD attributes = 0;
-  return call.Done(call.server().file_system().Attributes(path, &attributes));
+  return call.Done(
+      call.server().file_system().Attributes(simulator::FromAnsi(call, path), &attributes));
 }
 
-// Leaves the last error alone, as the shell does: FALSE only says that there was nothing to remove.
+// A backslash that is the second byte of a pair is none. Leaves the last error alone, as the shell
+// does: FALSE only says that there was nothing to remove.
 BOOL WINAPI PathRemoveFileSpecA(LPSTR path) {
   Call call("PathRemoveFileSpecA", path);
   if (call.fails() || path == nullptr) return FALSE;
 
+  const UINT code_page = call.server().system().ansi_code_page;
   // A root keeps its backslashes: "\", "\\" and "C:\".
   char* start = path;
   for (int i = 0; i < 2 && *start == '\\'; ++i) ++start;
   char* cut = start;
   for (char* next = start; *next != '\0'; ++next) {
-    if (*next == '\\') {
+    if (simulator::IsLeadByte(*next, code_page) && next[1] != '\0') {
+      ++next;
+    } else if (*next == '\\') {
       cut = next;
     } else if (*next == ':') {
       if (next[1] == '\\') ++next;
@@ -64,13 +70,14 @@ BOOL WINAPI SHGetSpecialFolderPathA(HWND owner, LPSTR path, int csidl, BOOL crea
   if (csidl != CSIDL_COMMON_STARTUP) simulator::Unsupported("this special folder");
   if (path == nullptr) return call.Done(ERROR_INVALID_PARAMETER);
   const std::string& folder = call.server().system().common_startup_directory;
-  if (folder.size() >= MAX_PATH) return call.Done(ERROR_FILENAME_EXCED_RANGE);
+  const std::string ansi_folder = simulator::ToAnsi(call, folder);
+  if (ansi_folder.size() >= MAX_PATH) return call.Done(ERROR_FILENAME_EXCED_RANGE);
 
   FileSystem& files = call.server().file_system();
   DWORD attributes = 0;
   DWORD error = files.Attributes(folder, &attributes);
   if (error != ERROR_SUCCESS && create) error = MakeFolder(files, folder);
   if (error != ERROR_SUCCESS) return call.Done(error);
-  std::copy_n(folder.c_str(), folder.size() + 1, path);
+  std::copy_n(ansi_folder.c_str(), ansi_folder.size() + 1, path);
   return call.Done(ERROR_SUCCESS);
 }

@@ -74,7 +74,7 @@ bool FileBuffer::Open(const std::string& path, ios_base::openmode mode) {
   if (IsOpen()) return false;
   const std::optional<std::string> text = ModeText(mode);
   if (!text) return false;
-  file_ = CrtFile::Open(path.c_str(), *text);
+  file_ = CrtFile::Open(path.c_str(), CrtFile::PathText::kAnsi, *text);
   mode_ = mode;
   return IsOpen();
 }

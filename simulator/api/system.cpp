@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/clock.h"
 #include "simulator/model/common/path_name.h"
@@ -94,7 +95,7 @@ UINT WINAPI GetSystemDirectoryA(LPSTR buffer, UINT size) {
   if (buffer == nullptr && size != 0) Unsupported("GetSystemDirectoryA: no buffer");
   const Call call("GetSystemDirectoryA", size);
   if (call.fails()) return 0;
-  const std::string& directory = call.server().system().system_directory;
+  const std::string directory = simulator::ToAnsi(call, call.server().system().system_directory);
   const UINT length = static_cast<UINT>(directory.size());
   if (size <= length) return call.Succeed(length + 1);
   std::copy_n(directory.c_str(), directory.size() + 1, buffer);
@@ -106,7 +107,7 @@ DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size) {
   if (buffer == nullptr && size != 0) Unsupported("GetModuleFileNameA: no buffer");
   const Call call("GetModuleFileNameA", size);
   if (call.fails()) return 0;
-  const std::string& path = call.server().system().program_path;
+  const std::string path = simulator::ToAnsi(call, call.server().system().program_path);
   if (size == 0) return call.Fail(size, ERROR_INSUFFICIENT_BUFFER);
   const size_t length = std::min(path.size(), static_cast<size_t>(size) - 1);
   std::copy_n(path.data(), length, buffer);

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/desktop/desktop.h"
@@ -74,10 +75,12 @@ BOOL WINAPI SetWindowPos(HWND window, HWND insert_after, int x, int y, int width
 BOOL WINAPI SetWindowTextA(HWND window, LPCSTR text) {
   const Call call("SetWindowTextA", window, text);
   if (call.fails()) return FALSE;
-  return call.Done(simulator::VisitDialog(call, "SetWindowTextA", window, [text](Dialog& dialog) {
-    const std::wstring wide = simulator::WideFromUtf8(text == nullptr ? "" : text);
-    dialog.shown.caption = simulator::Utf8FromWide(wide);
-  }));
+  // Back from wide text, so that invalid UTF-8 does not stay.
+  const std::string utf8 = simulator::FromAnsi(call, text == nullptr ? "" : text);
+  const std::string caption = simulator::Utf8FromWide(simulator::WideFromUtf8(utf8));
+  return call.Done(
+      simulator::VisitDialog(call, "SetWindowTextA", window,
+                             [&caption](Dialog& dialog) { dialog.shown.caption = caption; }));
 }
 
 int WINAPI GetWindowTextLengthW(HWND window) {

@@ -53,6 +53,10 @@ struct System {
   WORD architecture = PROCESSOR_ARCHITECTURE_AMD64;
   bool has_native_system_info = true;  // kernel32 exports GetNativeSystemInfo
   LANGID language = 1033;              // the system default
+  // The code pages of A calls and of the output of the system's tools. UTF-8 here, for the sake of
+  // simple tests; a scenario sets those of its language.
+  UINT ansi_code_page = 65001;
+  UINT oem_code_page = 65001;
 
   // Texts that replace the usual ones of error codes, without a line end.
   std::map<DWORD, std::string> messages;
@@ -121,11 +125,11 @@ class Calls {
 // The volumes, drive letters and files of a server, for tests, scenarios and tools that set them up
 // and inspect them. Thread-safe.
 //
-// Paths are UTF-8 text as the program writes them: "C:\Windows", including spaces. Names match
-// without regard to ASCII case and keep the case with which they were created. An operation that
-// Windows would refuse aborts, except queries for objects that do not exist. Access rights are not
-// checked. Junctions at the end of a path are not followed. The functions for the program's calls
-// are declared in files.h.
+// Paths are UTF-8 text: "C:\Windows", including spaces. The program's A calls convert them. Names
+// match without regard to ASCII case and keep the case with which they were created. An operation
+// that Windows would refuse aborts, except queries for objects that do not exist. Access rights are
+// not checked. Junctions at the end of a path are not followed. The functions for the program's
+// calls are declared in files.h.
 class Files {
  public:
   virtual ~Files() = default;

@@ -19,8 +19,8 @@ namespace simulator {
 struct System;
 struct Volume;
 
-// Letters are accepted in either case and returned in upper case. Paths are ANSI text, as passed to
-// the tools. Functions that can fail return a system error code.
+// Letters are accepted in either case and returned in upper case. Paths are UTF-8 text. Functions
+// that can fail return a system error code.
 class Machine {
  public:
   virtual ~Machine() = default;

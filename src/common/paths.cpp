@@ -5,6 +5,7 @@ namespace common {
 std::string JoinPath(const std::string& folder, const std::string& name) {
   if (folder.empty() || name.empty()) return {};
   std::string path = folder;
+  // Oddity: last byte of a folder, see docs/oddities.md.
   if (path.back() != '\\') path += '\\';
   path += name;
   return path;

@@ -44,8 +44,7 @@ Rehearsed Rehearse(int files) {
   const std::vector<simulator::SourceVolume> sources = simulator::Build(scenario, server);
   server.own_process().Run(
       [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
-  const simulator::DescriptorOutcome outcome =
-      simulator::GatherDescriptors(sources, server.security().domains());
+  const simulator::DescriptorOutcome outcome = simulator::GatherDescriptors(sources, server);
   tests::ReleaseLost(server);
   // malloc keeps a word of its own before each block.
   const size_t words = Growth(blocks_before, HeapBlocksInUse()) * sizeof(size_t);

@@ -6,6 +6,7 @@
 #include "rehearsal/screen.h"
 #include "rehearsal/screen_picture.h"
 #include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/nls/code_page.h"
 #include "support/simulated_shown_dialog.h"
 
 namespace simulator {
@@ -23,7 +24,7 @@ std::string Picture(const ShownDialog& dialog) {
 class PlainScreen : public testing::Test {
  protected:
   std::ostringstream out_;
-  Screen screen_{out_, Screen::Kind::kPlain};
+  Screen screen_{out_, Screen::Kind::kPlain, kUtf8CodePage};
 };
 
 TEST_F(PlainScreen, ShowsLinesOfTheLogOnceTheyAreWhole) {
@@ -62,6 +63,15 @@ TEST_F(PlainScreen, ShowsNoDialogThatIsNotToBeSeen) {
   EXPECT_EQ(out_.str(), "");
 }
 
+TEST(ScreenOfACodePage, ShowsLinesInUtf8) {
+  std::ostringstream out;
+  Screen screen(out, Screen::Kind::kPlain, 936);
+  // The pair DF 5C in two pieces.
+  screen.ShowLog("C:\\\xDF");
+  screen.ShowLog("\\\xD6\xD0\r\n");
+  EXPECT_EQ(out.str(), "C:\\運中\n");
+}
+
 class TerminalScreen : public testing::Test {
  protected:
   // What was written since the last time.
@@ -72,7 +82,7 @@ class TerminalScreen : public testing::Test {
   }
 
   std::ostringstream out_;
-  Screen screen_{out_, Screen::Kind::kTerminal};
+  Screen screen_{out_, Screen::Kind::kTerminal, kUtf8CodePage};
 };
 
 TEST_F(TerminalScreen, ColoursTheLog) {

@@ -76,7 +76,7 @@ std::vector<std::string> WholeRun::ClosingLines() {
 }
 
 simulator::DescriptorOutcome WholeRun::Descriptors() {
-  return simulator::GatherDescriptors(parts_->sources, server_.security().domains());
+  return simulator::GatherDescriptors(parts_->sources, server_);
 }
 
 std::map<std::string, std::string> WholeRun::Copies() {

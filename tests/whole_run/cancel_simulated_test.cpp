@@ -47,7 +47,7 @@ class CancelledRun : public tests::ProgramTest {
   // Whether the root of the volume is as on the source.
   bool IsRestored(char letter) {
     const std::string root = std::string(1, letter) + ":\\";
-    const auto outcome = simulator::GatherDescriptors(sources_, server_.security().domains());
+    const auto outcome = simulator::GatherDescriptors(sources_, server_);
     for (const auto& difference : outcome.differences) {
       if (difference.path == root) return false;
     }

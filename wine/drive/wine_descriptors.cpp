@@ -8,6 +8,7 @@
 
 #include "rehearsal/description/prepare_folder.h"
 #include "rehearsal/description/scenario.h"
+#include "simulator/model/nls/code_page.h"
 #include "wine/drive/wine_failure.h"
 
 namespace simulator {
@@ -88,7 +89,8 @@ KeptDescriptors Compare(const Scenario& scenario, const WineServer& server,
   for (size_t i = 0; i < wanted.size(); ++i) {
     if (wanted[i] != before.at(i)) ++kept.changed;
     if (wanted[i] == found.at(i)) continue;
-    kept.outcome.differences.push_back({wanted[i].first, wanted[i].second, found[i].second});
+    const std::string path = Utf8FromAnsi(wanted[i].first, AnsiCodePageOf(scenario.language));
+    kept.outcome.differences.push_back({path, wanted[i].second, found[i].second});
   }
   return kept;
 }

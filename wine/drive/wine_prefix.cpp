@@ -1,7 +1,6 @@
 #include "wine/drive/wine_prefix.h"
 
 #include <fcntl.h>
-#include <iconv.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -25,13 +24,13 @@ struct Language {
   LANGID language;
   const char* locale;  // of the host; what Wine takes its own from
   const char* source;  // what localedef makes it of; nothing for one that every host has
-  const char* code_page;
 };
 
-constexpr Language kLanguages[] = {{1033, "C.UTF-8", "", "CP1252"},
-                                   {1031, "de_DE.UTF-8", "de_DE", "CP1252"},
-                                   {1036, "fr_FR.UTF-8", "fr_FR", "CP1252"},
-                                   {2052, "zh_CN.UTF-8", "zh_CN", "CP936"}};
+constexpr Language kLanguages[] = {{1033, "C.UTF-8", ""},
+                                   {1031, "de_DE.UTF-8", "de_DE"},
+                                   {1036, "fr_FR.UTF-8", "fr_FR"},
+                                   {1041, "ja_JP.UTF-8", "ja_JP"},
+                                   {2052, "zh_CN.UTF-8", "zh_CN"}};
 
 const Language& LanguageOf(LANGID language) {
   const auto* const found =
@@ -149,33 +148,6 @@ void LinkTree(const fs::path& from, const fs::path& to) {
 
 void Append(const fs::path& file, const std::string& section, const std::string& values) {
   std::ofstream(file, std::ios::app) << "\n[" << section << "] 1\n" << values << "\n";
-}
-
-std::string Convert(std::string_view text, const char* from, const char* to) {
-  const iconv_t converter = ::iconv_open(to, from);
-  if (converter == reinterpret_cast<iconv_t>(-1)) {
-    throw std::runtime_error(std::string("iconv does not know ") + from + " or " + to);
-  }
-  constexpr size_t kMostBytes = 4;  // of a character
-  std::string copy(text);
-  std::string converted(text.size() * kMostBytes + 1, '\0');
-  char* in = copy.data();
-  size_t in_left = copy.size();
-  char* out = converted.data();
-  size_t out_left = converted.size();
-  while (in_left > 0 &&
-         ::iconv(converter, &in, &in_left, &out, &out_left) == static_cast<size_t>(-1)) {
-    *out++ = '?';
-    --out_left;
-    // Behind the character, with the bytes that continue it in UTF-8.
-    do {
-      ++in;
-      --in_left;
-    } while (in_left > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80);
-  }
-  ::iconv_close(converter);
-  converted.resize(converted.size() - out_left);
-  return converted;
 }
 
 }  // namespace
@@ -300,14 +272,6 @@ void RemovePrefix(const fs::path& folder) {
   std::error_code none;
   fs::remove_all(folder, none);
   fs::remove(folder.string() + ".lock", none);
-}
-
-std::string InCodePage(std::string_view text, LANGID language) {
-  return Convert(text, "UTF-8", LanguageOf(language).code_page);
-}
-
-std::string FromCodePage(std::string_view text, LANGID language) {
-  return Convert(text, LanguageOf(language).code_page, "UTF-8");
 }
 
 }  // namespace simulator

@@ -72,11 +72,6 @@ class WinePrefix {
 // Removes the folder of a prefix that is no longer used, as far as possible.
 void RemovePrefix(const std::filesystem::path& folder);
 
-// Convert from UTF-8 to the code page of a Windows of that language, and back. Characters that the
-// other encoding lacks become '?'.
-std::string InCodePage(std::string_view text, LANGID language);
-std::string FromCodePage(std::string_view text, LANGID language);
-
 }  // namespace simulator
 
 #endif  // WINE_DRIVE_WINE_PREFIX_H_

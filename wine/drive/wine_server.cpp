@@ -1,6 +1,7 @@
 #include "wine/drive/wine_server.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -12,7 +13,7 @@
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/boot/disks.h"
-#include "simulator/model/common/path_name.h"
+#include "simulator/model/common/utf8.h"
 #include "simulator/model/files/node.h"
 #include "simulator/model/files/volume.h"
 #include "simulator/model/server.h"
@@ -44,18 +45,15 @@ std::string ReadFile(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// Lists are text of the server's code page.
-void WriteTree(const Node& node, const fs::path& folder, LANGID language) {
+void WriteTree(const Node& node, const fs::path& folder) {
   fs::create_directories(folder);
   for (const auto& child : node.contents().children) {
     if (!child->contents().reparse_data.empty()) continue;
     const fs::path place = WinePrefix::Below(folder, child->name);
     if (child->IsFolder()) {
-      WriteTree(*child, place, language);
+      WriteTree(*child, place);
     } else {
-      const bool is_list = NameKey(node.name) == kPrepareFolder;
-      WriteFile(place,
-                is_list ? InCodePage(child->contents().bytes, language) : child->contents().bytes);
+      WriteFile(place, child->contents().bytes);
     }
     if ((child->attributes & FILE_ATTRIBUTE_READONLY) != 0 && !child->IsFolder()) {
       fs::permissions(place,
@@ -81,8 +79,7 @@ void WriteVolumes(Server& server, WinePrefix& prefix) {
     for (const Partition& partition : disk.partitions) {
       if (!partition.volume || !written.insert(partition.volume.get()).second) continue;
       const std::string target = TargetOf(disk, partition, server.files());
-      WriteTree(*partition.volume->root, prefix.folder() / "dosdevices" / target,
-                server.system().language);
+      WriteTree(*partition.volume->root, prefix.folder() / "dosdevices" / target);
       const std::optional<char> letter = server.files().LetterOf(*partition.volume);
       if (letter && target != WinePrefix::kSystemVolumeTarget) {
         prefix.DefineDrive(*letter, target, partition.volume->drive_type);
@@ -152,11 +149,19 @@ std::string VersionName(const System& system) {
                            std::to_string(system.minor_version));
 }
 
-// Backslashes are doubled there.
+// Backslashes are doubled there, and units of UTF-16 are written as four digits: "\x904b".
 std::string RegistryText(const std::string& text) {
-  std::string doubled;
-  for (const char c : text) doubled += c == '\\' ? "\\\\" : std::string(1, c);
-  return "\"" + doubled + "\"";
+  std::string escaped;
+  for (const char16_t unit : Utf16FromUtf8(text)) {
+    if (unit < 0x80) {
+      escaped += unit == u'\\' ? "\\\\" : std::string(1, static_cast<char>(unit));
+    } else {
+      char digits[8];
+      std::snprintf(digits, sizeof digits, "\\x%04x", static_cast<unsigned>(unit));
+      escaped += digits;
+    }
+  }
+  return "\"" + escaped + "\"";
 }
 
 void Configure(const System& system, WinePrefix& prefix) {
@@ -186,6 +191,7 @@ WineServer::WineServer(const Scenario& scenario, const WineServerOptions& option
   }
   Server server;
   server.system().program_path = program();
+  if (!options.temp_folder.empty()) server.system().temp_directory = options.temp_folder;
   Build(scenario, server);
   WriteVolumes(server, prefix_);
   ReplaceUnreadableLists(scenario, prefix_);
@@ -230,7 +236,10 @@ std::optional<char> WineServer::LetterOf(int disk, int partition) const {
 std::vector<fs::path> WineServer::LogFiles() const {
   std::vector<fs::path> files;
   std::error_code none;
-  for (const auto& file : fs::directory_iterator(ProgramFolder() / "Logs", none)) {
+  const fs::path logs = options_.log_folder.empty()
+                            ? ProgramFolder() / "Logs"
+                            : prefix_.OnSystemVolume(BehindRoot(options_.log_folder));
+  for (const auto& file : fs::directory_iterator(logs, none)) {
     files.push_back(file.path());
   }
   std::sort(files.begin(), files.end());

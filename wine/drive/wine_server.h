@@ -22,6 +22,8 @@ struct Scenario;
 
 struct WineServerOptions {
   std::string program_folder = "C:\\vantoro_restore";
+  std::string log_folder = {};      // if not empty, where the log is in place of "Logs" below it
+  std::string temp_folder = {};     // if not empty, in place of the usual one
   std::vector<ToolAnswer> answers;  // in addition to the scenario's
 };
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "rehearsal/command.h"
@@ -18,6 +19,7 @@
 #include "rehearsal/screen.h"
 #include "simulator/model/boot/boot_store.h"
 #include "simulator/model/desktop/shown_dialog.h"
+#include "simulator/model/nls/code_page.h"
 #include "simulator/model/server.h"
 #include "ui/resource.h"
 #include "wine/drive/wine_descriptors.h"
@@ -50,18 +52,16 @@ ShownDialog AsShown(const WatchedDialog& watched) {
 // Shows what has come to the log since it was looked at last.
 class LogReader {
  public:
-  LogReader(const WineServer& server, LANGID language, Screen& screen)
-      : server_(server), language_(language), screen_(screen) {}
+  LogReader(const WineServer& server, Screen& screen) : server_(server), screen_(screen) {}
 
   void Look() {
     const std::string log = server_.Log();
-    screen_.ShowLog(FromCodePage(log.substr(shown_), language_));
+    screen_.ShowLog(std::string_view(log).substr(shown_));
     shown_ = log.size();
   }
 
  private:
   const WineServer& server_;
-  const LANGID language_;
   Screen& screen_;
   size_t shown_ = 0;
 };
@@ -108,8 +108,8 @@ fs::path PictureFile(const Options& options) { return options.logs / "vantoro_re
 
 WatchedRun Rehearse(const Scenario& scenario, const Options& options, WineServer& server) {
   std::cout << scenario.title << "\n\n";
-  Screen screen(std::cout, Screen::Kind::kPlain);
-  LogReader log(server, scenario.language, screen);
+  Screen screen(std::cout, Screen::Kind::kPlain, AnsiCodePageOf(scenario.language));
+  LogReader log(server, screen);
   fs::create_directories(options.logs);
   const fs::path picture = PictureFile(options);
   fs::remove(picture);

@@ -115,6 +115,28 @@ TEST_F(ServerUnderWine, IsRestoredThoughTheLogFolderCannotBeMade) {
   EXPECT_TRUE(fs::is_regular_file(server_->ProgramFolder() / "Logs"));
 }
 
+// docs/oddities.md, "last byte of a folder". U+8C5B is D8 5C.
+TEST_F(ServerUnderWine, LogsBesideAFolderWhoseLastByteIsABackslash) {
+  RehearsalOptions options;
+  options.program_folder = "C:\\豛";
+  options.log_folder = "C:\\豛Logs";
+  RunBoth(Shipped("chinese_server"), options);
+  ExpectAllTheSame();
+  EXPECT_FALSE(server_->Log().empty());
+  EXPECT_FALSE(fs::exists(server_->ProgramFolder() / "Logs"));
+  EXPECT_TRUE(fs::exists(server_->prefix().OnSystemVolume("豛BCD_BAK")));
+  EXPECT_TRUE(fs::exists(server_->ProgramLink()));
+}
+
+TEST_F(ServerUnderWine, RunsScriptsInATemporaryFolderWhoseLastByteIsABackslash) {
+  RehearsalOptions options;
+  options.temp_folder = "C:\\誠\\豛";
+  RunBoth(Shipped("chinese_server"), options);
+  ExpectAllTheSame();
+  EXPECT_NE(server_->Log().find("diskpart /s C:\\\xD5\\\\\xD8\\\\EnumDiskpartInfos.script.1"),
+            std::string::npos);
+}
+
 struct FolderCase {
   const char* name;
   const char* path;
@@ -139,7 +161,8 @@ TEST_P(ProgramFolder, MayHaveAnyName) {
 INSTANTIATE_TEST_SUITE_P(Names, ProgramFolder,
                          testing::Values(FolderCase{"Blanks", "C:\\Program Files\\Vantoro Restore"},
                                          FolderCase{"PercentSigns", "C:\\100% %s restore"},
-                                         FolderCase{"Chinese", "C:\\还原工具"}),
+                                         FolderCase{"Chinese", "C:\\还原工具"},
+                                         FolderCase{"BackslashAsSecondByte", "C:\\誠\\運輸"}),
                          [](const auto& test) { return std::string(test.param.name); });
 
 struct Version {

@@ -60,8 +60,7 @@ void RunProgram(simulator::Server& server, RehearsedRun& run) {
       [] { return ::wWinMain(simulator::ProgramModule(), nullptr, nullptr, SW_SHOWNORMAL); });
 }
 
-std::string LogOf(simulator::Server& server, const std::string& program_folder) {
-  const std::string folder = program_folder + "\\Logs";
+std::string LogOf(simulator::Server& server, const std::string& folder) {
   std::string text;
   DWORD attributes = 0;
   if (server.file_system().Attributes(folder, &attributes) != ERROR_SUCCESS ||
@@ -81,6 +80,10 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
   RehearsedRun run;
   simulator::Server server;
   server.system().program_path = options.program_folder + "\\vantoro_restore.exe";
+  if (!options.temp_folder.empty()) {
+    server.system().temp_directory = options.temp_folder;
+    server.files().MakeDirectories(options.temp_folder);
+  }
   simulator::Build(scenario, server);
   server.files().MakeDirectories(options.program_folder);
   if (options.logs_are_blocked) server.files().Write(options.program_folder + "\\Logs", "");
@@ -93,7 +96,8 @@ RehearsedRun Rehearse(const simulator::Scenario& scenario, const RehearsalOption
     RunProgram(server, run);
   }
   ReleaseLost(server);
-  run.log = LogOf(server, options.program_folder);
+  run.log = LogOf(
+      server, options.log_folder.empty() ? options.program_folder + "\\Logs" : options.log_folder);
   for (const simulator::Disk& disk : server.disks()) {
     for (const simulator::Partition& partition : disk.partitions) {
       if (!partition.volume) continue;

@@ -22,6 +22,8 @@ namespace tests {
 
 struct RehearsalOptions {
   std::string program_folder = "C:\\vantoro_restore";
+  std::string log_folder = {};   // if not empty, where the log is in place of "Logs" below it
+  std::string temp_folder = {};  // if not empty, in place of the server's
   bool restarts = true;
   bool logs_are_blocked = false;  // a file exists at the path of the log folder
   std::string cancelled_in = {};  // a tool in which the user cancels
@@ -30,7 +32,7 @@ struct RehearsalOptions {
 using PartitionPlace = std::pair<int, int>;  // disk, partition
 
 struct RehearsedRun {
-  std::string log;  // UTF-8; empty if there is none
+  std::string log;  // in the server's code page; empty if there is none
   std::map<PartitionPlace, std::optional<char>> letters;
   simulator::BootStore boot;  // the store in use
   std::map<PartitionPlace, simulator::BootStore> unused_boot;

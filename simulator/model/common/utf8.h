@@ -1,5 +1,4 @@
-// Conversion between UTF-8, which is the ANSI code page of a simulated server, wide text with one
-// unit per character, and UTF-16.
+// Conversion between UTF-8, wide text with one unit per character, and UTF-16.
 #ifndef SIMULATOR_MODEL_COMMON_UTF8_H_
 #define SIMULATOR_MODEL_COMMON_UTF8_H_
 

@@ -28,7 +28,7 @@ using Program = std::function<DWORD(Server& server, ChildProcess& child)>;
 
 // The parameters of a child process.
 struct ChildStart {
-  std::string program;  // its path or name
+  std::string program;  // its path or name; as the command line, UTF-8
   std::string command_line;
   std::vector<std::shared_ptr<Object>> inherited;  // all inheritable handles
   // The standard handles; null if there is none that can be written to.

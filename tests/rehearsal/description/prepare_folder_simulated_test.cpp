@@ -42,8 +42,25 @@ TEST_F(PrepareFolderTest, ListsFoldersBeforeWhatIsInThemUnderTheLetterOfTheSourc
             "\"D:\\\",16,\"O:BAG:SYD:PAI(A;OICI;FA;;;BA)S:AI(AU;SA;FA;;;WD)\"\r\n"
             "\"D:\\a\",1040,\"O:SYG:SYD:AI(A;OICIID;FA;;;BA)\"\r\n"
             "\"D:\\b\",18,\"O:SYG:SYD:AI(A;OICIID;FA;;;BA)\"\r\n"
-            "\"D:\\b\\f; ü.txt\",33,\"O:SYG:SYD:PAI(D;;FA;;;WD)\"\r\n"
+            "\"D:\\b\\f; \xFC.txt\",33,\"O:SYG:SYD:PAI(D;;FA;;;WD)\"\r\n"
             "\"D:\\b\\j\",1040,\"O:SYG:SYD:AI(A;OICIID;FA;;;BA)\"\r\n");
+}
+
+TEST_F(PrepareFolderTest, IsInTheCodePageOfTheLanguage) {
+  std::string json = WithVolume(kSource + std::string(R"(, "backup_info": ["D\u00fc\u4e2d"])"));
+  json.insert(1, R"("windows": {"language": 2052}, )");
+  Build(Read(json), server_);
+  EXPECT_EQ(server_.system().ansi_code_page, 936u);
+  EXPECT_EQ(server_.system().oem_code_page, 936u);
+  EXPECT_NE(FileOf("aclbackup_d.dat")->find("\"D:\\b\\f; \xA8\xB9.txt\",33,"), std::string::npos);
+  EXPECT_EQ(FileOf("backup_info"), "D\xA8\xB9\xD6\xD0\r\n");
+}
+
+TEST_F(PrepareFolderTest, HasAQuestionMarkForWhatTheCodePageLacks) {
+  Make(R"("source": {"files": [{"path": "\u4e2d.txt"}],
+                     "junctions": [{"path": "j", "target": "C:\\\u4e2d"}]})");
+  EXPECT_NE(FileOf("aclbackup_d.dat")->find("\"D:\\?.txt\",32,"), std::string::npos);
+  EXPECT_EQ(FileOf("juncbackup_d.dat"), "D:\\j;C:\\?\r\n");
 }
 
 TEST_F(PrepareFolderTest, ListsJunctions) {

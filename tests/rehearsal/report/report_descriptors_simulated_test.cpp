@@ -66,6 +66,11 @@ TEST(DescriptorReport, CountsWhatCannotComeBack) {
   outcome.lost_entries = {1000, 1, 2};
   EXPECT_EQ(DescriptorReport(outcome),
             line + "1,000 mandatory labels, 1 resource attribute, 2 central policies" + rest);
+  outcome.differences[0].is_unnamed = true;
+  outcome.code_page = 936;
+  outcome.lost_entries = {0, 0, 0};
+  EXPECT_EQ(DescriptorReport(outcome), line + "1 not in code page 936" + rest);
+  outcome.differences[0].is_unnamed = false;
   outcome.lost_entries = {0, 2, 1};
   EXPECT_EQ(DescriptorReport(outcome), line + "2 resource attributes, 1 central policy" + rest);
 }
@@ -85,7 +90,7 @@ TEST_F(GatherDescriptorsTest, ComparesEveryObjectWithTheServers) {
                                                   server);
   tests::Secure(server, "E:\\a\\label", "O:SYG:SYD:PAIS:(ML;;NW;;;LW)");
   tests::Secure(server, "E:\\b", "O:SYG:SYD:AI(A;;FA;;;BA)");
-  const DescriptorOutcome outcome = GatherDescriptors(sources, server.security().domains());
+  const DescriptorOutcome outcome = GatherDescriptors(sources, server);
   EXPECT_EQ(outcome.objects, 5u);
   ASSERT_EQ(outcome.differences.size(), 3u);
   EXPECT_EQ(outcome.differences[0].path, "D:\\a\\label");
@@ -109,7 +114,7 @@ TEST_F(GatherDescriptorsTest, CountsTheLabelsAttributesAndPoliciesThatTheServerL
                 {"path": "policy", "sddl": "S:AI(SP;;;;;S-1-17-1)"}]})json")),
                                                   server);
   tests::Secure(server, "E:\\kept", "O:BAG:SYD:PAI(A;;FA;;;SY)S:AI(ML;;NW;;;LW)");
-  const DescriptorOutcome outcome = GatherDescriptors(sources, server.security().domains());
+  const DescriptorOutcome outcome = GatherDescriptors(sources, server);
   EXPECT_EQ(outcome.lost_entries.labels, 1u);
   EXPECT_EQ(outcome.lost_entries.attributes, 2u);
   EXPECT_EQ(outcome.lost_entries.policies, 1u);

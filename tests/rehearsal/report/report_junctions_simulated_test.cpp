@@ -59,6 +59,12 @@ TEST(JunctionReport, TakesAJunctionToNowhereThatStoodForAlreadyThere) {
   EXPECT_EQ(JunctionReport({{kRight, kRight, false}}), "junctions: 0 of 1 (1 already there)\n");
 }
 
+TEST(JunctionReport, NamesTheCodePageThatLacksACharacter) {
+  EXPECT_EQ(JunctionReport({{kNone, kNone, true, "", "", false, 1252},
+                            {kNone, kNone, false, "", "", true, 1252}}),
+            "junctions: 0 of 2 (2 not in code page 1252)\n");
+}
+
 TEST(JunctionReport, HasALineWithoutJunctions) {
   EXPECT_EQ(JunctionReport({}), "junctions: 0 of 0\n");
 }
@@ -89,6 +95,21 @@ TEST_F(GatherJunctionsTest, ComparesWhatStandsBeforeAndAfter) {
     EXPECT_EQ(junctions[i].has_target, i != 2) << i;
     EXPECT_EQ(junctions[i].source_had_target, i == 2) << i;
   }
+}
+
+TEST_F(GatherJunctionsTest, TellsWhichAreNotInTheCodePage) {
+  Server server;
+  const std::vector<SourceVolume> sources = Build(Read(WithVolume(R"("source": {"junctions": [
+      {"path": "\u00fc", "target": "C:\\Users"},
+      {"path": "\u904b", "target": "C:\\Users"},
+      {"path": "x", "target": "C:\\\u904b"}]})")),
+                                                  server);
+  const std::vector<JunctionOutcome> junctions = GatherJunctions(
+      sources, JunctionStates(sources), [](const auto&) { return true; }, server);
+  ASSERT_EQ(junctions.size(), 3u);
+  size_t lacking = 0;
+  for (const JunctionOutcome& junction : junctions) lacking += junction.lacking_code_page == 1252;
+  EXPECT_EQ(lacking, 2u);
 }
 
 }  // namespace

@@ -10,10 +10,16 @@
 
 #include "common/owner.h"
 #include "simulator/model/common/unsupported.h"
+#include "simulator/model/common/utf8.h"
 #include "simulator/model/files/volume.h"
 
 namespace simulator {
 namespace {
+
+std::wstring Wide(const std::string& utf8) {
+  const std::u16string units = Utf16FromUtf8(utf8);
+  return {units.begin(), units.end()};
+}
 
 char UpperLetter(char letter) {
   return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
@@ -87,7 +93,7 @@ void PrefixMachine::Unmount(char letter) {
 }
 
 DWORD PrefixMachine::ReadFrom(const std::string& path, std::string* bytes) const {
-  const common::UniqueFileHandle file(::CreateFileA(path.c_str(), GENERIC_READ,
+  const common::UniqueFileHandle file(::CreateFileW(Wide(path).c_str(), GENERIC_READ,
                                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                                     OPEN_EXISTING, 0, nullptr));
   if (!file) return ::GetLastError();
@@ -103,8 +109,8 @@ DWORD PrefixMachine::ReadFrom(const std::string& path, std::string* bytes) const
 }
 
 DWORD PrefixMachine::WriteTo(const std::string& path, std::string_view bytes) {
-  const common::UniqueFileHandle file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ,
-                                                    nullptr, CREATE_ALWAYS, 0, nullptr));
+  const common::UniqueFileHandle file(::CreateFileW(
+      Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, 0, nullptr));
   if (!file) return ::GetLastError();
   DWORD written = 0;
   const BOOL is_written =
@@ -113,14 +119,15 @@ DWORD PrefixMachine::WriteTo(const std::string& path, std::string_view bytes) {
 }
 
 bool PrefixMachine::IsFolder(const std::string& path) const {
-  const DWORD attributes = ::GetFileAttributesA(path.c_str());
+  const DWORD attributes = ::GetFileAttributesW(Wide(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 std::string PrefixMachine::FullPath(const std::string& path) const {
-  char full[MAX_PATH];
-  const DWORD length = ::GetFullPathNameA(path.c_str(), sizeof full, full, nullptr);
-  return length < sizeof full ? std::string(full, length) : std::string();
+  wchar_t full[MAX_PATH];
+  const DWORD length = ::GetFullPathNameW(Wide(path).c_str(), MAX_PATH, full, nullptr);
+  const std::u16string units(full, full + (length < MAX_PATH ? length : 0));
+  return Utf8FromUtf16(units);
 }
 
 }  // namespace simulator

@@ -11,6 +11,7 @@
 
 #include "simulator/model/common/command_line.h"
 #include "simulator/model/common/unsupported.h"
+#include "simulator/model/common/utf8.h"
 #include "simulator/tools/tools.h"
 #include "wine/machine_state.h"
 #include "wine/programs/system_tool/prefix_machine.h"
@@ -36,7 +37,20 @@ void Save(const MachineState& state, PrefixMachine& machine) {
   }
 }
 
-void Write(const std::string& text, std::FILE* stream) {
+// As the system's tools do, in the OEM code page.
+std::string InOemCodePage(const std::string& utf8) {
+  const std::u16string units = Utf16FromUtf8(utf8);
+  const std::wstring wide(units.begin(), units.end());
+  const int length = static_cast<int>(wide.size());
+  std::string text(2 * wide.size(), '\0');
+  text.resize(
+      static_cast<size_t>(::WideCharToMultiByte(CP_OEMCP, 0, wide.data(), length, text.data(),
+                                                static_cast<int>(text.size()), nullptr, nullptr)));
+  return text;
+}
+
+void Write(const std::string& utf8, std::FILE* stream) {
+  const std::string text = InOemCodePage(utf8);
   std::fwrite(text.data(), 1, text.size(), stream);
   std::fflush(stream);
 }
@@ -67,7 +81,9 @@ std::string ScriptOf(const std::vector<std::string>& arguments, const PrefixMach
 }
 
 DWORD Main() {
-  std::vector<std::string> arguments = SplitCommandLine(::GetCommandLineA());
+  const std::wstring command_line = ::GetCommandLineW();
+  std::vector<std::string> arguments =
+      SplitCommandLine(Utf8FromUtf16(std::u16string(command_line.begin(), command_line.end())));
   arguments.erase(arguments.begin());
   MachineState state;
   PrefixMachine machine(state);
