@@ -35,11 +35,17 @@ json DiskJson(const MachineState& state, const Disk& disk) {
     if (partition.volume) each["volume"] = VolumeJson(state, *partition.volume);
     partitions.push_back(std::move(each));
   }
-  return {{"number", disk.number},   {"model", disk.model},
-          {"id", disk.id},           {"bus", disk.bus},
-          {"size", disk.size},       {"free", disk.free},
-          {"online", disk.online},   {"gpt", disk.gpt},
-          {"dynamic", disk.dynamic}, {"partitions", std::move(partitions)}};
+  return {{"number", disk.number},
+          {"model", disk.model},
+          {"id", disk.id},
+          {"bus", disk.bus},
+          {"size", disk.size},
+          {"free", disk.free},
+          {"online", disk.online},
+          {"gpt", disk.gpt},
+          {"dynamic", disk.dynamic},
+          {"has_medium", disk.has_medium},
+          {"partitions", std::move(partitions)}};
 }
 
 // These throw json::exception or std::bad_optional_access for what is not there or of another kind.
@@ -81,6 +87,7 @@ Disk ReadDisk(const json& from, MachineState& state) {
   from.at("bus").get_to(disk.bus);
   from.at("size").get_to(disk.size);
   from.at("free").get_to(disk.free);
+  from.at("has_medium").get_to(disk.has_medium);
   from.at("online").get_to(disk.online);
   from.at("gpt").get_to(disk.gpt);
   from.at("dynamic").get_to(disk.dynamic);
@@ -105,6 +112,12 @@ MachineState Read(const json& from) {
   system.at("computer_name").get_to(state.system.computer_name);
   system.at("disk_tool_texts").get_to(state.system.disk_tool_texts);
   for (const json& disk : from.at("disks")) state.disks.push_back(ReadDisk(disk, state));
+  for (const json& each : from.at("empty_drives")) {
+    auto drive = std::make_shared<Volume>();
+    each.at("drive_type").get_to(drive->drive_type);
+    drive->has_medium = false;
+    state.letters[each.at("letter").get<std::string>().at(0)] = std::move(drive);
+  }
   from.at("current").get_to(state.boot.current);
   state.boot.store = ReadStore(from.at("boot"));
   for (const json& each : from.at("answers")) {
@@ -139,6 +152,11 @@ std::optional<char> MachineState::LetterOf(const Volume& volume) const {
 std::string MachineStateText(const MachineState& state) {
   json disks = json::array();
   for (const Disk& disk : state.disks) disks.push_back(DiskJson(state, disk));
+  json empty_drives = json::array();
+  for (const auto& [letter, volume] : state.letters) {
+    if (volume->has_medium) continue;
+    empty_drives.push_back({{"letter", LetterText(letter)}, {"drive_type", volume->drive_type}});
+  }
   json answers = json::array();
   for (const ToolAnswer& answer : state.answers) {
     answers.push_back({{"name", answer.name},
@@ -161,6 +179,7 @@ std::string MachineStateText(const MachineState& state) {
                        {"computer_name", system.computer_name},
                        {"disk_tool_texts", system.disk_tool_texts}}},
                      {"disks", std::move(disks)},
+                     {"empty_drives", std::move(empty_drives)},
                      {"boot", json::parse(BootStoreFile(state.boot.store))},
                      {"current", state.boot.current},
                      {"answers", std::move(answers)},
@@ -175,6 +194,8 @@ std::optional<MachineState> ParseMachineState(std::string_view text) {
   } catch (const json::exception&) {
     return std::nullopt;
   } catch (const std::bad_optional_access&) {
+    return std::nullopt;
+  } catch (const std::out_of_range&) {
     return std::nullopt;
   }
 }

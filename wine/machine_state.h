@@ -40,7 +40,8 @@ struct ToolAnswer {
 struct MachineState {
   System system;  // versions, language and name; the prefix determines paths
   std::vector<Disk> disks;
-  std::map<char, std::shared_ptr<Volume>> letters;  // upper case
+  // Upper case. Drives without a medium are among them; they are on no disk and have no target.
+  std::map<char, std::shared_ptr<Volume>> letters;
   std::map<const Volume*, std::string>
       targets;  // the target of a drive for the volume, see WinePrefix
   Boot boot;

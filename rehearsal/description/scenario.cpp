@@ -124,8 +124,14 @@ ScenarioPartition ReadPartition(const JsonPlace& place, int number, Context& con
 }
 
 ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
-  place.AllowKeys({"size", "free", "model", "gpt", "online", "dynamic", "partitions"});
   ScenarioDisk disk;
+  if (const auto medium = place.Find("medium")) disk.has_medium = medium->Truth();
+  if (!disk.has_medium) {
+    place.AllowKeys({"medium", "model"});
+    if (const auto model = place.Find("model")) disk.model = model->Line();
+    return disk;
+  }
+  place.AllowKeys({"medium", "size", "free", "model", "gpt", "online", "dynamic", "partitions"});
   disk.size = place.At("size").Size();
   if (const auto free = place.Find("free")) disk.free = free->Size();
   if (const auto model = place.Find("model")) disk.model = model->Line();
@@ -159,6 +165,17 @@ ScenarioDisk ReadDisk(const JsonPlace& place, Context& context) {
     disk.partitions.push_back(partition);
   }
   return disk;
+}
+
+ScenarioEmptyDrive ReadEmptyDrive(const JsonPlace& place, Context& context) {
+  place.AllowKeys({"letter", "drive_type"});
+  ScenarioEmptyDrive drive;
+  drive.letter = *ReadLetter(place.At("letter"), context.letters);
+  const JsonPlace type = place.At("drive_type");
+  const std::string name = type.Text();
+  if (name != "removable" && name != "cd") type.Fail("\"removable\" or \"cd\"");
+  drive.drive_type = name == "cd" ? DRIVE_CDROM : DRIVE_REMOVABLE;
+  return drive;
 }
 
 ScenarioTool ReadTool(const JsonPlace& place, const std::vector<std::string>& tools) {
@@ -244,7 +261,8 @@ std::vector<std::string> Scenario::Tools() const {
 Scenario ReadScenario(const std::filesystem::path& file) {
   const nlohmann::json document = ParseJsonFile(file);
   const JsonPlace root(file, document);
-  root.AllowKeys({"title", "windows", "boot", "disks", "tools", "faults", "startup_links"});
+  root.AllowKeys(
+      {"title", "windows", "boot", "disks", "empty_drives", "tools", "faults", "startup_links"});
   Scenario scenario;
   Context context{.folder = file.parent_path(), .disks = {}, .letters = {}, .source_letters = {}};
   scenario.title = root.At("title").Line();
@@ -260,6 +278,11 @@ Scenario ReadScenario(const std::filesystem::path& file) {
   }
   if (!context.letters.contains('C')) {
     disks.Fail("a volume with the letter C, where Windows and the program are");
+  }
+  if (const auto drives = root.Find("empty_drives")) {
+    for (const JsonPlace& drive : drives->Elements()) {
+      scenario.empty_drives.push_back(ReadEmptyDrive(drive, context));
+    }
   }
   if (const auto tools = root.Find("tools")) {
     for (const JsonPlace& tool : tools->Elements()) {

@@ -1,19 +1,22 @@
 // A migrated server described in a JSON file. The keys are as follows; those in brackets are
 // optional:
 //
-//   title, disks, [windows], [boot], [startup_links], [tools], [faults]
+//   title, disks, [empty_drives], [windows], [boot], [startup_links], [tools],
+//                  [faults]
 //   windows:       [version] "10.0.14393", [language] a LANGID, which also decides the code pages,
 //                  [computer_name], [diskpart]: texts of the disk tool by the English ones,
 //                  {"Healthy": "Fehlerfrei"}, where they are not those of
 //                  simulator/tools/diskpart_texts.h
 //   boot:          see scenario_boot.h; if missing, a boot configuration with nothing to repair
-//   disks:         size "127 GB", [free], [model], [gpt], [online], [dynamic], [partitions]
+//   disks:         size "127 GB", [free], [model], [gpt], [online], [dynamic], [partitions]; or
+//                  medium false for a card reader without a card, [model]
 //   partitions:    size, [number], [info] "System", "Boot" or "Hidden", see disks.h, [volume], or
 //                  [part_of] {"disk": 0, "partition": 1}: the first part of a spanned volume, on an
 //                  earlier disk; both disks are dynamic
 //   volume:        [label], [file_system], [letter] at present, [source_letter], [drive_type]
 //                  "fixed" or "removable", [backup_info] lines, [import] a host folder, [source],
 //                  [lost], [unreadable]: see scenario_source.h
+//   empty_drives:  letter, drive_type "removable" or "cd": each drive without a medium
 //   tools:         name of a tool that this Windows has: "diskpart", "bcdedit" from 6.0 on,
 //                  "bcdboot" from 6.1 on; exit_code, [call] counted from 1, [output]
 //   faults:        call "CreatePipe", error, [occurrence] counted from 1, [for_good]; the names
@@ -80,7 +83,13 @@ struct ScenarioDisk {
   bool gpt = false;
   bool online = true;
   bool dynamic = false;
+  bool has_medium = true;
   std::vector<ScenarioPartition> partitions;
+};
+
+struct ScenarioEmptyDrive {
+  char letter = '\0';  // upper case
+  UINT drive_type = DRIVE_CDROM;
 };
 
 // A call of a tool that does nothing except print `output` and end with `exit_code`.
@@ -109,6 +118,7 @@ struct Scenario {
   std::string computer_name = "MIGRATED";
   std::map<std::string, std::string> disk_tool_texts;  // by the English ones
   std::vector<ScenarioDisk> disks;                     // numbered from 0
+  std::vector<ScenarioEmptyDrive> empty_drives;
   std::shared_ptr<Boot> boot;  // if null and there is a store, a BIOS server's in order
   std::vector<ScenarioTool> tools;
   std::vector<ScenarioFault> faults;

@@ -163,6 +163,7 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
     disk.free = description.free;
     disk.online = description.online;
     disk.dynamic = description.dynamic;
+    disk.has_medium = description.has_medium;
     disk.gpt = description.gpt;
     if (disk.gpt) disk.id = "{00000000-0000-0000-0000-000000000000}";
     for (const ScenarioPartition& part : description.partitions) {
@@ -179,6 +180,15 @@ std::vector<SourceVolume> BuildDisks(const Scenario& scenario, Server& server) {
     server.disks().push_back(std::move(disk));
   }
   return sources;
+}
+
+void BuildEmptyDrives(const Scenario& scenario, Files& files) {
+  for (const ScenarioEmptyDrive& drive : scenario.empty_drives) {
+    Volume empty;
+    empty.drive_type = drive.drive_type;
+    empty.has_medium = false;
+    files.Mount(drive.letter, files.AddVolume(std::move(empty)));
+  }
 }
 
 Program ToolProgram(const std::string& name) {
@@ -238,6 +248,7 @@ std::vector<SourceVolume> Build(const Scenario& scenario, Server& server, const 
   system.disk_tool_texts = scenario.disk_tool_texts;
 
   std::vector<SourceVolume> sources = BuildDisks(scenario, server);
+  BuildEmptyDrives(scenario, server.files());
   for (const std::string& tool : scenario.Tools()) {
     InstallTool(tool, ToolProgram(tool), scenario, pace, history, server);
   }

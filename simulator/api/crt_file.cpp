@@ -9,6 +9,7 @@
 
 #include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
+#include "simulator/api/medium.h"
 #include "simulator/model/files/files.h"
 
 namespace simulator {
@@ -63,7 +64,10 @@ std::unique_ptr<CrtFile> CrtFile::Open(const char* path, PathText text, const st
   if (!parsed || path == nullptr || *path == '\0') return call.Refuse(nullptr, EINVAL);
   const std::string utf8 = text == PathText::kAnsi ? FromAnsi(call, path) : path;
   std::shared_ptr<OpenFile> file;
-  if (!call.Done(call.server().file_system().Open(utf8, parsed->open, &file))) return nullptr;
+  const DWORD error = AccessMedium(call.server(), utf8, [&] {
+    return call.server().file_system().Open(utf8, parsed->open, &file);
+  });
+  if (!call.Done(error)) return nullptr;
   const bool reads_and_writes = parsed->open.read && parsed->open.write;
   return std::unique_ptr<CrtFile>(
       new CrtFile(std::move(file), parsed->translation, reads_and_writes));

@@ -13,11 +13,13 @@
 #include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
 #include "simulator/api/crt_file.h"
+#include "simulator/api/medium.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/files/files.h"
 
 namespace {
 
+using simulator::AccessMedium;
 using simulator::CrtCall;
 using simulator::CrtFile;
 
@@ -74,9 +76,11 @@ int _access(const char* path, int mode) {
   if (call.fails()) return -1;
   if (path == nullptr || (mode & ~(kRead | kWrite)) != 0) return call.Refuse(-1, EINVAL);
   DWORD attributes = 0;
-  if (!call.Done(
-          call.server().file_system().Attributes(simulator::FromAnsi(call, path), &attributes)))
-    return -1;
+  const std::string utf8 = simulator::FromAnsi(call, path);
+  const DWORD error = AccessMedium(call.server(), utf8, [&] {
+    return call.server().file_system().Attributes(utf8, &attributes);
+  });
+  if (!call.Done(error)) return -1;
   const bool is_read_only =
       (attributes & FILE_ATTRIBUTE_READONLY) != 0 && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
   if (is_read_only && (mode & kWrite) != 0) return call.Refuse(-1, EACCES);
@@ -87,6 +91,8 @@ int _mkdir(const char* path) {
   CrtCall call("_mkdir", path);
   if (call.fails()) return -1;
   if (path == nullptr) return call.Refuse(-1, EINVAL);
-  return call.Done(call.server().file_system().MakeDirectory(simulator::FromAnsi(call, path))) ? 0
-                                                                                               : -1;
+  const std::string utf8 = simulator::FromAnsi(call, path);
+  const DWORD error = AccessMedium(call.server(), utf8,
+                                   [&] { return call.server().file_system().MakeDirectory(utf8); });
+  return call.Done(error) ? 0 : -1;
 }

@@ -8,9 +8,11 @@
 
 #include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
+#include "simulator/api/medium.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/server.h"
 
+using simulator::AccessMedium;
 using simulator::Call;
 using simulator::Unsupported;
 
@@ -30,7 +32,9 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   Call call("DeleteFileA", path);
   if (call.fails()) return FALSE;
   if (path == nullptr) return call.Done(ERROR_PATH_NOT_FOUND);
-  return call.Done(call.server().file_system().Delete(simulator::FromAnsi(call, path)));
+  const std::string utf8 = simulator::FromAnsi(call, path);
+  return call.Done(
+      AccessMedium(call.server(), utf8, [&] { return call.server().file_system().Delete(utf8); }));
 }
 
 BOOL WINAPI CreateDirectoryA(LPCSTR ansi_path, LPSECURITY_ATTRIBUTES attributes) {
@@ -40,7 +44,8 @@ BOOL WINAPI CreateDirectoryA(LPCSTR ansi_path, LPSECURITY_ATTRIBUTES attributes)
   std::string path;
   const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
-  return call.Done(call.server().file_system().MakeDirectory(path));
+  return call.Done(AccessMedium(call.server(), path,
+                                [&] { return call.server().file_system().MakeDirectory(path); }));
 }
 
 BOOL WINAPI RemoveDirectoryA(LPCSTR ansi_path) {
@@ -49,7 +54,8 @@ BOOL WINAPI RemoveDirectoryA(LPCSTR ansi_path) {
   std::string path;
   const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
-  return call.Done(call.server().file_system().RemoveDirectory(path));
+  return call.Done(AccessMedium(call.server(), path,
+                                [&] { return call.server().file_system().RemoveDirectory(path); }));
 }
 
 DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
@@ -57,8 +63,10 @@ DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
   if (call.fails()) return INVALID_FILE_ATTRIBUTES;
   if (path == nullptr) return call.Fail(INVALID_FILE_ATTRIBUTES, ERROR_PATH_NOT_FOUND);
   DWORD attributes = 0;
-  const DWORD error =
-      call.server().file_system().Attributes(simulator::Utf8FromWide(path), &attributes);
+  const std::string narrow = simulator::Utf8FromWide(path);
+  const DWORD error = AccessMedium(call.server(), narrow, [&] {
+    return call.server().file_system().Attributes(narrow, &attributes);
+  });
   if (error != ERROR_SUCCESS) return call.Fail(INVALID_FILE_ATTRIBUTES, error);
   return call.Succeed(attributes);
 }
@@ -69,7 +77,9 @@ BOOL WINAPI SetFileAttributesA(LPCSTR ansi_path, DWORD attributes) {
   std::string path;
   const DWORD error = ReadNarrowPath(call, ansi_path, &path);
   if (error != ERROR_SUCCESS) return call.Done(error);
-  return call.Done(call.server().file_system().ChangeAttributes(path, attributes));
+  return call.Done(AccessMedium(call.server(), path, [&] {
+    return call.server().file_system().ChangeAttributes(path, attributes);
+  }));
 }
 
 DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* file_part) {

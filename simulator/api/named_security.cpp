@@ -7,6 +7,7 @@
 
 #include "simulator/api/ansi.h"
 #include "simulator/api/call.h"
+#include "simulator/api/medium.h"
 #include "simulator/api/security_parts.h"
 #include "simulator/model/files/files.h"
 #include "simulator/model/security/descriptor.h"
@@ -65,7 +66,9 @@ DWORD WINAPI SetNamedSecurityInfoA(LPSTR object_name, SE_OBJECT_TYPE object_type
     error = simulator::ReadList(sacl, &change.parts.sacl);
   }
   if (error == ERROR_SUCCESS) {
-    error = call.server().file_system().SetSecurity(simulator::FromAnsi(call, object_name), change);
+    const std::string path = simulator::FromAnsi(call, object_name);
+    error = simulator::AccessMedium(
+        call.server(), path, [&] { return call.server().file_system().SetSecurity(path, change); });
   }
   return result(error);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "simulator/api/call.h"
+#include "simulator/api/medium.h"
 #include "simulator/model/common/utf8.h"
 #include "simulator/model/files/files.h"
 #include "simulator/model/files/open_file.h"
@@ -37,8 +38,10 @@ HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD desired_access, DWORD share_mode,
   mode.backup_semantics = (flags_and_attributes & FILE_FLAG_BACKUP_SEMANTICS) != 0;
   mode.open_reparse_point = (flags_and_attributes & FILE_FLAG_OPEN_REPARSE_POINT) != 0;
   std::shared_ptr<simulator::OpenNode> node;
-  const DWORD error =
-      call.server().file_system().OpenHandle(simulator::Utf8FromWide(path), mode, &node);
+  const std::string narrow = simulator::Utf8FromWide(path);
+  const DWORD error = simulator::AccessMedium(call.server(), narrow, [&] {
+    return call.server().file_system().OpenHandle(narrow, mode, &node);
+  });
   if (error != ERROR_SUCCESS) return call.Fail(INVALID_HANDLE_VALUE, error);
   return call.Succeed(call.server().handles().Insert(std::move(node), false));
 }

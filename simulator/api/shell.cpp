@@ -29,6 +29,7 @@ DWORD MakeFolder(FileSystem& files, const std::string& path) {
 
 }  // namespace
 
+// Shows no critical-error box: it sets SEM_FAILCRITICALERRORS while it looks.
 BOOL WINAPI PathFileExistsA(LPCSTR path) {
   Call call("PathFileExistsA", path);
   if (call.fails()) return FALSE;

@@ -84,6 +84,9 @@ struct SYSTEM_INFO {
 };
 using LPSYSTEM_INFO = SYSTEM_INFO*;
 
+#define SEM_FAILCRITICALERRORS 0x0001
+#define SEM_NOOPENFILEERRORBOX 0x8000
+
 #define DRIVE_UNKNOWN 0
 #define DRIVE_NO_ROOT_DIR 1
 #define DRIVE_REMOVABLE 2
@@ -144,6 +147,7 @@ DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID source, DWORD message_id, DWORD
 HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size);
 HLOCAL WINAPI LocalFree(HLOCAL memory);
 void WINAPI OutputDebugStringA(LPCSTR text);
+UINT WINAPI SetErrorMode(UINT mode);
 
 // Tokens.
 BOOL WINAPI OpenProcessToken(HANDLE process, DWORD desired_access, PHANDLE token);

@@ -90,12 +90,15 @@ using LPMSG = MSG*;
 
 #define MB_OK 0x00000000
 #define MB_OKCANCEL 0x00000001
+#define MB_CANCELTRYCONTINUE 0x00000006
 #define MB_ICONERROR 0x00000010
 #define MB_ICONQUESTION 0x00000020
 #define MB_ICONWARNING 0x00000030
 
 #define IDOK 1
 #define IDCANCEL 2
+#define IDTRYAGAIN 10
+#define IDCONTINUE 11
 
 // Messages.
 BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last);

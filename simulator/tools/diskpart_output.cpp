@@ -38,6 +38,12 @@ std::string InfoText(const std::string& info, const DiskpartTexts& texts) {
   return is_known ? texts.Of(info) : info;
 }
 
+// One of the English texts.
+const char* StatusOf(const Disk& disk) {
+  if (!disk.has_medium) return "No Media";
+  return disk.online ? "Online" : "Offline";
+}
+
 // The disks and partitions that a volume extends over.
 struct Extent {
   size_t partitions = 0;
@@ -115,7 +121,7 @@ std::string Properties(const Disk& disk, const Machine& machine) {
   if (IsOld(system)) {
     return text + "Bus    : 0\r\nTarget : 0\r\nLUN ID : " + std::to_string(unit) + "\r\n\r\n";
   }
-  add("Status : ", texts.Of(disk.online ? "Online" : "Offline"));
+  add("Status : ", texts.Of(StatusOf(disk)));
   add("Path   : ", "0");
   add("Target : ", "0");
   add("LUN ID : ", std::to_string(unit));
@@ -168,7 +174,7 @@ std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selec
     text += disk.number == selected ? "* " : "  ";
     text += texts.Of("Disk") + " ";
     text += LeftColumn(std::to_string(disk.number), kNumberWidth) + "  ";
-    text += LeftColumn(texts.Of(disk.online ? "Online" : "Offline"), texts.StatusWidth()) + "  ";
+    text += LeftColumn(texts.Of(StatusOf(disk)), texts.StatusWidth()) + "  ";
     text += texts.Size(disk.size) + "  ";
     text += RightColumn(texts.Size(disk.free), texts.FreeWidth());
     text += disk.dynamic ? "   *" : "    ";
@@ -178,6 +184,7 @@ std::string DiskListing(const std::vector<Disk>& disks, std::optional<int> selec
 }
 
 std::string DiskDetail(const Disk& disk, const Volume* selected, const Machine& machine) {
+  if (!disk.has_medium) Unsupported("diskpart: details of a disk without a medium");
   const DiskpartTexts texts(machine.system());
   std::string lines;
   std::map<const Volume*, int> numbers;

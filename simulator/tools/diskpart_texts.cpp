@@ -24,6 +24,7 @@ constexpr std::string_view kNames[] = {
     "Disk",
     "Online",
     "Offline",
+    "No Media",
     "B",
     "KB",
     "MB",

@@ -72,6 +72,7 @@ static_assert(std::is_same_v<decltype(::FormatMessageA(DWORD{}, LPCVOID{}, DWORD
 static_assert(std::is_same_v<decltype(&::LocalAlloc), HLOCAL(WINAPI*)(UINT, SIZE_T)>);
 static_assert(std::is_same_v<decltype(&::LocalFree), HLOCAL(WINAPI*)(HLOCAL)>);
 static_assert(std::is_same_v<decltype(&::OutputDebugStringA), void(WINAPI*)(LPCSTR)>);
+static_assert(std::is_same_v<decltype(&::SetErrorMode), UINT(WINAPI*)(UINT)>);
 
 static_assert(std::is_same_v<decltype(&::OpenProcessToken), BOOL(WINAPI*)(HANDLE, DWORD, PHANDLE)>);
 static_assert(

@@ -41,6 +41,10 @@ inline constexpr char kNetworkPath[] =
     "ERROR_BAD_NET_NAME";
 inline constexpr char kEmptyFullPath[] = "Wine sets no last error when a path has no full one";
 
+inline constexpr char kEmptyDrive[] =
+    "Wine has no drive without a medium: where the folder of a drive is missing, it finds no path "
+    "or no file, ERROR_PATH_NOT_FOUND or ERROR_FILE_NOT_FOUND";
+
 // Files.
 inline constexpr char kArchiveAttribute[] =
     "Wine makes FILE_ATTRIBUTE_ARCHIVE of the mode bits of its host";

@@ -49,6 +49,7 @@ const std::vector<simulator::SourceVolume>& WholeRun::sources() const { return p
 
 int32_t WholeRun::Run() {
   parts_->start.emplace(parts_->scenario, parts_->sources, server_);
+  ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);  // as the program begins
   const HWND window = server_.desktop().CreateWindow();
   logger::BLogger logger("vantoro_restore", "");
   parts_->result = restore::RestoreWorker(logger, window, "", "");

@@ -99,6 +99,7 @@ constexpr Expected kExpected[] = {
     // Seven objects more; the label of a folder is inherited by its three files.
     {"mandatory_labels", 0, "nothing to do", "1 of 1 right", "0 of 0", "49 of 56", false,
      "; cannot come back: 5 mandatory labels, 1 resource attribute, 1 central policy"},
+    {"card_reader", 0, "nothing to do", "2 of 2 right", "0 of 0", "89 of 89"},
     {"windows_server_2003", 0, "nothing to do", "2 of 2 right", "0 of 0", "89 of 89"},
 };
 

@@ -205,8 +205,10 @@ void WinePrefix::DefineDrive(char letter, const std::string& target, UINT type) 
   const fs::path drive = folder_ / "dosdevices" / name;
   if (!fs::is_symlink(drive)) fs::create_symlink(target, drive);
   // Else it would be of the type of the host's file system.
-  AddToMachineRegistry("Software\\\\Wine\\\\Drives",
-                       "\"" + name + "\"=\"" + (type == DRIVE_FIXED ? "hd" : "floppy") + "\"");
+  const char* type_name = "hd";
+  if (type == DRIVE_REMOVABLE) type_name = "floppy";
+  if (type == DRIVE_CDROM) type_name = "cdrom";
+  AddToMachineRegistry("Software\\\\Wine\\\\Drives", "\"" + name + "\"=\"" + type_name + "\"");
 }
 
 std::vector<std::pair<char, std::string>> WinePrefix::Drives() const {

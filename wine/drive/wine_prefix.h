@@ -37,8 +37,8 @@ class WinePrefix {
   std::filesystem::path OnSystemVolume(std::string_view path) const;
   static std::filesystem::path Below(std::filesystem::path folder, std::string_view path);
 
-  // Defines a drive. Letters are upper case, `target` is a VolumeTarget, and `type` is fixed or
-  // removable. If the drive exists, only its type is set.
+  // Defines a drive. Letters are upper case, `target` is a VolumeTarget, and `type` is fixed,
+  // removable or CD. If the drive exists, only its type is set.
   void DefineDrive(char letter, const std::string& target, UINT type);
   // Returns the letter and target of each drive.
   std::vector<std::pair<char, std::string>> Drives() const;

@@ -88,6 +88,14 @@ void WriteVolumes(Server& server, WinePrefix& prefix) {
   }
 }
 
+// A drive of Wine whose folder does not exist.
+void DefineEmptyDrives(const Scenario& scenario, WinePrefix& prefix) {
+  for (const ScenarioEmptyDrive& drive : scenario.empty_drives) {
+    prefix.DefineDrive(drive.letter, WinePrefix::VolumeTarget(std::string("empty_") + drive.letter),
+                       drive.drive_type);
+  }
+}
+
 // What the administrator may not read becomes a folder, which nobody can open as a file.
 void ReplaceUnreadableLists(const Scenario& scenario, const WinePrefix& prefix) {
   for (size_t d = 0; d < scenario.disks.size(); ++d) {
@@ -127,6 +135,9 @@ MachineState StateOf(const Scenario& scenario, const WineServerOptions& options,
       const std::optional<char> letter = server.files().LetterOf(*partition.volume);
       if (letter) state.letters[*letter] = partition.volume;
     }
+  }
+  for (const ScenarioEmptyDrive& drive : scenario.empty_drives) {
+    state.letters[drive.letter] = server.files().VolumeAt(drive.letter);
   }
   return state;
 }
@@ -194,6 +205,7 @@ WineServer::WineServer(const Scenario& scenario, const WineServerOptions& option
   if (!options.temp_folder.empty()) server.system().temp_directory = options.temp_folder;
   Build(scenario, server);
   WriteVolumes(server, prefix_);
+  DefineEmptyDrives(scenario, prefix_);
   ReplaceUnreadableLists(scenario, prefix_);
   WriteFile(prefix_.OnSystemVolume("windows") / kMachineStateFile,
             MachineStateText(StateOf(scenario, options, server)));

@@ -32,6 +32,7 @@ MachineState Sample() {
   disk.bus = "SAS";
   disk.size = UINT64_C(3) << 40;
   disk.free = 5;
+  disk.has_medium = false;
   disk.online = false;
   disk.gpt = true;
   disk.dynamic = true;
@@ -41,6 +42,9 @@ MachineState Sample() {
   other.partitions = {{1, 9, "", data}};
   state.disks = {disk, other};
   state.letters['G'] = data;
+  state.letters['H'] = std::make_shared<Volume>();
+  state.letters['H']->drive_type = DRIVE_CDROM;
+  state.letters['H']->has_medium = false;
   state.targets[data.get()] = "../volumes/disk2_partition2";
   state.boot = HealthyBoot();
   state.boot.unused[data.get()] = HealthyBoot(true).store;
@@ -73,6 +77,7 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(disk.bus, "SAS");
   EXPECT_EQ(disk.size, UINT64_C(3) << 40);
   EXPECT_EQ(disk.free, 5U);
+  EXPECT_FALSE(disk.has_medium);
   EXPECT_FALSE(disk.online);
   EXPECT_TRUE(disk.gpt);
   EXPECT_TRUE(disk.dynamic);
@@ -90,6 +95,10 @@ TEST(MachineState, ComesBackFromItsText) {
   EXPECT_EQ(read->LetterOf(volume), 'G');
   ASSERT_EQ(read->boot.unused.size(), 1U);
   EXPECT_EQ(read->boot.unused.at(&volume), HealthyBoot(true).store);
+  ASSERT_EQ(read->letters.count('H'), 1U);
+  EXPECT_FALSE(read->letters.at('H')->has_medium);
+  EXPECT_EQ(read->letters.at('H')->drive_type, UINT{DRIVE_CDROM});
+  EXPECT_EQ(read->letters.size(), 2U);
   EXPECT_EQ(read->targets.at(&volume), "../volumes/disk2_partition2");
   EXPECT_FALSE(read->disks[1].dynamic);
   EXPECT_EQ(read->disks[1].partitions.at(0).volume.get(), &volume);

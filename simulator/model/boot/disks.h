@@ -26,8 +26,9 @@ struct Disk {
   std::string model = "Virtual HD SCSI Disk Device";
   std::string id = "00000000";  // eight hex digits, or a GUID in braces
   std::string bus = "SCSI";
-  uint64_t size = 0;  // bytes
-  uint64_t free = 0;  // bytes
+  uint64_t size = 0;       // bytes
+  uint64_t free = 0;       // bytes
+  bool has_medium = true;  // false: a card reader without a card
   bool online = true;
   bool gpt = false;
   bool dynamic = false;  // a spanned volume is that of partitions of several dynamic disks

@@ -12,6 +12,9 @@ constexpr UINT kButtons = 0xF;  // the bits of a box's type that choose its butt
 
 // A box with nothing but OK answers it to whatever closes the box.
 bool HasButton(const ShownMessageBox& box, int answer) {
+  if ((box.type & kButtons) == MB_CANCELTRYCONTINUE) {
+    return answer == IDCANCEL || answer == IDTRYAGAIN || answer == IDCONTINUE;
+  }
   return answer == IDOK || (answer == IDCANCEL && (box.type & kButtons) == MB_OKCANCEL);
 }
 
@@ -33,7 +36,11 @@ int MessageBoxes::Show(ShownMessageBox box) {
   const std::function<int(const ShownMessageBox&)> rule = rule_;
   lock.unlock();
   box.answer = rule ? rule(box) : IDOK;
-  if (!HasButton(box, box.answer)) Unsupported("an answer that the message box does not offer");
+  if (!HasButton(box, box.answer)) {
+    Unsupported((rule ? "an answer that the message box does not offer: "
+                      : "nobody answers the message box: ") +
+                box.text);
+  }
   lock.lock();
   boxes_.push_back(box);
   return box.answer;

@@ -28,12 +28,13 @@ class MessageBoxes {
   explicit MessageBoxes(Dialogs& dialogs) : dialogs_(dialogs) {}
 
   // Sets the rule that answers every box from now on. Without a rule the answer is IDOK. The rule
-  // runs on the thread that shows the box. Aborts if the box has no button for the answer.
+  // runs on the thread that shows the box. Aborts if the box has no button for the answer. A
+  // critical-error box, MB_CANCELTRYCONTINUE, has no OK button: without a rule it aborts.
   void Answer(std::function<int(const ShownMessageBox&)> rule);
   // Returns the boxes answered so far, in order.
   std::vector<ShownMessageBox> Shown() const;
 
-  // For MessageBoxA. Shows a box and returns its answer.
+  // For MessageBoxA and critical errors. Shows a box and returns its answer.
   int Show(ShownMessageBox box);
 
  private:

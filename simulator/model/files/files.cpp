@@ -132,6 +132,8 @@ DWORD FileSystem::Walk(const PathName& path, AtEnd at_end, Place* place,
   if (path.error != ERROR_SUCCESS) return path.error;
   const auto volume = letters_.find(path.letter);
   if (volume == letters_.end()) return ERROR_PATH_NOT_FOUND;
+  place->volume = volume->second;
+  if (!volume->second->has_medium) return ERROR_NOT_READY;
   if (!std::all_of(path.names.begin(), path.names.end(), IsValidName)) return ERROR_INVALID_NAME;
 
   *place = {};
@@ -164,6 +166,15 @@ std::shared_ptr<Node> FileSystem::Add(Node& parent, std::string_view name, DWORD
   std::shared_ptr<Node> node = parent.AddChild(name, attributes);
   node->security = inherited_->Below(parent.security, node->IsFolder());
   return node;
+}
+
+std::optional<char> FileSystem::EmptyDrive(std::string_view path) const {
+  Place place;
+  {
+    const std::lock_guard lock(shared_->mutex);
+    if (Locate(path, AtEnd::kFollow, &place) != ERROR_NOT_READY) return std::nullopt;
+  }
+  return LetterOf(*place.volume);
 }
 
 UINT FileSystem::DriveType(std::string_view root) const {

@@ -99,6 +99,9 @@ class FileSystem final : public Files {
   std::string FullPath(std::string_view path) const;  // empty if there is none
   // Returns DRIVE_NO_ROOT_DIR if the path is not the root of a mounted volume.
   UINT DriveType(std::string_view root) const;
+  // Returns the letter of the drive without a medium that a path leads to, or nothing if it leads
+  // to none.
+  std::optional<char> EmptyDrive(std::string_view path) const;
 
   // Sets the current directory, from which relative paths start. At first it is the system
   // directory.

@@ -20,6 +20,7 @@ struct Volume {
   uint64_t size = 0;                  // bytes
   uint64_t free = UINT64_C(1) << 40;  // bytes that can still be written
   UINT drive_type = DRIVE_FIXED;
+  bool has_medium = true;      // false: of a drive without one; every access fails
   std::shared_ptr<Node> root;  // created when the volume is added to Files
 
   // Returns true if the volume supports descriptors and reparse points, as only NTFS does;

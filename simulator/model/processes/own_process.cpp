@@ -66,6 +66,7 @@ void OwnProcess::End() {
 void OwnProcess::Renew() {
   end_ = std::stop_source();
   broken_off_ = false;
+  error_mode_ = 0;
   server_.handles().CloseAll();
   server_.security().DisableAll();
   server_.threads().ForgetStates();

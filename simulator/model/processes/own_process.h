@@ -36,6 +36,10 @@ class OwnProcess {
   // exception: destructors run that do not run on Windows, and the calls that they make fail.
   [[noreturn]] void Exit(UINT exit_code);
 
+  // SetErrorMode's flags. A new process has none.
+  UINT error_mode() const { return error_mode_; }
+  UINT SetErrorMode(UINT mode) { return error_mode_.exchange(mode); }  // returns the previous ones
+
   // Ends the process at its current point, as termination by another process or a power failure
   // does. Called on any thread of the program; returns to the caller. Run returns once all threads
   // have ended. GetMessage on the thread of the entry point, which the program would otherwise call
@@ -55,6 +59,7 @@ class OwnProcess {
   Server& server_;
   std::stop_source end_;
   std::atomic<bool> broken_off_ = false;
+  std::atomic<UINT> error_mode_ = 0;
   std::thread::id runner_;  // the thread of the entry point while it runs
 };
 

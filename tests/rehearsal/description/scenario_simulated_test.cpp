@@ -74,6 +74,43 @@ TEST_F(ScenarioTest, ReadsEveryKey) {
   EXPECT_FALSE(scenario.program_link);
 }
 
+TEST_F(ScenarioTest, ReadsDrivesWithoutAMedium) {
+  const Scenario scenario =
+      Read(WithDisks(R"(, {"medium": false, "model": "Reader"})",
+                     R"(, "empty_drives": [{"letter": "D", "drive_type": "cd"},
+                            {"letter": "e", "drive_type": "removable"}])"));
+  ASSERT_EQ(scenario.disks.size(), 2u);
+  EXPECT_TRUE(scenario.disks[0].has_medium);
+  EXPECT_FALSE(scenario.disks[1].has_medium);
+  EXPECT_EQ(scenario.disks[1].model, "Reader");
+  ASSERT_EQ(scenario.empty_drives.size(), 2u);
+  EXPECT_EQ(scenario.empty_drives[0].letter, 'D');
+  EXPECT_EQ(scenario.empty_drives[0].drive_type, UINT{DRIVE_CDROM});
+  EXPECT_EQ(scenario.empty_drives[1].letter, 'E');
+  EXPECT_EQ(scenario.empty_drives[1].drive_type, UINT{DRIVE_REMOVABLE});
+}
+
+TEST_F(ScenarioTest, NamesAWrongDriveWithoutAMedium) {
+  EXPECT_EQ(ErrorOf(WithDisks(R"(, {"medium": false, "size": "1 GB"})")),
+            ": /disks/1/size: expected no such key, only \"medium\", \"model\"");
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "empty_drives": [{"letter": "C", "drive_type": "cd"}])")),
+            ": /empty_drives/0/letter: expected a letter that no other volume has, not C again");
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "empty_drives": [{"letter": "D", "drive_type": "fixed"}])")),
+            ": /empty_drives/0/drive_type: expected \"removable\" or \"cd\"");
+}
+
+TEST_F(ScenarioTest, BuildsDrivesWithoutAMedium) {
+  Server server;
+  Build(Read(WithDisks(R"(, {"medium": false})",
+                       R"(, "empty_drives": [{"letter": "D", "drive_type": "cd"}])")),
+        server);
+  EXPECT_FALSE(server.disks().at(1).has_medium);
+  const std::shared_ptr<Volume> drive = server.files().VolumeAt('D');
+  ASSERT_TRUE(drive);
+  EXPECT_FALSE(drive->has_medium);
+  EXPECT_EQ(drive->drive_type, UINT{DRIVE_CDROM});
+}
+
 TEST_F(ScenarioTest, NamesAFileThatIsNotThere) {
   try {
     ReadScenario(File());
@@ -152,10 +189,9 @@ TEST_F(ScenarioTest, NamesAMissingKey) {
 }
 
 TEST_F(ScenarioTest, NamesAnUnknownKey) {
-  EXPECT_EQ(
-      ErrorOf(WithDisks("", R"(, "a/b": 1)")),
-      ": /a~1b: expected no such key, only \"title\", \"windows\", \"boot\", \"disks\", \"tools\", "
-      "\"faults\", \"startup_links\"");
+  EXPECT_EQ(ErrorOf(WithDisks("", R"(, "a/b": 1)")),
+            ": /a~1b: expected no such key, only \"title\", \"windows\", \"boot\", \"disks\", "
+            "\"empty_drives\", \"tools\", \"faults\", \"startup_links\"");
   EXPECT_EQ(ErrorOf(WithDisks("", R"(, "startup_links": {"all": true})")),
             ": /startup_links/all: expected no such key, only \"common\", \"program\"");
 }

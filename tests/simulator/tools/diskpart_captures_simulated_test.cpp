@@ -58,6 +58,7 @@ struct ListedDisk {
   bool gpt = false;
   bool dynamic = false;
   bool online = true;
+  bool has_medium = true;
 };
 
 struct ListCapture {
@@ -87,6 +88,7 @@ TEST_P(DiskpartListing, EqualsTheCapture) {
     disk.gpt = listed.gpt;
     disk.dynamic = listed.dynamic;
     disk.online = listed.online;
+    disk.has_medium = listed.has_medium;
     server.disks().push_back(disk);
   }
   const size_t table = GetParam().heading + GetParam().disks.size();
@@ -104,6 +106,13 @@ INSTANTIATE_TEST_SUITE_P(
         ListCapture{"list_disk/en-10.0.26100-free28gb.txt",
                     "list disk",
                     {{1024209543168, 2 * kMB, true}, {30752636928, 30752636928, false}}},
+        ListCapture{"list_disk/en-6.1.7600-no-media.txt",
+                    "list disk",
+                    {{1000204886016, kMB, false},
+                     {0, 0, false, false, true, false},
+                     {0, 0, false, false, true, false}},
+                    6,
+                    1},
         ListCapture{
             "list_disk/en-6.2.9200-winre-scripted.txt", "list disk", {{1000204886016, 0, true}}},
         ListCapture{"list_disk/en-6.2.9200-winre-scripted-selected.txt",
