@@ -150,31 +150,35 @@ void BLogger::SetExtra(const std::string& extra) {
   extra_ = extra;
 }
 
+void BLogger::SetObserver(Observer observer) { observer_ = observer; }
+
 void BLogger::Log(LogLevel level, Copy copy, const char* format, va_list arguments) {
   if (!Handles(level)) return;
   std::string line = Prefix(level);
+  const size_t message = line.size();
   line += common::FormatCut(kMaxMessage, format, arguments);
-  LogLine(level, copy, line);
+  LogLine(level, copy, line, message);
 }
 
 void BLogger::Log(LogLevel level, Copy copy, const wchar_t* format, va_list arguments) {
   if (!Handles(level)) return;
   std::string line = Prefix(level);
+  const size_t message = line.size();
   line += common::WideToNarrow(common::FormatCut(kMaxMessage, format, arguments));
-  LogLine(level, copy, line);
+  LogLine(level, copy, line, message);
 }
 
 bool BLogger::Handles(LogLevel level) const { return level <= threshold_; }
 
-void BLogger::LogLine(LogLevel level, Copy copy, const std::string& line) {
-  WriteLine(level, line, copy);
+void BLogger::LogLine(LogLevel level, Copy copy, const std::string& line, size_t message) {
+  WriteLine(level, copy, line, message);
   if (level == LogLevel::kError && enabled_) {
     const locker::LockScope scope(*lock_);
     last_error_line_ = line;
   }
 }
 
-void BLogger::WriteLine(LogLevel level, const std::string& line, Copy copy) {
+void BLogger::WriteLine(LogLevel level, Copy copy, const std::string& line, size_t message) {
   if (!enabled_) return;
   if (copy == Copy::kEverywhere && output_enabled_) {
     const std::string text = line + "\r\n";
@@ -183,6 +187,9 @@ void BLogger::WriteLine(LogLevel level, const std::string& line, Copy copy) {
   }
   const locker::LockScope scope(*lock_);
   if (OpenLogFile()) file_ << line << '\n' << std::flush;
+  if (copy == Copy::kEverywhere && observer_ != nullptr) {
+    observer_(std::string_view(line).substr(message));
+  }
 }
 
 bool BLogger::OpenLogFile() {

@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "common/file_stream.h"
 #include "locker/locker.h"
@@ -64,14 +65,24 @@ class BLogger : public Logger {
   std::string GetExtra() const override;
   void SetExtra(const std::string& extra) override;
 
+  // Receives the message of each line that goes to the file, the console and the debugger: ANSI
+  // text without time stamp, level and line end. It is called after the write to the file, on the
+  // thread that logs, even if the write fails or the output is disabled; not if logging is
+  // disabled. The logger's lock is held, so that the calls have the order of the lines; the
+  // observer must not log.
+  using Observer = void (*)(std::string_view message);
+  // Set it before another thread logs. Null, as at first, for none.
+  void SetObserver(Observer observer);
+
  private:
   enum class Copy { kFileOnly, kEverywhere };
 
   void Log(LogLevel level, Copy copy, const char* format, va_list arguments);
   void Log(LogLevel level, Copy copy, const wchar_t* format, va_list arguments);
   bool Handles(LogLevel level) const;
-  void LogLine(LogLevel level, Copy copy, const std::string& line);
-  void WriteLine(LogLevel level, const std::string& line, Copy copy);
+  // The message starts at that position of the line.
+  void LogLine(LogLevel level, Copy copy, const std::string& line, size_t message);
+  void WriteLine(LogLevel level, Copy copy, const std::string& line, size_t message);
   // The caller of these two holds the lock.
   bool OpenLogFile();
   bool IsFileOpen() const;
@@ -82,6 +93,7 @@ class BLogger : public Logger {
   common::FileStream file_;
   std::atomic<bool> output_enabled_ = true;
   std::atomic<bool> enabled_ = true;
+  Observer observer_ = nullptr;
   // Protects the file and the two texts below. No thread locks it recursively.
   std::unique_ptr<locker::Locker> lock_;
   std::string last_error_line_;

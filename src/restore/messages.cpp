@@ -37,7 +37,6 @@ void ReportProgress(double percent) {
        std::make_unique<ProgressRecord>(ProgressRecord{"", percent}));
 }
 
-// Oddity: empty log box, see docs/oddities.md.
 void PostLogLine(const char* format, ...) {
   const HWND dialog = GetDialog();
   if (dialog == nullptr) return;

@@ -2,6 +2,9 @@
 
 #include <commctrl.h>
 
+#include <string_view>
+#include <utility>
+
 #include "common/code_page.h"
 #include "common/product.h"
 #include "common/win/child_process_list.h"
@@ -54,12 +57,18 @@ INT_PTR ColorStatic(HDC context, HWND control) {
   return BrushResult(NULL_BRUSH);
 }
 
-// Oddity: empty log box, see docs/oddities.md.
+// Oddity: colours of the log box, see docs/oddities.md.
 INT_PTR ColorEdit(HDC context, HWND control) {
   if (::GetDlgCtrlID(control) != IDC_LOG) return 0;
   ::SetBkColor(context, RGB(255, 255, 255));
   ::SetTextColor(context, RGB(0, 0, 0));
   return BrushResult(WHITE_BRUSH);
+}
+
+// Shows a logged message as a line of the log box.
+void ShowLogged(std::string_view message) {
+  if (message.ends_with('\n')) message.remove_suffix(1);
+  restore::PostLogLine("%.*s\r\n", static_cast<int>(message.size()), message.data());
 }
 
 }  // namespace
@@ -111,7 +120,9 @@ void MainWindow::OnInitDialog() {
 }
 
 void MainWindow::StartRestore() {
-  logger_ = std::make_unique<logger::BLogger>(common::kLogName, "");
+  auto logger = std::make_unique<logger::BLogger>(common::kLogName, "");
+  logger->SetObserver(&ShowLogged);
+  logger_ = std::move(logger);
   logger_->Info("========= %s %s. =========", common::kToolTitle, common::kToolVersion);
   logger_->Info("Vantoro Restore Begin");
 

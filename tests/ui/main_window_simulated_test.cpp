@@ -27,6 +27,9 @@ using restore::RestoreState;
 using simulator::ShownControl;
 using simulator::ShownDialog;
 
+// What the held run has shown.
+constexpr char kBegun[] = "Vantoro Restore Begin...\r\nRestore BCD Begin...\r\n";
+
 // The run is held until somebody cancels.
 class MainWindowTest : public tests::ProgramTest {
  protected:
@@ -124,10 +127,11 @@ TEST_F(MainWindowTest, AppendsLogLinesAndScrollsToTheirEnd) {
   While([&](HWND dialog) {
     PostLine(dialog, "one\r\n");
     PostLine(dialog, "zwei: größer %s\r\n");
-    EXPECT_EQ(LogText(), "one\r\nzwei: größer %s\r\n");
+    EXPECT_EQ(LogText(), std::string(kBegun) + "one\r\nzwei: größer %s\r\n");
     const ShownControl log = Dialog().Control(IDC_LOG);
-    EXPECT_EQ(log.selection_start, 22U);  // characters
-    EXPECT_EQ(log.selection_end, 22U);
+    const size_t characters = std::string(kBegun).size() + 22;
+    EXPECT_EQ(log.selection_start, characters);
+    EXPECT_EQ(log.selection_end, characters);
     EXPECT_TRUE(log.scrolled_to);
   });
 }
@@ -136,7 +140,7 @@ TEST_F(MainWindowTest, TakesPostedLinesOfAnyLength) {
   While([&](HWND dialog) {
     restore::PostLogLine("%s", std::string(3000, 'x').c_str());
     Rest(dialog);
-    EXPECT_EQ(LogText(), std::string(2047, 'x'));
+    EXPECT_EQ(LogText(), kBegun + std::string(2047, 'x'));
   });
 }
 
@@ -152,7 +156,7 @@ TEST_F(MainWindowTest, IgnoresMessagesWithoutARecordAndOfOtherKinds) {
     Post(dialog, WM_COMMAND, IDOK, 0);
     Post(dialog, WM_COMMAND, IDC_LOG, 0);
     EXPECT_EQ(Dialog().caption, caption);
-    EXPECT_EQ(LogText(), "");
+    EXPECT_EQ(LogText(), kBegun);
     EXPECT_EQ(Dialog().timers.size(), 2U);
     EXPECT_TRUE(server_.message_boxes().Shown().empty());
   });

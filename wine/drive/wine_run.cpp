@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 using nlohmann::json;
 
 WatchedDialog ReadDialog(const json& from) {
-  return {from.at("title"), from.at("position"), from.at("maximum"), from.at("note"),
-          from.at("cancel")};
+  return {from.at("title"), from.at("position"), from.at("maximum"),
+          from.at("log"),   from.at("note"),     from.at("cancel")};
 }
 
 WatchedBox ReadBox(const json& from, const json& dialog) {
@@ -78,6 +78,9 @@ std::vector<std::string> Arguments(const WineServer& server, const WatchOptions&
   std::vector<std::string> arguments = {"C:\\watch_program.exe"};
   if (!options.restarts) arguments.insert(arguments.end(), {"--answer", "later"});
   if (options.cancels_when_held) arguments.emplace_back("--cancel-when-held");
+  if (!options.cancels_at.empty()) {
+    arguments.insert(arguments.end(), {"--cancel-at", options.cancels_at});
+  }
   if (options.starts_link) {
     arguments.insert(arguments.end(),
                      {"--link", System().common_startup_directory + "\\vantoro_restore.exe.lnk"});

@@ -18,6 +18,7 @@ struct WatchedDialog {
   std::string title;
   int position = 0;
   int maximum = 0;
+  std::string log;  // the text of the log box
   std::string note;
   std::string cancel;
   friend bool operator==(const WatchedDialog&, const WatchedDialog&) = default;
@@ -47,6 +48,7 @@ struct WatchOptions {
   bool starts_link = false;  // through a real shortcut in the common Startup folder
   bool restarts = true;
   bool cancels_when_held = false;
+  std::string cancels_at;  // the last line of the log box at which it is cancelled; empty for none
   std::function<void(const WatchedBox&)> on_box;        // while the box is visible; may be empty
   std::function<void(const WatchedDialog&)> on_dialog;  // may be empty
 };

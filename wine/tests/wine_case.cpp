@@ -121,7 +121,8 @@ void WineCase::ExpectSameServers() {
   const size_t lettered = static_cast<size_t>(
       std::count_if(rehearsed_.letters.begin(), rehearsed_.letters.end(),
                     [](const auto& volume) { return volume.second.has_value(); }));
-  EXPECT_EQ(server_->prefix().Drives().size(), lettered) << "there are other drives";
+  EXPECT_EQ(server_->prefix().Drives().size(), lettered + scenario_.empty_drives.size())
+      << "there are other drives";
   if (scenario_.HasBootStore()) {
     EXPECT_EQ(state.boot.store, rehearsed_.boot);
     EXPECT_EQ(unused_boot, rehearsed_.unused_boot);
@@ -160,6 +161,9 @@ void WineCase::ExpectSameEnds() {
   const simulator::ShownControl& bar = rehearsed_.dialog->Control(IDC_PROGRESS);
   EXPECT_EQ(dialog.position, bar.position);
   EXPECT_EQ(dialog.maximum, bar.maximum);
+  const std::string log = rehearsed_.dialog->Control(IDC_LOG).text;
+  EXPECT_NE(log, "");
+  EXPECT_EQ(Masked(dialog.log), Masked(log));
   EXPECT_EQ(watched_.bar_states, BarStatesOf(bar));
   EXPECT_EQ(dialog.note, rehearsed_.dialog->Control(IDC_NOTE).text);
   EXPECT_EQ(dialog.cancel, rehearsed_.dialog->Control(IDCANCEL).text);

@@ -1,10 +1,11 @@
 // Starts the program and sits before its dialog as a second program: reads what can be seen through
 // Win32, prints it as lines of JSON (see WatchedRun), and answers each box once a line has come in
 // from the standard input.
-//   watch_program [--link] [--answer later] [--cancel-when-held] PROGRAM
+//   watch_program [--link] [--answer later] [--cancel-when-held] [--cancel-at LINE] PROGRAM
 //     --link               PROGRAM is a link of the shell's
 //     --answer later       refuses the restart; otherwise it is accepted
 //     --cancel-when-held   clicks Cancel, and confirms it, once a tool waits to be terminated
+//     --cancel-at LINE     likewise, once LINE is the last line of the log box
 #include <windows.h>
 
 #include <commctrl.h>
@@ -35,6 +36,7 @@ struct Options {
   bool is_link = false;
   bool restarts = true;
   bool cancels = false;
+  std::string last_line;  // at which it cancels; empty: when a tool is held
   std::wstring program;
 };
 
@@ -80,8 +82,10 @@ LRESULT Ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
 }
 
 std::string TextOf(HWND window) {
-  wchar_t text[1024] = {};
-  Ask(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
+  std::wstring text(static_cast<size_t>(Ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
+  const LRESULT length =
+      Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<size_t>(length));
   return Utf8(text);
 }
 
@@ -98,6 +102,7 @@ json StateOf(HWND dialog) {
   return {{"title", TextOf(dialog)},
           {"position", Ask(bar, PBM_GETPOS)},
           {"maximum", Ask(bar, PBM_GETRANGE, FALSE)},
+          {"log", TextOf(::GetDlgItem(dialog, IDC_LOG))},
           {"note", TextOf(::GetDlgItem(dialog, IDC_NOTE))},
           {"cancel", TextOf(::GetDlgItem(dialog, IDCANCEL))}};
 }
@@ -145,10 +150,15 @@ class Watch {
     const json state = StateOf(dialog);
     if (state != shown_) Tell({{"dialog", state}});
     shown_ = state;
-    if (options_.cancels && !has_cancelled_ && IsToolHeld()) {
+    if (options_.cancels && !has_cancelled_ && IsTimeToCancel(state.at("log"))) {
       has_cancelled_ = true;
       Click(dialog, IDCANCEL);
     }
+  }
+
+  bool IsTimeToCancel(const std::string& log) const {
+    if (options_.last_line.empty()) return IsToolHeld();
+    return log.ends_with(options_.last_line + "\r\n");
   }
 
   void LookAtBox(HWND box, HWND dialog) {
@@ -244,6 +254,9 @@ Options Read(int argc, wchar_t** argv) {
       options.restarts = argv[++i] != std::wstring(L"later");
     } else if (argument == L"--cancel-when-held") {
       options.cancels = true;
+    } else if (argument == L"--cancel-at") {
+      options.cancels = true;
+      options.last_line = Utf8(argv[++i]);
     } else {
       options.program = argument;
     }
