@@ -22,6 +22,7 @@
 #include "simulator/model/nls/code_page.h"
 #include "simulator/model/server.h"
 #include "ui/resource.h"
+#include "wine/drive/screen_picture.h"
 #include "wine/drive/wine_descriptors.h"
 #include "wine/drive/wine_failure.h"
 #include "wine/drive/wine_run.h"
@@ -65,15 +66,6 @@ class LogReader {
   Screen& screen_;
   size_t shown_ = 0;
 };
-
-void TakePicture(const fs::path& file) {
-  Run({.arguments = {"import", "-window", "root", file.string()},
-       .environment = {},
-       .folder = "."});
-  Run({.arguments = {"mogrify", "-trim", "+repage", "-strip", file.string()},
-       .environment = {},
-       .folder = "."});
-}
 
 std::vector<DiskFacts> DisksBefore(const Scenario& scenario) {
   Server server;
