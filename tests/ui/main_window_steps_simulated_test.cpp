@@ -114,10 +114,17 @@ TEST_F(MainWindowSteps, ScrollsToTheEndOfTheLogBeforeItAppendsWithoutUndo) {
     PostLine(dialog, "four");
     PostLine(dialog, "more");
   });
+  // Behind "Vantoro Restore Begin..." and "Restore BCD Begin...", each with its line end.
   EXPECT_EQ(Sent({EM_SETSEL, EM_SCROLLCARET, EM_REPLACESEL}), (Steps{{EM_SETSEL, 0},
                                                                      {EM_SCROLLCARET, 0},
                                                                      {EM_REPLACESEL, FALSE},
-                                                                     {EM_SETSEL, 4},
+                                                                     {EM_SETSEL, 26},
+                                                                     {EM_SCROLLCARET, 0},
+                                                                     {EM_REPLACESEL, FALSE},
+                                                                     {EM_SETSEL, 48},
+                                                                     {EM_SCROLLCARET, 0},
+                                                                     {EM_REPLACESEL, FALSE},
+                                                                     {EM_SETSEL, 52},
                                                                      {EM_SCROLLCARET, 0},
                                                                      {EM_REPLACESEL, FALSE}}));
 }

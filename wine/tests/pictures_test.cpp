@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/model/nls/code_page.h"
 #include "support/log_box.h"
 #include "wine/drive/pictured_run.h"
 #include "wine/drive/wine_failure.h"
@@ -38,7 +39,8 @@ TEST_P(Picture, ShowsTheLinesOfItsRunsLog) {
                         const simulator::WineServer& server) {
     states.push_back(state);
     EXPECT_TRUE(dialog.log.starts_with("Vantoro Restore Begin...\r\n")) << dialog.log;
-    EXPECT_EQ(dialog.log, LogBoxText(simulator::FromCodePage(server.Log(), run.language)));
+    EXPECT_EQ(dialog.log, LogBoxText(simulator::Utf8FromAnsi(
+                              server.Log(), simulator::AnsiCodePageOf(run.language))));
     const bool is_held = state == "running" || state == "cancelling";
     EXPECT_EQ(dialog.log.ends_with("Restore [e:\\]...\r\n"), is_held);
     EXPECT_EQ(dialog.title.find(" 40.00%") != std::string::npos, is_held) << dialog.title;

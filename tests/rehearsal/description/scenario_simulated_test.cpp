@@ -133,8 +133,8 @@ TEST_F(ScenarioTest, NamesAKeyThatIsGivenTwice) {
             ": /disks/2/a~1b/1/size" + expected);
   // The same key of another object, and a text that is no key.
   EXPECT_EQ(ErrorOf(R"({"title": "disks", "disks": [{"title": "t"}]})"),
-            ": /disks/0/title: expected no such key, only \"size\", \"free\", \"model\", \"gpt\", "
-            "\"online\", \"dynamic\", \"partitions\"");
+            ": /disks/0/title: expected no such key, only \"medium\", \"size\", \"free\", \"model\", "
+            "\"gpt\", \"online\", \"dynamic\", \"partitions\"");
 }
 
 TEST_F(ScenarioTest, ReadsSpannedVolumesAndTextsOfTheDiskTool) {
