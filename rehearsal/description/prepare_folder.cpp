@@ -4,6 +4,7 @@
 #include "rehearsal/description/source_tree.h"
 #include "simulator/model/common/path_name.h"
 #include "simulator/model/files/node.h"
+#include "simulator/model/nls/code_page.h"
 
 namespace simulator {
 namespace {
@@ -17,11 +18,12 @@ std::string ListName(std::string_view name, char letter) {
 std::string AclListName(char letter) { return ListName("aclbackup", letter); }
 std::string JunctionListName(char letter) { return ListName("juncbackup", letter); }
 
-std::string AclList(char letter, const Node& root, const AccountDomains& domains) {
+std::string AclList(char letter, const Node& root, const AccountDomains& domains, UINT code_page) {
   SddlTexts texts(domains);
-  const auto line = [&texts](const std::string& path, const Node& node) {
-    return "\"" + path + "\"," + std::to_string(node.attributes) + ",\"" + texts.Of(node.security) +
-           "\"\r\n";
+  const auto line = [&texts, code_page](const std::string& path, const Node& node) {
+    return AnsiFromUtf8("\"" + path + "\"," + std::to_string(node.attributes) + ",\"" +
+                            texts.Of(node.security) + "\"\r\n",
+                        code_page);
   };
   // In a block of just its size: the list of a large volume is most of what the volume needs.
   size_t size = 0;
@@ -34,11 +36,11 @@ std::string AclList(char letter, const Node& root, const AccountDomains& domains
   return list;
 }
 
-std::string JunctionList(char letter, const Node& root) {
+std::string JunctionList(char letter, const Node& root, UINT code_page) {
   std::string list;
-  VisitTree(letter, root, [&list](const std::string& path, const Node& node) {
+  VisitTree(letter, root, [&list, code_page](const std::string& path, const Node& node) {
     const std::string target = JunctionTargetOf(node);
-    if (!target.empty()) list += path + ";" + target + "\r\n";
+    if (!target.empty()) list += AnsiFromUtf8(path + ";" + target + "\r\n", code_page);
   });
   return list;
 }

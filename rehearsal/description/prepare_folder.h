@@ -21,11 +21,12 @@ std::string AclListName(char letter);
 std::string JunctionListName(char letter);
 
 // Returns the ACL backup file: one line `"D:\a.txt",32,"O:BAG:SYD:AI(A;ID;FA;;;BA)"` for the root
-// and for everything below it, each folder before its contents.
-std::string AclList(char letter, const Node& root, const AccountDomains& domains);
+// and for everything below it, each folder before its contents. Its text is in the code page.
+std::string AclList(char letter, const Node& root, const AccountDomains& domains, UINT code_page);
 
-// Returns the junction backup file: one line `D:\Link;E:\Target` for each junction.
-std::string JunctionList(char letter, const Node& root);
+// Returns the junction backup file: one line `D:\Link;E:\Target` for each junction. Its text is in
+// the code page.
+std::string JunctionList(char letter, const Node& root, UINT code_page);
 
 // Returns backup_info: the letter, two empty lines and the number of lines of the ACL backup file.
 std::string BackupInfo(char letter, const Node& root);

@@ -89,19 +89,21 @@ void WritePrepareFolder(const ScenarioVolume& description, const SourceVolume& s
                         Server& server) {
   const ScenarioLosses& lost = description.lost;
   if (lost.prepare_folder) return;
-  const auto write = [&](const std::string& name, const std::string& text, bool is_unreadable) {
-    WriteFile(*source.copy, std::string(kPrepareFolder) + "\\" + name,
-              AnsiFromUtf8(text, server.system().ansi_code_page), server.files());
+  const auto write = [&](const std::string& name, std::string bytes, bool is_unreadable) {
+    WriteFile(*source.copy, std::string(kPrepareFolder) + "\\" + name, std::move(bytes),
+              server.files());
     if (is_unreadable) Lock(*source.copy, name, server.security().identity());
   };
   const char letter = source.letter;
+  const UINT code_page = server.system().ansi_code_page;
   if (!description.backup_info) write("backup_info", BackupInfo(letter, *source.root), false);
   if (!lost.junction_list) {
-    write(JunctionListName(letter), JunctionList(letter, *source.root),
+    write(JunctionListName(letter), JunctionList(letter, *source.root, code_page),
           description.unreadable.junction_list);
   }
   if (!lost.acl_list) {
-    write(AclListName(letter), AclList(letter, *source.root, server.security().domains()),
+    write(AclListName(letter),
+          AclList(letter, *source.root, server.security().domains(), code_page),
           description.unreadable.acl_list);
   }
 }
