@@ -12,6 +12,7 @@
 #include "simulator/model/processes/console.h"
 #include "simulator/model/processes/threads.h"
 #include "simulator/model/server.h"
+#include "support/deliberate_leak.h"
 #include "support/log_box.h"
 #include "support/program_simulated.h"
 #include "ui/resource.h"
@@ -126,6 +127,7 @@ TEST_F(LogBoxTest, LacksALineThatCannotBePosted) {
 
 TEST_F(LogBoxTest, StaysEmptyWhenTheRunCannotBeStarted) {
   server_.calls().FailNext("CreateThread", ERROR_NOT_ENOUGH_MEMORY);
+  const tests::DeliberateLeak start_block;
   EXPECT_EQ(Run(), 0);
   EXPECT_EQ(Box(), "");
   EXPECT_NE(Log().find("Vantoro Restore Thread Start Failed."), std::string::npos);
